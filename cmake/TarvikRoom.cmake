@@ -1,0 +1,36 @@
+# One static library per folder. Sources are found by name, so adding a file needs no list;
+# what a room may use is what it names here, and the linker and the include checker hold it to that.
+#
+#   tarvik_room(lcu USES files equipment app)
+#   tarvik_test(lcu)            every tests/lcu/*_test.cpp in one program, registered with CTest
+#   tarvik_program(tarvik SOURCES ... USES ...)
+
+add_library(tarvik_options INTERFACE)
+target_include_directories(tarvik_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(tarvik_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wimplicit-fallthrough -Werror)
+
+function(tarvik_room name)
+  cmake_parse_arguments(ROOM "" "" "USES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  add_library(${name} STATIC ${sources})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX OUTPUT_NAME tarvik_${name})
+  target_link_libraries(${name} PUBLIC tarvik_options ${ROOM_USES})
+endfunction()
+
+function(tarvik_program name)
+  cmake_parse_arguments(PROGRAM "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${name} ${PROGRAM_SOURCES})
+  target_link_libraries(${name} PRIVATE tarvik_options ${PROGRAM_USES})
+endfunction()
+
+function(tarvik_test room)
+  cmake_parse_arguments(TEST "" "" "USES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  add_executable(${room}_tests ${sources})
+  target_include_directories(${room}_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${room}_tests PRIVATE tarvik_options ${TEST_USES} GTest::gtest_main GTest::gmock)
+  target_compile_definitions(${room}_tests PRIVATE TARVIK_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  gtest_discover_tests(${room}_tests PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
+endfunction()
