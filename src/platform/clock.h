@@ -1,4 +1,5 @@
-// Time as the operating system supplies it: the calendar for dates and log lines, the tick count for time-outs.
+// Time as the operating system supplies it: the calendar for dates and log lines, the tick count for
+// time-outs.
 #pragma once
 
 #include "base/civil_time.h"

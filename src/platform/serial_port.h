@@ -1,8 +1,9 @@
 // The serial line to the LCU, as the ten operations that the program uses. One port is open at a time.
 //
-// Each operation takes the port number first (1 to 4 for COM1 to COM4) and returns a 32-bit integer: 1 for success
-// and a negative code for a failure, unless it says otherwise. None throws. Waiting belongs to the port: whoever
-// supplies the bytes owns the time they take, so a simulated port runs an hour of logging in milliseconds.
+// Each operation takes the port number first (1 to 4 for COM1 to COM4) and returns a 32-bit integer: 1 for
+// success and a negative code for a failure, unless it says otherwise. None throws. Waiting belongs to the
+// port: whoever supplies the bytes owns the time they take, so a simulated port runs an hour of logging in
+// milliseconds.
 #pragma once
 
 #include <cstdint>
@@ -24,8 +25,8 @@ class SerialPort {
   public:
     virtual ~SerialPort() = default;
 
-    /// Opens device + port ("COM", 1) raw, without parity, exclusively. The two codes choose parity and stop bits
-    /// in the words of the serial library; both are 1 for the LCU's line (none, one stop bit).
+    /// Opens device + port ("COM", 1) raw, without parity, exclusively. The two codes choose parity and stop
+    /// bits in the words of the serial library; both are 1 for the LCU's line (none, one stop bit).
     virtual std::int32_t ComOpen(std::string_view device, std::int32_t port, std::int32_t baud,
                                  std::int32_t dataBits, std::int32_t parityCode, std::int32_t stopCode,
                                  std::int32_t receiveBuffer, std::int32_t transmitBuffer) = 0;

@@ -1,5 +1,5 @@
-// A clock that moves only when it is told to. A simulated port moves it in its sleeps, so that an hour of logging
-// takes milliseconds and every test sees the same times.
+// A clock that moves only when it is told to. A simulated port moves it in its sleeps, so that an hour of
+// logging takes milliseconds and every test sees the same times.
 #pragma once
 
 #include "platform/clock.h"

@@ -1,0 +1,35 @@
+// The operator's side of the program: boxes to answer, notices to read, lines to watch. The desktop, the
+// command line and the tests each bring their own.
+#pragma once
+
+#include "app/error_trap.h"
+
+#include <string>
+#include <string_view>
+
+namespace tarvik {
+
+enum class Icon { none, information, exclamation, question, critical };
+enum class Answer { no, yes };
+
+class OperatorSide {
+  public:
+    virtual ~OperatorSide() = default;
+
+    /// A box that waits to be read. Never called while the winch turns.
+    virtual void message(std::string_view title, std::string_view text, Icon icon) = 0;
+    virtual Answer ask(std::string_view title, std::string_view text, Icon icon) = 0;
+
+    /// Shown without blocking; the same notice again is counted, not shown twice.
+    virtual void notice(std::string_view title, std::string_view text, Icon icon) = 0;
+    /// The error dialog's content; `errorFile` is the full path of the error file.
+    virtual void showError(const ErrorReport& error, std::string_view dateTime,
+                           std::string_view errorFile) = 0;
+
+    virtual void beep() = 0;
+    /// The short text of what the program is doing ("Searching for LCU"), and the link panel beside it.
+    virtual void statusText(std::string_view text) = 0;
+    virtual void linkPanel(std::string_view text) = 0;
+};
+
+} // namespace tarvik
