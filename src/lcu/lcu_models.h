@@ -1,6 +1,8 @@
 // The two models of the surface box (LCU) and all that differs between them, one row each.
 #pragma once
 
+#include "app/link_state.h"
+
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -51,6 +53,12 @@ constexpr const LcuModel* lcu4 = &lcuModels[1];
         if (model.name == name) return &model;
     }
     return nullptr;
+}
+
+/// Enters the model, or none, with its factor.
+inline void setModel(LinkState& link, const LcuModel* model) {
+    link.model = model ? model->name : std::string_view{};
+    link.modelFactor = model ? model->modelFactor : 1.0;
 }
 
 } // namespace tarvik
