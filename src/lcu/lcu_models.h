@@ -19,7 +19,7 @@ struct LcuModel {
     bool powerDownEndsWithEr0;  ///< takes "ER0" as the last step of a power-down
 };
 
-constexpr std::array<LcuModel, 2> lcuModels{{
+inline constexpr std::array<LcuModel, 2> lcuModels{{
     {.name = "LCU2Plus",
      .label = "Interface LCU2+",
      .healthyStatus = 129,
@@ -36,8 +36,8 @@ constexpr std::array<LcuModel, 2> lcuModels{{
      .powerDownEndsWithEr0 = true},
 }};
 
-constexpr const LcuModel* lcu2Plus = &lcuModels[0];
-constexpr const LcuModel* lcu4 = &lcuModels[1];
+inline constexpr const LcuModel* lcu2Plus = &lcuModels[0];
+inline constexpr const LcuModel* lcu4 = &lcuModels[1];
 
 /// The model whose healthy status byte this is; null for any other value.
 [[nodiscard]] constexpr const LcuModel* modelWithStatus(std::int32_t status) {

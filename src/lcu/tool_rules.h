@@ -29,7 +29,7 @@ struct ToolRule {
 };
 
 // The fluid tools' temperatures need no rule: a channel in "Deg F" is calibrated in degrees Fahrenheit.
-constexpr std::array<ToolRule, 7> toolRules{{
+inline constexpr std::array<ToolRule, 7> toolRules{{
     {.code = "K417",
      .signedFrom = 1,
      .derivedChannels = 4,
@@ -43,7 +43,7 @@ constexpr std::array<ToolRule, 7> toolRules{{
     {.code = "K307"},
     {.code = "K333"},
 }};
-constexpr ToolRule ordinaryTool{};
+inline constexpr ToolRule ordinaryTool{};
 
 /// The ordinary rule for every tool that has none of its own.
 [[nodiscard]] constexpr const ToolRule& toolRule(std::string_view code) {
