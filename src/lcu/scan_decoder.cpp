@@ -198,17 +198,18 @@ void ScanDecoder::convertChannel(std::size_t channel, int counts) {
 
 void ScanDecoder::deriveChannels() {
     CurrentScan& current = state_.current;
-    const int last = state_.carriedChannels + rule_.derivedChannels;
-    current.channelCount = toInt16(last);
+    const int carried = state_.carriedChannels;
+    const int last = std::min(carried + rule_.derivedChannels, maxChannels);
+    current.channelCount = toInt16(std::max(carried, last));
     if (rule_.derivedChannels == 0 || current.scanTime == 0) return;
 
-    const int first = std::max(rule_.firstDerived != 0 ? rule_.firstDerived : state_.carriedChannels + 1, 1);
-    for (int channel = first; channel <= std::min(std::max(last, rule_.zeroUpTo), maxChannels); ++channel) {
+    const int first = std::max(rule_.firstDerived != 0 ? rule_.firstDerived : carried + 1, 1);
+    for (int channel = first; channel <= std::max(last, rule_.zeroUpTo); ++channel) {
         current.channels[channelIndex(channel)] = 0;
     }
     if (rule_.constantChannel != 0) current.channels[channelIndex(rule_.constantChannel)] = rule_.constant;
     if (rule_.deviation && deviation_) deviation_->derive(current);
-    for (int channel = first; channel <= std::min(last, maxChannels); ++channel) {
+    for (int channel = first; channel <= last; ++channel) {
         calibrate(channelIndex(channel));
     }
 }
