@@ -54,6 +54,7 @@ struct RunHeader {
     RunSetup setup;
     std::string dataState = "ORIGINAL";
     std::string specialKind;          ///< "DEVIATION", "SONIC", "ELK" or empty
+    int waveformSamples = 0;          ///< of a sonic run's scans; 0 in every other run
     std::vector<RunChannel> channels; ///< "Speed" first, at most 20 with a name slot, then the rest
     std::string notes;
 };
