@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <tuple>
 
 namespace tarvik {
 
@@ -52,6 +53,7 @@ std::size_t cutTornTail(Files& files, const Path& file) {
 
 std::optional<ReviewLog> RunFileReader::Tarvikfileopen(const Path& file, const Progress& progress) {
     return errors_.run("Logdisplay1-Tarvikfileopen", std::optional<ReviewLog>(), [&](Level& level) {
+        std::ignore = readRunHeader(files_, file); // what is no run file is not read whole
         const Bytes bytes = files_.read(file);
         level = 1; // the header
         RunFileInfo info = decodeRunHeader(bytes, bytes.size(), file);

@@ -17,6 +17,11 @@ namespace {
                   file.string() + ": " + what + " Choose another file, or restore this one from its backup.");
 }
 
+[[noreturn]] void refuseCutHeader(const Path& file, std::uint64_t fileSize, std::size_t length) {
+    refuse(file, "The file ends in its header, at byte " + std::to_string(fileSize) + " of " +
+                     std::to_string(length) + ".");
+}
+
 /// The header as it lies in the file: the blocks are found by adding the lengths that block 1 gives.
 class HeaderBytes {
   public:
@@ -25,6 +30,7 @@ class HeaderBytes {
         if (block1_.get(block1::tag) != tagText) {
             refuse(file, "This is no run file: it does not begin with \"TARVIK\".");
         }
+        if (start.size() < block1::Record::size) refuseCutHeader(file, fileSize, headerLength);
         std::size_t sum = 0;
         for (std::size_t block = 1; block <= blockLengths.size(); ++block) {
             const int length = block1_.get(block1::blockLength(block));
@@ -42,10 +48,7 @@ class HeaderBytes {
             refuse(file, "The header length " + std::to_string(stated) +
                              " (byte 64) is not the sum of its blocks, " + std::to_string(sum) + ".");
         }
-        if (fileSize < sum || start.size() < sum) {
-            refuse(file, "The file ends in its header, at byte " + std::to_string(fileSize) + " of " +
-                             std::to_string(sum) + ".");
-        }
+        if (std::min<std::uint64_t>(start.size(), fileSize) < sum) refuseCutHeader(file, fileSize, sum);
     }
 
     [[nodiscard]] const block1::Record& first() const { return block1_; }
