@@ -9,10 +9,10 @@
 #include "base/failure.h"
 
 #include <exception>
-#include <functional>
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarvik {
 
@@ -81,10 +81,14 @@ class ErrorTrap {
     [[nodiscard]] bool enabled() const { return enabled_; }
     [[nodiscard]] const ErrorPlace& place() const { return place_; }
 
-    /// Files an error of the current place without leaving the routine.
-    void report(int number, const std::string& description) {
-        reporter_.report(
-            {std::string(place_.form), std::string(place_.routine), place_.level, number, description});
+    /// Files an error of the current place without leaving the routine. Never throws: a report that fails
+    /// must not become an error of its own.
+    void report(int number, std::string_view description) noexcept {
+        try {
+            reporter_.report({std::string(place_.form), std::string(place_.routine), place_.level, number,
+                              std::string(description)});
+        } catch (...) { // nothing is left to tell it to
+        }
     }
 
   private:

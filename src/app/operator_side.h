@@ -4,6 +4,7 @@
 
 #include "app/error_trap.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,13 @@ class OperatorSide {
     /// The error dialog's content; `errorFile` is the full path of the error file.
     virtual void showError(const ErrorReport& error, std::string_view dateTime,
                            std::string_view errorFile) = 0;
+
+    /// The buffer-overflow form's content, without blocking; unless shown otherwise, a notice.
+    virtual void showOverflow(std::span<const std::string> lines) {
+        std::string text;
+        for (const std::string& line : lines) text.append(text.empty() ? 0 : 1, '\n').append(line);
+        notice("Buffer overflow", text, Icon::exclamation);
+    }
 
     virtual void beep() = 0;
     /// The short text of what the program is doing ("Searching for LCU"), and the link panel beside it.

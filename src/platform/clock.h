@@ -17,6 +17,8 @@ class Clock {
 
     /// Milliseconds since some fixed moment; never runs backwards, does not follow changes of the calendar.
     [[nodiscard]] virtual std::int64_t tickMs() const = 0;
+    /// The same count, finer where the clock can tell.
+    [[nodiscard]] virtual std::int64_t tickMicros() const { return tickMs() * 1000; }
 };
 
 } // namespace tarvik

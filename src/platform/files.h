@@ -36,10 +36,12 @@ class Files {
     virtual void append(const Path& file, std::span<const std::uint8_t> bytes) = 0;
     /// The whole file anew: a temporary beside it, flushed to the disk, renamed over it.
     virtual void replace(const Path& file, std::span<const std::uint8_t> bytes) = 0;
-    /// Writes over bytes that exist, in place.
+    /// Writes over bytes that exist, in place; a patch that would reach past the end is refused.
     virtual void patch(const Path& file, std::uint64_t offset, std::span<const std::uint8_t> bytes) = 0;
+    /// Cuts the file back; never makes it longer.
     virtual void truncate(const Path& file, std::uint64_t size) = 0;
     virtual void copy(const Path& from, const Path& to) = 0;
+    /// Nothing happens when there is no such file.
     virtual void remove(const Path& file) = 0;
 
     /// With all folders above it; nothing happens when it exists.

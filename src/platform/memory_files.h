@@ -56,10 +56,14 @@ class MemoryFiles final : public Files {
         contents_[file].assign(bytes.begin(), bytes.end());
     }
     void patch(const Path& file, std::uint64_t offset, std::span<const std::uint8_t> bytes) override {
+        if (const auto length = content(file).size(); offset > length || bytes.size() > length - offset)
+            throw Failure(ErrorNumber::badFile, file.string() + ": is too short for the change");
         beforeWrite(file);
         std::ranges::copy(bytes, contents_.at(file).begin() + static_cast<std::ptrdiff_t>(offset));
     }
     void truncate(const Path& file, std::uint64_t size) override {
+        if (size > content(file).size())
+            throw Failure(ErrorNumber::badFile, file.string() + ": is shorter than that");
         beforeWrite(file);
         contents_.at(file).resize(size);
     }

@@ -13,6 +13,7 @@ class VirtualClock final : public Clock {
 
     [[nodiscard]] CivilTime now() const override { return plusMilliseconds(start_, micros_ / 1000); }
     [[nodiscard]] std::int64_t tickMs() const override { return micros_ / 1000; }
+    [[nodiscard]] std::int64_t tickMicros() const override { return micros_; }
 
     [[nodiscard]] std::int64_t micros() const { return micros_; }
     void advanceMicros(std::int64_t micros) { micros_ += micros; }

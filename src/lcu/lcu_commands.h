@@ -1,0 +1,83 @@
+// The commands of the LCU: short texts ended by a line feed, answered by a few bytes.
+//
+// Every command first discards waiting bytes. Failures come back as a result other than `good`, never as an
+// exception, after their lines in the status log. A command that is called while another waits for its answer
+// is refused. The boxes of failed commands wait for the operator unless scans are being acquired
+// (LinkState::acquiring); then they are notices.
+#pragma once
+
+#include "app/error_trap.h"
+#include "app/operator_side.h"
+#include "app/status_log.h"
+#include "lcu/lcu_port.h"
+#include "lcu/link_state.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace tarvik {
+
+class LcuCommands {
+  public:
+    LcuCommands(ErrorTrap& errors, StatusLog& log, OperatorSide& operatorSide, LcuPort& port, LinkState& link)
+        : errors_(errors), log_(log), operator_(operatorSide), port_(port), link_(link) {}
+
+    /// Sends the text and asks for the status; `good` when the status is.
+    LinkResult LCU_Command(std::string_view text);
+    /// On the wire: X Q X Q Q.
+    LinkResult LCU_Reset();
+    /// Stops the scan stream. On the wire: X Q.
+    LinkResult stopStream();
+    /// Powers the tool down. On the wire: X Q P Q, an LCU4 also ER0 Q, then the Q whose answer counts.
+    LinkResult LCU_PowerOFF_Reset();
+    /// Asks at most twice. Status and text are left in the link state.
+    LinkResult LCU_Status();
+
+    /// Also kept in the link state. Without an answer "".
+    std::string LCU_FirmwareVersion();
+    /// Without an answer " ??".
+    std::string LCU_ToolFirmwareVersion();
+
+    /// Sets the winch depth counter; gives the depth that the LCU reports afterwards. Both in centimetres,
+    /// whatever the model.
+    std::optional<std::int32_t> LCU_SetDepth(double centimetres);
+    /// Centimetres; nothing when the answer is not exactly four bytes.
+    std::optional<std::int32_t> LCU_getdepth();
+
+    /// Sends without asking for the status: "V" starts the stream, and an answer would get lost in it.
+    LinkResult sendPlain(std::string_view text);
+
+    /// Told after a reset and after a power-down. Null: nobody.
+    void setWatcher(LinkWatcher* watcher) { watcher_ = watcher; }
+
+  private:
+    // The same routines, called while the link is held.
+    LinkResult command(std::string_view text);
+    LinkResult reset();
+    LinkResult stop();
+    LinkResult powerOff();
+    LinkResult status();
+    std::optional<std::int32_t> depth();
+
+    std::int32_t askForStatus();
+    LinkResult noAnswer();
+    LinkResult judge(std::int32_t value);
+    void complain(std::string_view text);
+    std::string askForVersion(std::string_view text);
+    void showLink();
+
+    template <class Body>
+    auto holdingLink(decltype(std::declval<Body>()()) refused, Body&& body);
+
+    ErrorTrap& errors_;
+    StatusLog& log_;
+    OperatorSide& operator_;
+    LcuPort& port_;
+    LinkState& link_;
+    LinkWatcher* watcher_ = nullptr;
+};
+
+} // namespace tarvik

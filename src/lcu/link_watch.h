@@ -1,0 +1,58 @@
+// Watches the line of a running log: says when the port has gone, tries it again quietly, and starts the
+// stream afresh when a box that came back stays silent.
+#pragma once
+
+#include "app/operator_side.h"
+#include "app/status_log.h"
+#include "lcu/lcu_commands.h"
+#include "lcu/lcu_port.h"
+#include "platform/clock.h"
+#include "platform/serial_port.h"
+
+#include <cstdint>
+#include <string>
+
+namespace tarvik {
+
+class LinkWatch {
+  public:
+    static constexpr std::int32_t retryEveryMs = 500;
+    static constexpr std::int64_t streamAgainAfterMs = 3000;
+
+    LinkWatch(StatusLog& log, OperatorSide& operatorSide, const Clock& clock, SerialPort& serial,
+              LcuCommands& lcu, const LinkState& link, std::string samplingCommand)
+        : log_(log),
+          operator_(operatorSide),
+          clock_(clock),
+          serial_(serial),
+          lcu_(lcu),
+          link_(link),
+          samplingCommand_(std::move(samplingCommand)) {}
+
+    [[nodiscard]] bool lost() const { return state_ != State::good; }
+
+    /// The port reports an error: says so once, and tries to open it again.
+    void portGone();
+    /// The port is open and nothing comes.
+    void silent();
+    /// A scan came. True when it is the first one after the line had been lost.
+    bool scanCame();
+
+  private:
+    enum class State { good, gone, backWithoutScans };
+
+    bool openAgain();
+
+    StatusLog& log_;
+    OperatorSide& operator_;
+    const Clock& clock_;
+    SerialPort& serial_;
+    LcuCommands& lcu_;
+    const LinkState& link_;
+    std::string samplingCommand_;
+
+    State state_ = State::good;
+    std::int64_t waitingSince_ = 0;
+};
+
+} // namespace tarvik

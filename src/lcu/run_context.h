@@ -1,0 +1,65 @@
+// What a logging run works with: the modules it calls, what the operator ordered, and the state that lives as
+// long as the run.
+#pragma once
+
+#include "app/error_log.h"
+#include "app/error_trap.h"
+#include "app/operator_side.h"
+#include "app/status_log.h"
+#include "base/run_header.h"
+#include "equipment/tool_winch_data.h"
+#include "files/run_file_reader.h"
+#include "files/run_file_writer.h"
+#include "lcu/acquisition_ring.h"
+#include "lcu/lcu_commands.h"
+#include "lcu/link_state.h"
+#include "lcu/run_tally.h"
+#include "lcu/run_view.h"
+#include "lcu/scan_decoder.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/serial_port.h"
+
+namespace tarvik {
+
+/// References to the modules; all outlive the run.
+struct RunModules {
+    ErrorTrap& errors;
+    ErrorLog& errorLog;
+    StatusLog& log;
+    OperatorSide& operatorSide;
+    RunView& view;
+    const Clock& clock;
+    Files& files;
+    SerialPort& serial;
+    LinkState& link;
+    LcuPort& port;
+    LcuCommands& lcu;
+    ToolWinchData& equipment;
+    RunFileReader& reader;
+    RunFileWriter& writer;
+};
+
+/// What the operator wants logged.
+struct RunOrder {
+    std::string project;
+    Path projectFolder;
+    std::string hole;
+    HoleDetails holeDetails;
+    RunSetup
+        setup; ///< its winch depth factor is the winch scale factor; the run multiplies the model's into it
+    std::string screenScale; ///< "1:200", when the display uses a scale
+};
+
+struct RunState {
+    RunHeader header;
+    Path file;
+    ScanSetup scanSetup;
+    ScanState scan;
+    AcquisitionRing ring;
+    RunTally tally;
+    std::int64_t startTick = 0; ///< when the stream was started
+    bool fileReady = false;     ///< a header is on disk, so that scans may follow
+};
+
+} // namespace tarvik

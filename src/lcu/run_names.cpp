@@ -1,0 +1,63 @@
+#include "lcu/run_names.h"
+
+#include "base/number_picture.h"
+#include "base/text.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace tarvik {
+
+namespace {
+
+constexpr std::string_view extension = ".kvx";
+
+std::string stem(std::string_view hole, std::string_view toolCode) {
+    return std::string(hole) + "_" + std::string(toolCode) + "_";
+}
+
+/// The number between the stem and the extension, when the name has that form.
+std::optional<int> runNumber(std::string_view name, std::string_view stem) {
+    constexpr std::size_t mostDigits = 6;
+    if (!name.starts_with(stem) || !name.ends_with(extension)) return std::nullopt;
+    if (name.size() <= stem.size() + extension.size()) return std::nullopt;
+    const auto digits = name.substr(stem.size(), name.size() - stem.size() - extension.size());
+    if (digits.size() > mostDigits || digits.find_first_not_of("0123456789") != std::string_view::npos) {
+        return std::nullopt;
+    }
+    return static_cast<int>(*parseInteger(digits));
+}
+
+} // namespace
+
+std::string runFileName(std::string_view hole, std::string_view toolCode, int number) {
+    return stem(hole, toolCode) + formatPicture(number, "00") + std::string(extension);
+}
+
+LoggingRuns CheckLoggingRuns(const Files& files, const Path& folder, std::string_view hole,
+                             std::string_view toolCode) {
+    LoggingRuns runs;
+    const std::string start = stem(hole, toolCode);
+    for (const std::string& name : files.list(folder)) {
+        const auto number = runNumber(name, start);
+        if (!number) continue;
+        ++runs.count;
+        if (runs.latestFile.empty() || *number > runs.latest) {
+            runs.latest = *number;
+            runs.latestFile = folder / name;
+        }
+    }
+    if (runs.count > 0) {
+        const CivilTime written = files.modified(runs.latestFile);
+        runs.lastRunText = formatDate(written, "dddd, dd-mmm-yyyy") + " at " + formatDate(written, "hh:mm");
+    }
+    return runs;
+}
+
+std::string loggingRunsText(const LoggingRuns& runs) {
+    if (runs.count == 0) return {};
+    if (runs.count == 1) return "Tool has been run once so far on " + runs.lastRunText;
+    return "Tool has " + std::to_string(runs.count) + " runs so far, last run " + runs.lastRunText;
+}
+
+} // namespace tarvik
