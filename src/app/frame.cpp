@@ -4,13 +4,12 @@
 
 namespace tarvik {
 
-LinkFacts currentLink(const Frame& frame) {
-    return frame.state.demoLink ? *frame.state.demoLink : frame.hooks.link();
-}
-
 void closeOpenPort(Frame& frame) {
-    frame.state.demoLink.reset();
-    if (frame.hooks.link().port > 0) frame.hooks.closePort();
+    if (frame.link.open()) frame.hooks.closePort();
+    if (frame.link.demo) {
+        frame.link.port = 0;
+        frame.link.demo = false;
+    }
 }
 
 void resetPrintButton(Frame& frame) {

@@ -4,6 +4,7 @@
 
 #include "app/error_trap.h"
 #include "app/frame_view.h"
+#include "app/link_state.h"
 #include "app/operator_side.h"
 #include "app/program_state.h"
 #include "app/settings.h"
@@ -31,7 +32,6 @@ struct ScreenRequest {
 
 /// Calls out of the frame. Each starts as an empty hook: the search finds nothing, no port is open.
 struct FrameHooks {
-    std::function<LinkFacts()> link = [] { return LinkFacts{}; };
     /// Searches the ports that the settings name; true when an LCU answered and its port is open.
     std::function<bool()> searchForLcu = [] { return false; };
     std::function<void()> stopDataStream = [] {};
@@ -63,15 +63,13 @@ struct Frame {
     FrameView& view;
     FrameHooks& hooks;
     ProgramState& state;
+    LinkState& link;
     Settings& settings;
     StoredSettings& store;
     const Places& places;
 };
 
-/// The link as the program sees it: the show's in "DEMO", else the real one.
-[[nodiscard]] LinkFacts currentLink(const Frame& frame);
-
-/// Closes the port if one is open. Nothing is behind the show's port: it is merely forgotten.
+/// Closes the port if one is open. Nothing is behind a show's port: its number is merely forgotten.
 void closeOpenPort(Frame& frame);
 
 /// Also withdraws the exit confirmation: nothing worth asking for is on the screen any more.

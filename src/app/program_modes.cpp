@@ -65,7 +65,7 @@ void ProgramModes::review() {
     frame_.view.Utilities_setupsideframe();
     frame_.view.redrawLogsEquallySpaced();
     frame_.view.hideAcquisitionPanel();
-    if (frame_.hooks.link().port > 0) frame_.hooks.stopDataStream();
+    if (frame_.link.open()) frame_.hooks.stopDataStream();
     closeOpenPort(frame_);
     frame_.operatorSide.statusText("Data review mode");
 }
@@ -93,7 +93,6 @@ void ProgramModes::calibTest() {
 
 /// A staged search: what a real one looks like, without opening a port.
 void ProgramModes::demo() {
-    LinkFacts link = currentLink(frame_);
     closeOpenPort(frame_); // a port that is really open would be lost behind the show's
     frame_.view.hideRunPanels();
     frame_.view.Utilities_setupsideframe();
@@ -106,9 +105,10 @@ void ProgramModes::demo() {
             frame_.hooks.sleep(400);
         }
     }
+    LinkState& link = frame_.link;
     link.port = 1;
+    link.demo = true;
     if (link.model.empty()) link.model = demoModel;
-    frame_.state.demoLink = link;
 
     const std::string port = formatPicture(link.port, "0");
     frame_.log.black(link.model + " activated on COM" + port);
@@ -124,7 +124,7 @@ bool ProgramModes::lcuAnswers() {
 bool ProgramModes::searchForLcu() {
     if (frame_.state.searching) return false;
     const Searching searching(frame_.state.searching);
-    frame_.state.demoLink.reset();
+    forgetShow();
     if (!frame_.hooks.searchForLcu()) return false;
     showModel();
     return true;
@@ -132,7 +132,7 @@ bool ProgramModes::searchForLcu() {
 
 /// A box that answered before and whose port is still open needs no search.
 bool ProgramModes::offerSearch() {
-    frame_.state.demoLink.reset();
+    forgetShow();
     if (!connected()) {
         frame_.operatorSide.beep();
         frame_.hooks.openScreen({"frmNoLCUFound"}); // its button may find one
@@ -142,8 +142,12 @@ bool ProgramModes::offerSearch() {
 }
 
 bool ProgramModes::connected() const {
-    const LinkFacts link = frame_.hooks.link();
-    return link.port > 0 && !link.model.empty();
+    return frame_.link.open() && !frame_.link.model.empty();
+}
+
+/// Leaves "DEMO": its port number means nothing to a real search.
+void ProgramModes::forgetShow() {
+    if (frame_.link.demo) closeOpenPort(frame_);
 }
 
 /// An LCU is there: on to tool and winch, or first to what is missing.
@@ -169,7 +173,7 @@ void ProgramModes::checkOnly(std::string_view key) {
 }
 
 void ProgramModes::showModel() {
-    if (const auto display = interfaceDisplay(currentLink(frame_).model)) {
+    if (const auto display = interfaceDisplay(frame_.link.model)) {
         frame_.view.showInterface(*display);
     }
 }

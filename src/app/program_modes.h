@@ -31,6 +31,7 @@ class ProgramModes {
     bool lcuAnswers();
     bool offerSearch();
     [[nodiscard]] bool connected() const;
+    void forgetShow();
     void chooseRun();
     void showModel();
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 
 namespace tarvik {
@@ -15,13 +14,6 @@ constexpr const char* calibTest = "CALIBTEST";
 constexpr const char* demo = "DEMO";
 } // namespace programMode
 
-/// What the frame knows of the link to the LCU.
-struct LinkFacts {
-    std::int32_t port = 0; ///< open port number, 1 to 4; 0 or less means closed
-    std::string model;     ///< "LCU2Plus", "LCU4", or empty when none was found
-    std::string firmware;
-};
-
 struct ProgramState {
     std::string mode = programMode::review;
     std::string acquisitionState = "OFF"; ///< the logging run sets others
@@ -30,9 +22,6 @@ struct ProgramState {
     bool started = false;
     bool firstActivationDone = false;
     bool searching = false; ///< for an LCU: no command may start until the search has ended
-
-    /// In "DEMO" the link is a show: no device is behind its port number, nothing is sent and nothing closed.
-    std::optional<LinkFacts> demoLink;
 
     /// Exit asks first. Set each time the review logs are drawn and by "No" in the exit dialog; cleared at
     /// first activation, by every reset of the print button and by "Yes".

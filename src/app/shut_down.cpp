@@ -31,12 +31,11 @@ void ShutDown::exit() {
 
 void ShutDown::closeProgram() {
     frame_.errors.run("program close", [&](Level& level) {
-        frame_.state.demoLink.reset();
-        const std::int32_t port = frame_.hooks.link().port;
-        if (port < 1) {
-            frame_.log.black("Port COM" + std::to_string(port) + " already closed");
+        if (frame_.link.demo) closeOpenPort(frame_);
+        if (frame_.link.open()) {
+            closeOpenPort(frame_);
         } else {
-            frame_.hooks.closePort();
+            frame_.log.black("Port COM" + std::to_string(frame_.link.port) + " already closed");
         }
         level = 1;
         frame_.log.black("Tarvik program closed");
