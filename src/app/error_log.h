@@ -35,12 +35,25 @@ class ErrorLog final : public ErrorReporter {
     [[nodiscard]] Path path() const;
 
   private:
-    bool append(std::string_view entry);
+    /// Held while an entry is on its way.
+    class Busy {
+      public:
+        explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }
+        ~Busy() { flag_ = false; }
+        Busy(const Busy&) = delete;
+        Busy& operator=(const Busy&) = delete;
+
+      private:
+        bool& flag_;
+    };
+
+    /// Empty when written, else a remark for the dialog.
+    std::string append(std::string_view entry);
+    [[nodiscard]] std::string dateTime() const;
     [[nodiscard]] std::string newFileHead() const;
     [[nodiscard]] std::string entryHead(std::string_view dateTime, std::string_view form,
                                         std::string_view routine) const;
-    [[nodiscard]] std::string dateTime() const;
-    std::string fileEntry(const ErrorReport& error, std::string_view dateTime);
+    [[nodiscard]] std::string entry(const ErrorReport& error, std::string_view dateTime) const;
 
     OperatorSide& operator_;
     const Clock& clock_;

@@ -15,6 +15,11 @@ struct LinkState {
     std::int32_t status = -1; ///< last status byte; -1 before one was received
     std::string statusText;   ///< empty when good
     double modelFactor = 1.0; ///< depth counts of an LCU4 are quarter centimetres: 0.25
+    bool toolPower = false;   ///< set by whoever powers the tool up, cleared by the power-down
+
+    bool busy = false;            ///< an exchange is under way; held through LinkClaim (lcu/link_claim.h)
+    bool acquiring = false;       ///< scans are wanted or coming: no box may wait for the operator
+    bool diagnosticsOpen = false; ///< the diagnostics console is open: good commands are not logged
     bool demo = false; ///< the port number is a show: no device is behind it, nothing is sent or closed
 
     [[nodiscard]] bool open() const { return port > 0 && !demo; }

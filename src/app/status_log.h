@@ -41,7 +41,7 @@ class StatusLog {
     [[nodiscard]] Path todaysFile() const;
 
   private:
-    void appendToFile(std::string_view time, std::string_view text);
+    void appendToFile(const CivilTime& now, std::string_view time, std::string_view text);
 
     ErrorTrap& errors_;
     const Clock& clock_;

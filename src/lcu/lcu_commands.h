@@ -7,18 +7,31 @@
 #pragma once
 
 #include "app/error_trap.h"
+#include "app/link_state.h"
 #include "app/operator_side.h"
 #include "app/status_log.h"
 #include "lcu/lcu_port.h"
-#include "lcu/link_state.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace tarvik {
+
+/// How an exchange with the LCU ended. Anything but `good` has been explained in the status log.
+enum class LinkResult : std::int32_t {
+    busy = -1, ///< refused: another exchange is under way
+    failed = 0,
+    good = 1,
+};
+
+/// Whoever shows the link: the indicators of the main screen and of the calibration screen.
+class LinkWatcher {
+  public:
+    virtual ~LinkWatcher() = default;
+    virtual void linkChanged(const LinkState& link) = 0;
+};
 
 class LcuCommands {
   public:
@@ -69,8 +82,8 @@ class LcuCommands {
     std::string askForVersion(std::string_view text);
     void showLink();
 
-    template <class Body>
-    auto holdingLink(decltype(std::declval<Body>()()) refused, Body&& body);
+    template <class Result, class Body>
+    Result holdingLink(Result refused, Body&& body);
 
     ErrorTrap& errors_;
     StatusLog& log_;

@@ -1,6 +1,8 @@
 // The two models of the surface box (LCU) and all that differs between them, one row each.
 #pragma once
 
+#include "app/link_state.h"
+
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -17,7 +19,7 @@ struct LcuModel {
     bool powerDownEndsWithEr0;  ///< takes "ER0" as the last step of a power-down
 };
 
-constexpr std::array<LcuModel, 2> lcuModels{{
+inline constexpr std::array<LcuModel, 2> lcuModels{{
     {.name = "LCU2Plus",
      .label = "Interface LCU2+",
      .healthyStatus = 129,
@@ -34,8 +36,8 @@ constexpr std::array<LcuModel, 2> lcuModels{{
      .powerDownEndsWithEr0 = true},
 }};
 
-constexpr const LcuModel* lcu2Plus = &lcuModels[0];
-constexpr const LcuModel* lcu4 = &lcuModels[1];
+inline constexpr const LcuModel* lcu2Plus = &lcuModels[0];
+inline constexpr const LcuModel* lcu4 = &lcuModels[1];
 
 /// The model whose healthy status byte this is; null for any other value.
 [[nodiscard]] constexpr const LcuModel* modelWithStatus(std::int32_t status) {
@@ -51,6 +53,12 @@ constexpr const LcuModel* lcu4 = &lcuModels[1];
         if (model.name == name) return &model;
     }
     return nullptr;
+}
+
+/// Enters the model, or none, with its factor.
+inline void setModel(LinkState& link, const LcuModel* model) {
+    link.model = model ? model->name : std::string_view{};
+    link.modelFactor = model ? model->modelFactor : 1.0;
 }
 
 } // namespace tarvik

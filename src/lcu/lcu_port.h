@@ -2,8 +2,8 @@
 // every text gets its line feed, and what goes wrong with the port itself becomes a line of the status log.
 #pragma once
 
+#include "app/link_state.h"
 #include "app/status_log.h"
-#include "lcu/link_state.h"
 #include "platform/serial_port.h"
 
 #include <cstdint>

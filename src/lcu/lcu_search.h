@@ -3,11 +3,11 @@
 #pragma once
 
 #include "app/error_trap.h"
+#include "app/link_state.h"
 #include "app/operator_side.h"
 #include "app/status_log.h"
 #include "lcu/lcu_commands.h"
 #include "lcu/lcu_port.h"
-#include "lcu/link_state.h"
 
 #include <cstdint>
 #include <functional>

@@ -29,8 +29,7 @@ RunResult LoggingRun::comstartlogging(const RunOrder& order) {
             modules_.operatorSide.message("Hole name", problem, Icon::exclamation);
             return RunResult::notStarted;
         }
-        if (!mayStartLogging(modules_.operatorSide, tool, modules_.link.modelName(),
-                             modules_.view.recording())) {
+        if (!mayStartLogging(modules_.operatorSide, tool, modules_.link.model, modules_.view.recording())) {
             return RunResult::notStarted;
         }
         modules_.view.winchPrompt("START WINCH WHEN THIS", "MESSAGE DISAPPEARS");
@@ -47,7 +46,7 @@ RunResult LoggingRun::LCU_AcquireData_Pulse(const RunOrder& order) {
         run_ = RunState{};
         run_.header = buildRunHeader(order, modules_.equipment.currentTool(),
                                      modules_.equipment.currentWinch(), modules_.clock.now());
-        run_.header.setup.winchDepthFactor *= modules_.link.modelFactor();
+        run_.header.setup.winchDepthFactor *= modules_.link.modelFactor;
         level = 1; // choosing the file
         if (!chooseFile(order)) return RunResult::notStarted;
         logHead(order);
@@ -109,7 +108,8 @@ void LoggingRun::logHead(const RunOrder& order) {
 bool LoggingRun::prepareAndStream() {
     RunPreparation preparation(modules_, run_.header.setup);
     if (!preparation.prepare()) return false;
-    run_.scanSetup = prepareScans(modules_.equipment.currentTool(), modules_.link.model, run_.header.setup);
+    run_.scanSetup =
+        prepareScans(modules_.equipment.currentTool(), modelNamed(modules_.link.model), run_.header.setup);
     if (modules_.view.recording() && !openFile(appending_)) return false;
     modules_.view.runStarted(run_.header, run_.file);
 

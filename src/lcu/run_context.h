@@ -4,6 +4,7 @@
 
 #include "app/error_log.h"
 #include "app/error_trap.h"
+#include "app/link_state.h"
 #include "app/operator_side.h"
 #include "app/status_log.h"
 #include "base/run_header.h"
@@ -12,7 +13,6 @@
 #include "files/run_file_writer.h"
 #include "lcu/acquisition_ring.h"
 #include "lcu/lcu_commands.h"
-#include "lcu/link_state.h"
 #include "lcu/run_tally.h"
 #include "lcu/run_view.h"
 #include "lcu/scan_decoder.h"

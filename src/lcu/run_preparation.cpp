@@ -13,7 +13,7 @@ constexpr std::string_view noFirmware = " ??";
 } // namespace
 
 bool RunPreparation::prepare() {
-    if (modules_.link.model == nullptr || !modules_.link.isOpen()) {
+    if (modelNamed(modules_.link.model) == nullptr || !modules_.link.open()) {
         modules_.log.red("No LCU is connected. Search for it first.");
         return false;
     }
@@ -27,7 +27,11 @@ bool RunPreparation::prepare() {
 }
 
 std::string RunPreparation::sampling() const {
-    return samplingCommand(setup_, *modules_.link.model);
+    return samplingCommand(setup_, model());
+}
+
+const LcuModel& RunPreparation::model() const {
+    return *modelNamed(modules_.link.model);
 }
 
 bool RunPreparation::send(const std::string& command) {
@@ -38,14 +42,14 @@ bool RunPreparation::send(const std::string& command) {
 /// worked out here in any case, so that a run never starts with those of another mode.
 void RunPreparation::setUpTool() {
     CurrentTool& tool = modules_.equipment.currentTool();
-    const bool otherCommands = needsCommandSet(tool.record, *modules_.link.model);
+    const bool otherCommands = needsCommandSet(tool.record, model());
     if (otherCommands) setToolCommands(tool.record);
     modules_.equipment.ToolWinchData_getcurrentsensorfactors();
     if (otherCommands) setEnergyCommands(tool);
 }
 
 bool RunPreparation::sendToolCommands() {
-    const auto commands = toolCommands(modules_.equipment.currentTool(), *modules_.link.model);
+    const auto commands = toolCommands(modules_.equipment.currentTool(), model());
     return std::ranges::all_of(commands, [this](const std::string& command) { return send(command); });
 }
 

@@ -19,6 +19,7 @@ class RunPreparation {
     [[nodiscard]] std::string sampling() const;
 
   private:
+    [[nodiscard]] const LcuModel& model() const;
     [[nodiscard]] bool send(const std::string& command);
     void setUpTool();
     [[nodiscard]] bool sendToolCommands();

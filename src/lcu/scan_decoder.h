@@ -5,11 +5,13 @@
 #include "app/error_trap.h"
 #include "app/status_log.h"
 #include "base/current_scan.h"
+#include "lcu/scan_bytes.h"
 #include "lcu/scan_setup.h"
+#include "lcu/tool_rules.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string_view>
 
 namespace tarvik {
 
@@ -36,12 +38,23 @@ class DerivedValues {
     virtual void derive(CurrentScan& scan) = 0;
 };
 
+/// Depth of a scan in metres, without offsets.
+[[nodiscard]] float scanDepth(const ScanBytes& scan, const RunSetup& run);
+/// Within 100 m above the logged interval and 1000 m below it: a depth that a tool could really be at.
+[[nodiscard]] bool isNearRange(double depth, const RunSetup& run);
+
 class ScanDecoder {
   public:
     /// All outlive the decoder. `deviation` computes channels 7 to 12 of the deviation tool; without it they
     /// read 0.
     ScanDecoder(ErrorTrap& errors, StatusLog& log, const ScanSetup& setup, ScanState& state,
-                DerivedValues* deviation = nullptr);
+                DerivedValues* deviation = nullptr)
+        : errors_(errors),
+          log_(log),
+          setup_(setup),
+          rule_(toolRule(setup.toolCode)),
+          state_(state),
+          deviation_(deviation) {}
 
     /// Decodes the data bytes of one scan into the state. An empty scan leaves LCU status -1 and a line in
     /// the status log. The first two scans of a run only clear the flags and the channel values.
@@ -51,28 +64,23 @@ class ScanDecoder {
     void ConvertToCalibData(std::int16_t channel);
 
   private:
-    struct ToolRule;
-    class Bytes;
-
     void decodeEmpty();
-    void decodeTrailer(const Bytes& scan);
-    void decodeDepth(const Bytes& scan);
+    void decodeTrailer(const ScanBytes& scan);
     void judgeDepth();
-    bool advanced() const;
-    void decodeTime(const Bytes& scan);
-    void decodeChannels(const Bytes& scan);
-    void convertChannel(int channel, int counts);
+    [[nodiscard]] bool advances() const;
+    [[nodiscard]] double distanceLeft() const;
+    void decodeTime(const ScanBytes& scan);
+    void decodeChannels(const ScanBytes& scan);
+    void convertChannel(std::size_t channel, int counts);
     void deriveChannels();
-    void calibrate(int channel);
+    void calibrate(std::size_t channel);
 
     ErrorTrap& errors_;
     StatusLog& log_;
     const ScanSetup& setup_;
+    const ToolRule& rule_;
     ScanState& state_;
     DerivedValues* deviation_;
-    const ToolRule& rule_;
-
-    static const ToolRule& ruleFor(std::string_view toolCode);
 };
 
 } // namespace tarvik

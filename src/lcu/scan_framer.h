@@ -19,39 +19,41 @@ enum class FrameVerdict : std::uint8_t {
 
 class ScanFramer {
   public:
-    static constexpr std::size_t capacity = 1000;
+    static constexpr int capacity = 1000;
 
     /// A new scan begins with its length byte.
     FrameVerdict begin(std::uint8_t length);
 
     /// One look at the line: `waiting` bytes are there and `nextByte()` supplies them (negative: it could
     /// not). Takes no more than the scan needs. The first look may find the scans that follow as well, a
-    /// backlog; any later one is a wait for the remainder, and too many bytes are then an overflow. Its bytes
-    /// are taken as well, as far as there is room, for the report.
+    /// backlog; any later one is a wait for the remainder, and too many bytes are then an overflow. Those are
+    /// taken too, as far as there is room, for the report.
     template <class NextByte>
-    FrameVerdict look(std::size_t waiting, NextByte&& nextByte) {
+    FrameVerdict look(int waiting, NextByte&& nextByte) {
         const bool tooMany = looked_ && waiting > missing();
         looked_ = true;
-        const std::size_t wanted = std::min(waiting, tooMany ? capacity - received_ : missing());
-        for (std::size_t i = 0; i < wanted; ++i) {
+        const int wanted = std::min(waiting, tooMany ? capacity - received_ : missing());
+        for (int i = 0; i < wanted; ++i) {
             const int byte = nextByte();
             if (byte < 0) break;
-            buffer_[received_++] = static_cast<std::uint8_t>(byte);
+            buffer_[static_cast<std::size_t>(received_++)] = static_cast<std::uint8_t>(byte);
         }
         if (tooMany) return FrameVerdict::overflow2;
         return missing() == 0 ? FrameVerdict::scan : FrameVerdict::needMore;
     }
 
     /// Data bytes so far.
-    [[nodiscard]] std::span<const std::uint8_t> bytes() const { return {buffer_.data(), received_}; }
-    /// Data bytes of the scan in hand: L - 1.
-    [[nodiscard]] std::size_t expected() const { return expected_; }
-    [[nodiscard]] std::size_t missing() const { return expected_ - std::min(received_, expected_); }
+    [[nodiscard]] std::span<const std::uint8_t> bytes() const {
+        return {buffer_.data(), static_cast<std::size_t>(received_)};
+    }
+    /// Data bytes of the scan in hand, L - 1: -1 after a length byte of 0.
+    [[nodiscard]] int expected() const { return expected_; }
+    [[nodiscard]] int missing() const { return std::max(expected_ - received_, 0); }
 
   private:
     std::array<std::uint8_t, capacity> buffer_{};
-    std::size_t expected_ = 0;
-    std::size_t received_ = 0;
+    int expected_ = 0;
+    int received_ = 0;
     bool looked_ = false;
 };
 

@@ -162,7 +162,8 @@ void ScanLoop::measureSpeed() {
 void ScanLoop::showScan() {
     const CurrentScan& scan = run_.scan.current;
     modules_.view.LCU_ShowLCUCurrent(scan.toolCurrent, scan.toolVoltage);
-    if (modules_.link.model == lcu4) modules_.view.LCU_ShowDepthSpeed(scan.depth, metresPerMinute_);
+    if (modelNamed(modules_.link.model) == lcu4)
+        modules_.view.LCU_ShowDepthSpeed(scan.depth, metresPerMinute_);
 }
 
 void ScanLoop::keep() {

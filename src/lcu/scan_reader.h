@@ -1,7 +1,7 @@
 // Reads one scan after the other from the open port. Allocates nothing.
 #pragma once
 
-#include "lcu/link_state.h"
+#include "app/link_state.h"
 #include "lcu/scan_framer.h"
 #include "platform/clock.h"
 #include "platform/serial_port.h"
@@ -22,10 +22,10 @@ struct ScanRead {
     };
 
     Kind kind = Kind::none;
-    std::span<const std::uint8_t> bytes; ///< what came; valid until the next read
-    int expected = 0;                    ///< data bytes that the length byte promised
-    int received = 0;                    ///< data bytes that came
-    double waitedSeconds = 0;            ///< for the remainder
+    std::span<const std::uint8_t> bytes = {}; ///< what came; valid until the next read
+    int expected = 0; ///< data bytes that the length byte promised, L - 1; -1 for an overflow of type 1
+    int received = 0; ///< data bytes that came; after an overflow also those beyond `bytes`
+    double waitedSeconds = 0; ///< for the remainder
 };
 
 class ScanReader {
