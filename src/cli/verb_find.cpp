@@ -22,7 +22,7 @@ int runFind(const Arguments& arguments) {
         std::cerr << "No LCU was found. Is it switched on and connected? Name its device with --com1 DEV.\n";
         return exitFailed;
     }
-    std::cout << "model " << program.link.modelName() << "\nport COM" << program.link.port << "\nbaud "
+    std::cout << "model " << program.link.model << "\nport COM" << program.link.port << "\nbaud "
               << program.link.baud << "\nfirmware "
               << (program.link.firmware.empty() ? "-N/A-" : program.link.firmware) << "\n";
     program.port.close();

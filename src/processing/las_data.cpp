@@ -35,7 +35,7 @@ DepthChoice chooseDepths(const ReviewLog& log, const LasExportOptions& options) 
     const DepthChoice choice{options.start.value_or(smallest), options.stop.value_or(largest), options.step};
     if (!std::isfinite(choice.start) || !std::isfinite(choice.stop)) refuse("start and stop must be numbers");
     if (choice.start > choice.stop) {
-        refuse("the start " + shortestNumber(choice.start) + " lies below the stop " +
+        refuse("the start " + shortestNumber(choice.start) + " is greater than the stop " +
                shortestNumber(choice.stop) + ", enter the smaller depth as start");
     }
     if (choice.step && !(*choice.step > 0 && std::isfinite(*choice.step))) {
@@ -110,7 +110,7 @@ std::vector<Source> chooseSources(const ReviewLog& log, const std::vector<float>
     std::vector<Source> extra;
     if (!time.empty()) extra.push_back({"TIME", "seconds", true, &time});
     for (const ReviewChannel* channel : {&log.current, &log.voltage, &log.marker}) {
-        if (channel->values.size() == log.steps()) extra.push_back(sourceOf(*channel));
+        if (!channel->values.empty()) extra.push_back(sourceOf(*channel));
     }
     return namedSources(log, extra, options.channels);
 }
@@ -189,6 +189,9 @@ LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options, co
                  .depth = {},
                  .columns = {}};
     for (const Source& source : sources) {
+        if (source.values->size() != log.steps()) {
+            refuse("the channel " + std::string(source.name) + " was not loaded whole, open the run again");
+        }
         if (!source.calibrated) tell(list, "Warning: " + std::string(source.name) + " is not calibrated");
     }
 

@@ -4,6 +4,7 @@
 
 #include "app/error_log.h"
 #include "app/error_trap.h"
+#include "app/link_state.h"
 #include "app/machine_map.h"
 #include "app/operator_side.h"
 #include "app/settings.h"
@@ -15,7 +16,6 @@
 #include "lcu/lcu_commands.h"
 #include "lcu/lcu_port.h"
 #include "lcu/lcu_search.h"
-#include "lcu/link_state.h"
 #include "platform/disk_files.h"
 #include "platform/ini_settings_store.h"
 #include "platform/places.h"
