@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -81,14 +82,16 @@ class SimulatedPort final : public tarvik::SerialPort {
         std::int64_t overrun_ = 0;
     };
 
-    [[nodiscard]] Socket* socketOf(std::int32_t port);
+    [[nodiscard]] Socket& socketOf(std::int32_t port);
+    /// 1 when the port is open and its device still there, else the code to return.
     [[nodiscard]] std::int32_t usable(std::int32_t port) const;
-    [[nodiscard]] std::int32_t forced(std::string_view operation);
+    /// The code that the operation is to fail with this time.
+    [[nodiscard]] std::optional<std::int32_t> forced(std::string_view operation);
     void pass(Micros micros);
-    std::int32_t openFailed(std::int32_t port, std::int32_t code);
+    [[nodiscard]] std::int32_t openResult(Socket& socket);
 
     tarvik::VirtualClock& clock_;
-    std::array<Socket, 4> sockets_;
+    std::array<Socket, 4> sockets_; ///< COM1 to COM4
     std::int32_t open_ = 0;
     bool gone_ = false; ///< the device of the open port hung up; only opening it afresh helps
     int baud_ = 0;

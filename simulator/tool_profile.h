@@ -20,32 +20,32 @@ enum class CountKind : std::uint8_t {
 };
 
 struct ChannelProfile {
-    std::string name;
-    std::string unit;
+    std::string name = {};
+    std::string unit = {};
     double uncalibratedLeft =
         0; ///< readings (counts a second, hertz, counts) at the ends of the display scale
     double uncalibratedRight = 0;
     double calibratedLeft = 0;
     double calibratedRight = 0;
-    std::string synth; ///< rock or fluid property that drives the sensor; empty: guessed from the name
+    std::string synth = {}; ///< rock or fluid property that drives the sensor; empty: guessed from the name
 };
 
 struct ToolMode {
-    std::string name;
-    std::string kind; ///< "PULSE", "MUX" or empty
-    std::string sensorFactors;
+    std::string name = {};
+    std::string kind = {}; ///< "PULSE", "MUX" or empty
+    std::string sensorFactors = {};
     std::size_t words = 0; ///< 16-bit words on the line; 0: one a channel
-    std::vector<std::string> parameters;
-    std::vector<ChannelProfile> channels;
+    std::vector<std::string> parameters = {};
+    std::vector<ChannelProfile> channels = {};
 
     [[nodiscard]] std::size_t wordsOnLine() const { return words != 0 ? words : channels.size(); }
 };
 
 struct ToolProfile {
-    std::string code;
-    std::string name;
+    std::string code = {};
+    std::string name = {};
     double maximumCurrent = 0; ///< mA; 0: none known
-    std::array<ToolMode, 2> modes;
+    std::array<ToolMode, 2> modes = {};
 };
 
 struct CountRule {

@@ -86,8 +86,7 @@ class ToolWinchData {
 
   private:
     [[nodiscard]] EquipmentFile load(const Path& file);
-    void say(const EquipmentFile& file);
-    void saveUser(EquipmentFile& user);
+    void rewriteUser(EquipmentFile& user);
     void writeCurrentTool();
 
     template <class Record>
@@ -95,9 +94,9 @@ class ToolWinchData {
     template <class Record>
     UserList loadUserList(const EquipmentKind<Record>& kind);
     template <class Record>
-    void add(const EquipmentKind<Record>& kind, int makerIndex, std::string_view serialNumber);
+    void add(Level& level, const EquipmentKind<Record>& kind, int makerIndex, std::string_view serialNumber);
     template <class Record>
-    void remove(const EquipmentKind<Record>& kind, int userIndex);
+    void remove(Level& level, const EquipmentKind<Record>& kind, int userIndex);
     template <class Record>
     void updateSelectedFlags(const EquipmentKind<Record>& kind);
 
@@ -112,7 +111,7 @@ class ToolWinchData {
     CurrentTool tool_;
     CurrentWinch winch_;
     DatabaseVersions versions_;
-    std::set<std::string> said_;
+    std::set<std::string> said_; ///< damage that stands in the log already
 };
 
 } // namespace tarvik

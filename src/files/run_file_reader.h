@@ -9,26 +9,12 @@
 #include "app/status_log.h"
 #include "base/review_log.h"
 #include "files/progress.h"
+#include "files/run_header_codec.h"
 #include "platform/files.h"
 
 #include <optional>
 
 namespace tarvik {
-
-/// Where the scans lie: what the header says, checked against the length of the file.
-struct RunFileShape {
-    std::size_t firstScan = 0;    ///< byte at which the scans begin
-    std::size_t recordLength = 0; ///< bytes
-    int channels = 0;             ///< values of a scan without Speed, 0 to 20
-    int waveformSamples = 0;      ///< 0, or the samples of a sonic scan
-    std::size_t scans = 0;        ///< whole records
-    std::size_t partialBytes = 0; ///< of a torn last record
-};
-
-struct RunFileInfo {
-    RunHeader header;
-    RunFileShape shape;
-};
 
 /// In the file's depth unit; scans marked as having no valid depth do not count.
 struct DepthRange {

@@ -7,6 +7,7 @@
 // and returns `portFailed`; only `ComSleepMS` still waits, so that a loop without a port does not spin.
 #pragma once
 
+#include "platform/descriptor.h"
 #include "platform/receive_ring.h"
 #include "platform/serial_port.h"
 
@@ -24,7 +25,7 @@ class TermiosPort final : public SerialPort {
   public:
     /// `yield` lets the screens live during waits, at most every 10 ms; it must not throw.
     explicit TermiosPort(PortDevices devices, std::function<void()> yield = {});
-    ~TermiosPort() override;
+    ~TermiosPort() override { close(); }
     TermiosPort(const TermiosPort&) = delete;
     TermiosPort& operator=(const TermiosPort&) = delete;
 
@@ -47,17 +48,18 @@ class TermiosPort final : public SerialPort {
   private:
     using Instant = std::chrono::steady_clock::time_point;
 
-    [[nodiscard]] bool isOpen(std::int32_t port) const { return descriptor_ >= 0 && port == openPort_; }
-    std::int32_t refuse(std::int32_t error, std::string problem);
+    [[nodiscard]] bool isOpen(std::int32_t port) const { return device_.isOpen() && port == openPort_; }
+    [[nodiscard]] std::int32_t failure() const { return gone_ ? portGone : portFailed; }
     void close();
-    /// Moves what has come from the device into the ring, as far as it fits.
+    /// Moves what has come from the device into the ring, as far as it fits; returns how much.
     std::size_t drain();
+    /// Until the device is ready for `events`, or the moment has come.
     void waitUntil(Instant moment, short events);
-    void yieldWhenDue(Instant now);
+    void yieldWhenDue();
 
     PortDevices devices_;
     std::function<void()> yield_;
-    int descriptor_ = -1;
+    Descriptor device_;
     std::int32_t openPort_ = 0;
     bool gone_ = false;
     bool yielding_ = false;

@@ -1,9 +1,10 @@
 // Writes a transcript of everything that goes over a serial port: for the field engineer who wants to know
 // what the LCU said, and for tests that read it back (docs/formats/transcript.md).
 //
-// The received bytes between two other operations stand together as one burst, with the time of the first.
-// Lines are gathered and written in blocks of some kilobytes, at least every half second while the port is
-// used, and at its closing. A transcript that cannot be written is reported once; the port goes on without.
+// Received bytes stand together as one burst, with the time of the first, until another operation or 20 ms
+// without a byte. Lines are gathered and written in blocks of some kilobytes, at least every half second
+// while the port is used, and at its closing. A transcript that cannot be written is reported once; the port
+// goes on without.
 #pragma once
 
 #include "platform/clock.h"
@@ -41,12 +42,13 @@ class TracePort final : public SerialPort {
   private:
     void beginLine(std::int64_t micros, std::string_view operation);
     void bytesLines(std::int64_t micros, std::string_view operation, std::string_view bytes);
-    void takeIntoBurst(std::uint8_t byte, std::string_view operation);
-    void endBurst(std::string_view operation = "recv");
     void note(std::string_view operation, std::string_view text);
-    [[nodiscard]] std::int64_t elapsed() const { return clock_.tickMicros() - start_; }
+    void takeIntoBurst(std::uint8_t byte, std::string_view operation);
+    void endBurst();
+    void endQuietBurst();
     void writeWhenDue();
     void write();
+    [[nodiscard]] std::int64_t elapsed() const { return clock_.tickMicros() - start_; }
 
     SerialPort& port_;
     const Clock& clock_;
@@ -57,10 +59,13 @@ class TracePort final : public SerialPort {
     std::int64_t lastWrite_ = 0;
     bool failed_ = false;
     bool gone_ = false;
-    std::string lines_; ///< written so far, not yet in the file
+    std::string lines_; ///< not yet in the file
+
     std::array<char, 1024> burst_{};
     std::size_t burstSize_ = 0;
-    std::int64_t burstTime_ = 0;
+    std::string_view burstOperation_; ///< "recv" or "drop"
+    std::int64_t burstTime_ = 0;      ///< of the first byte, microseconds
+    std::int64_t lastByte_ = 0;
 };
 
 } // namespace tarvik

@@ -25,17 +25,17 @@ struct ChannelFilter {
 
 /// Depths are in the unit of the log.
 struct LasExportOptions {
-    std::optional<double> start;      ///< the first loaded depth when not given
-    std::optional<double> stop;       ///< the last loaded depth when not given
-    std::optional<double> step;       ///< regular step; not given: the loaded steps as they are
+    std::optional<double> start{};    ///< the first loaded depth when not given
+    std::optional<double> stop{};     ///< the last loaded depth when not given
+    std::optional<double> step{};     ///< regular step; not given: the loaded steps as they are
     std::string nullText = "-999.25"; ///< a number, written as it stands
     int decimals = 2;                 ///< of the data, 2 to 5
-    std::vector<ChannelFilter> filters;
+    std::vector<ChannelFilter> filters{};
     /// Names in the order of the columns; empty: all recorded channels. "TIME", "Current", "Voltage" and
     /// "Magnetic Marker" can be named too.
-    std::vector<std::string> channels;
-    std::string holeAzimuth; ///< degrees, as entered
-    std::string holeInclination;
+    std::vector<std::string> channels{};
+    std::string holeAzimuth{}; ///< degrees, as entered
+    std::string holeInclination{};
 };
 
 /// The lines of the export list: progress and warnings. May be empty.

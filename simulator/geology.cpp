@@ -1,0 +1,128 @@
+#include "simulator/geology.h"
+
+#include "simulator/random.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cmath>
+#include <string>
+
+namespace lcusim {
+
+namespace {
+
+constexpr double layerThickness = 2.5; ///< metres, on average
+constexpr double borderWidth = 0.15;   ///< half the stretch over which a sensor sees both layers
+constexpr double waverLength = 0.4;    ///< metres between two points of a wavering curve
+
+/// One property: what it is called, its share of the full scale in each rock and behind casing, how it grows
+/// a hundred metres, and how much it wavers within a layer.
+struct Property {
+    std::string_view name;
+    std::string_view alsoCalled;  ///< part of channel names that mean it; empty: `name`
+    std::array<double, 6> inRock; ///< sand, silt, shale, coal, limestone, basalt
+    double inCasing;
+    double perHundredMetres;
+    double waver;
+};
+
+constexpr std::array<double, 6> even(double value) {
+    return {value, value, value, value, value, value};
+}
+
+constexpr std::array<Property, 17> properties{{
+    {"gamma", "", {0.18, 0.38, 0.62, 0.12, 0.10, 0.07}, 0.05, 0, 0.04},
+    {"density", "", {0.55, 0.60, 0.64, 0.18, 0.78, 0.88}, 0.92, 0, 0.02},
+    {"caliper", "", {0.36, 0.34, 0.46, 0.40, 0.32, 0.31}, 0.28, 0, 0.02},
+    {"conductivity", "cond", {0.35, 0.48, 0.70, 0.10, 0.08, 0.05}, 0.97, 0.02, 0.03},
+    {"resistivity", "resis", {0.30, 0.20, 0.10, 0.75, 0.65, 0.85}, 0.03, 0, 0.03},
+    {"temperature", "temp", even(0.25), 0.25, 0.08, 0.003},
+    {"pressure", "press", even(0.05), 0.05, 0.15, 0.001},
+    {"flow", "", even(0.50), 0.45, 0.03, 0.02},
+    {"susceptibility", "susc", {0.12, 0.18, 0.22, 0.05, 0.06, 0.85}, 0.97, 0, 0.03},
+    {"porosity", "neut", {0.45, 0.40, 0.55, 0.70, 0.20, 0.10}, 0.30, -0.01, 0.03},
+    {"slowness", "sonic", {0.50, 0.55, 0.65, 0.80, 0.30, 0.25}, 0.33, -0.02, 0.02},
+    {"density_far", "long spac", {0.45, 0.40, 0.34, 0.85, 0.22, 0.12}, 0.08, 0, 0.03},
+    {"voltage", "volt", even(0.60), 0.60, 0, 0.005},
+    {"ph", "ph ", even(0.55), 0.55, 0, 0.01},
+    {"oxygen", "oxy", even(0.40), 0.40, -0.02, 0.02},
+    {"sp", "", {0.30, 0.45, 0.60, 0.42, 0.50, 0.52}, 0.50, 0, 0.02},
+    {"unknown", "\n", even(0.45), 0.45, 0, 0.25},
+}};
+
+std::string lowered(std::string_view text) {
+    std::string lower(text);
+    std::ranges::transform(lower, lower.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return lower;
+}
+
+double smooth(double x) {
+    return x * x * (3 - 2 * x);
+}
+
+std::uint64_t bits(std::int64_t number) {
+    return static_cast<std::uint64_t>(number);
+}
+
+} // namespace
+
+Geology::Geology(std::uint64_t seed) : seed_(mixed(seed)), casingShoe_(6 + 6 * fractionOf(seed_)) {}
+
+std::size_t Geology::property(std::string_view synth, std::string_view channelName) {
+    const std::string wanted = lowered(synth);
+    const std::string name = lowered(channelName);
+    const auto named = std::ranges::find(properties, wanted, &Property::name);
+    if (named != properties.end()) return static_cast<std::size_t>(named - properties.begin());
+    const auto meant = std::ranges::find_if(properties, [&](const Property& property) {
+        return name.find(property.alsoCalled.empty() ? property.name : property.alsoCalled) !=
+               std::string::npos;
+    });
+    return std::min<std::size_t>(static_cast<std::size_t>(meant - properties.begin()), properties.size() - 1);
+}
+
+double Geology::boundary(std::int64_t layer) const {
+    return (static_cast<double>(layer) + 0.8 * (fractionOf(seed_ + 3 * bits(layer)) - 0.5)) * layerThickness;
+}
+
+double Geology::layerValue(std::size_t property, std::int64_t layer) const {
+    const Property& rule = properties[property];
+    const auto rock = static_cast<std::size_t>(fractionOf(seed_ + 3 * bits(layer) + 1) * 6);
+    const double purity = fractionOf(seed_ + 3 * bits(layer) + 2) - 0.5;
+    return rule.inRock[rock] + 0.6 * rule.waver * purity;
+}
+
+double Geology::wavering(std::size_t property, double depth) const {
+    const double place = depth / waverLength;
+    const double before = std::floor(place);
+    const auto value = [&](double point) {
+        const auto key = static_cast<std::int64_t>(point) * 64 + static_cast<std::int64_t>(property);
+        return fractionOf(~seed_ + bits(key)) - 0.5;
+    };
+    const double share = smooth(place - before);
+    return value(before) * (1 - share) + value(before + 1) * share;
+}
+
+double Geology::fraction(std::size_t property, double depth) const {
+    const Property& rule = properties[property];
+    auto layer = static_cast<std::int64_t>(std::floor(depth / layerThickness));
+    if (depth < boundary(layer)) --layer;
+    if (depth >= boundary(layer + 1)) ++layer;
+
+    double value = layerValue(property, layer);
+    const double intoLayer = depth - boundary(layer);
+    const double toNext = boundary(layer + 1) - depth;
+    if (intoLayer < borderWidth) {
+        const double share = smooth(0.5 + 0.5 * intoLayer / borderWidth);
+        value = value * share + layerValue(property, layer - 1) * (1 - share);
+    } else if (toNext < borderWidth) {
+        const double share = smooth(0.5 + 0.5 * toNext / borderWidth);
+        value = value * share + layerValue(property, layer + 1) * (1 - share);
+    }
+    if (depth < casingShoe_) value = rule.inCasing;
+    value += rule.perHundredMetres * depth / 100 + rule.waver * wavering(property, depth);
+    return std::clamp(value, 0.02, 0.98);
+}
+
+} // namespace lcusim

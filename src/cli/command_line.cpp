@@ -1,0 +1,100 @@
+#include "cli/verb.h"
+
+#include "app/version.h"
+#include "base/failure.h"
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+
+namespace tarvik {
+
+namespace {
+
+std::vector<Verb> verbs() {
+    return {findVerb(), logVerb(), infoVerb(), lasVerb(), fitVerb(), equipmentVerb()};
+}
+
+std::vector<Option> allOptions(const Verb& verb) {
+    std::vector<Option> options = verb.options;
+    const auto common = commonOptions();
+    options.insert(options.end(), common.begin(), common.end());
+    return options;
+}
+
+void printOverview(std::ostream& out) {
+    out << "Tarvik " << versionText(programVersion()) << ", borehole geophysical logging\n\n"
+        << "usage: tarvik <verb> [options]; tarvik <verb> --help\n\n";
+    for (const Verb& verb : verbs()) {
+        std::string name(verb.name);
+        name.resize(12, ' ');
+        out << "  " << name << verb.purpose.substr(0, verb.purpose.find('\n')) << "\n";
+    }
+}
+
+int usageProblem(std::string_view problem, std::string_view verb) {
+    std::cerr << "tarvik: " << problem << "\nTry: tarvik " << verb << (verb.empty() ? "" : " ") << "--help\n";
+    return exitUsage;
+}
+
+int runVerb(const Verb& verb, std::span<const std::string_view> words) {
+    if (std::ranges::find(words, "--help") != words.end()) {
+        std::cout << helpText(verb.usage, verb.purpose, allOptions(verb));
+        return exitDone;
+    }
+    try {
+        return verb.run(Arguments(words, allOptions(verb)));
+    } catch (const UsageError& error) {
+        return usageProblem(error.what(), verb.name);
+    } catch (const std::exception& error) {
+        std::cerr << "tarvik: " << error.what() << "\n";
+        return exitFailed;
+    }
+}
+
+} // namespace
+
+std::vector<Option> commonOptions() {
+    return {{"--com1", "DEV", "the device that COM1 is (likewise --com2, --com3, --com4)"},
+            {"--com2", "DEV", ""},
+            {"--com3", "DEV", ""},
+            {"--com4", "DEV", ""},
+            {"--lcucomms", "N", "ports to search: 12 or 34 for two of them, 1 to 4 for that one"},
+            {"--home", "DIR", "everything read or written lies below DIR"},
+            {"--no-trap", "", "let run-time errors through (for developers)"}};
+}
+
+ProgramOptions programOptions(const Arguments& arguments) {
+    constexpr std::array<std::string_view, 4> names{"--com1", "--com2", "--com3", "--com4"};
+    ProgramOptions options;
+    for (std::size_t i = 0; i < names.size(); ++i) options.ports[i] = arguments.text(names[i]);
+    if (const auto home = arguments.text("--home")) options.home = *home;
+    options.trapErrors = !arguments.has("--no-trap");
+    return options;
+}
+
+std::int32_t searchedPorts(const Arguments& arguments, const Settings& settings) {
+    const auto ports = arguments.whole("--lcucomms");
+    if (!ports) return settings.lcuComms;
+    if (std::ranges::find(lcuCommsChoices, *ports) == lcuCommsChoices.end()) {
+        throw UsageError("--lcucomms expects 12, 34, 1, 2, 3 or 4");
+    }
+    return static_cast<std::int32_t>(*ports);
+}
+
+int runCommandLine(std::span<const std::string_view> words) {
+    if (words.empty() || words.front() == "--help" || words.front() == "help") {
+        printOverview(words.empty() ? std::cerr : std::cout);
+        return words.empty() ? exitUsage : exitDone;
+    }
+    if (words.front() == "--version") {
+        std::cout << "Tarvik " << versionText(programVersion()) << "\n";
+        return exitDone;
+    }
+    const auto all = verbs();
+    const auto verb = std::ranges::find(all, words.front(), &Verb::name);
+    if (verb == all.end()) return usageProblem("unknown verb \"" + std::string(words.front()) + "\"", "");
+    return runVerb(*verb, words.subspan(1));
+}
+
+} // namespace tarvik

@@ -1,0 +1,60 @@
+// A logging run at a terminal: one line of progress on standard error, and the ends that the command line
+// names.
+#pragma once
+
+#include "cli/stop_signals.h"
+#include "lcu/run_view.h"
+#include "platform/clock.h"
+
+#include <optional>
+
+namespace tarvik {
+
+/// When the run ends by itself; any of them.
+struct RunEnds {
+    std::optional<long> keptScans;
+    std::optional<double> seconds;
+    std::optional<double> depth; ///< metres, reached in the direction of logging
+};
+
+class ConsoleRunView final : public RunView {
+  public:
+    ConsoleRunView(const Clock& clock, const StopSignals& signals, const RunEnds& ends, RunChoice choice,
+                   bool recording)
+        : clock_(clock), signals_(signals), ends_(ends), choice_(choice), recording_(recording) {}
+
+    RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) override;
+    bool stopRequested() override;
+    bool recording() override { return recording_; }
+    void setRecording(bool on) override { recording_ = on; }
+    void setEnabled(bool) override {}
+    void winchPrompt(std::string_view firstLine, std::string_view secondLine) override;
+    void runStarted(const RunHeader& header, const Path& file) override;
+    void LCU_ShowLCUCurrent(float milliamps, float volts) override;
+    void LCU_ShowDepthSpeed(double, double) override {}
+    void LCU_ShowLoggingProgress(const RunProgress& progress) override;
+    void scanKept(const KeptScanView& scan) override;
+    void keepingState(KeepingState state, std::string_view words) override;
+    void runEnded(const Path& file, long scansWritten) override;
+
+    [[nodiscard]] const Path& file() const { return file_; }
+    [[nodiscard]] long scansWritten() const { return scansWritten_; }
+
+  private:
+    const Clock& clock_;
+    const StopSignals& signals_;
+    RunEnds ends_;
+    RunChoice choice_;
+    bool recording_;
+
+    RunSetup setup_;
+    Path file_;
+    long scansWritten_ = 0;
+    long kept_ = 0;
+    double depth_ = 0;
+    float milliamps_ = 0;
+    std::optional<std::int64_t> startTick_;
+    bool endReached_ = false;
+};
+
+} // namespace tarvik

@@ -1,0 +1,81 @@
+// tarvik fit: a calibration polynomial through points from standard input.
+#include "app/error_trap.h"
+#include "base/number_picture.h"
+#include "base/text.h"
+#include "cli/verb.h"
+#include "equipment/polynomial_fit.h"
+
+#include <array>
+#include <charconv>
+#include <iostream>
+#include <sstream>
+
+namespace tarvik {
+
+namespace {
+
+/// One "x y" per line; blank lines and lines that begin with "#" are passed over.
+std::vector<FitPoint> readPoints(std::istream& in) {
+    std::vector<FitPoint> points;
+    std::string line;
+    for (int number = 1; std::getline(in, line); ++number) {
+        std::istringstream words(line);
+        std::string x, y, more;
+        if (!(words >> x) || x.front() == '#') continue;
+        words >> y >> more;
+        const auto xValue = parseNumber(x), yValue = parseNumber(y);
+        if (!xValue || !yValue || !more.empty()) {
+            throw Failure(ErrorNumber::typeMismatch, "standard input, line " + std::to_string(number) +
+                                                         ": expected two numbers \"x y\", found \"" + line +
+                                                         "\"");
+        }
+        points.push_back({*xValue, *yValue});
+    }
+    return points;
+}
+
+/// 17 digits: every coefficient reads back as it is.
+std::string exactNumber(double value) {
+    std::array<char, 40> text{};
+    return {text.data(),
+            std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 17).ptr};
+}
+
+/// No program is started for a fit: an error goes straight to the terminal.
+class TerminalReporter final : public ErrorReporter {
+  public:
+    void report(const ErrorReport& error) override { std::cerr << "tarvik: " << error.description << "\n"; }
+};
+
+int runFit(const Arguments& arguments) {
+    if (!arguments.rest().empty())
+        throw UsageError("points are read from standard input, not from a file name");
+    const auto order = arguments.whole("--order");
+    if (!order) throw UsageError("--order is missing");
+    TerminalReporter reporter;
+    ErrorTrap errors(reporter);
+    const auto points = readPoints(std::cin);
+    const PolynomialFit fit = PolyCalibration_getpolycoefficients(errors, static_cast<int>(*order), points);
+    if (!fit.ok) {
+        if (!fit.message.empty()) std::cerr << "tarvik: " << trimmed(fit.message) << "\n";
+        return exitFailed;
+    }
+    for (long k = 0; k <= *order; ++k) {
+        std::cout << exactNumber(fit.coefficients[static_cast<std::size_t>(k)]) << "\n";
+    }
+    return exitDone;
+}
+
+} // namespace
+
+Verb fitVerb() {
+    return {.name = "fit",
+            .usage = "fit --order M < points",
+            .purpose =
+                "fit a calibration polynomial through points; prints the coefficients, lowest power first\n"
+                "Points come from standard input, one \"x y\" a line.",
+            .options = {{"--order", "M", "order of the polynomial, 1 to 20"}},
+            .run = runFit};
+}
+
+} // namespace tarvik

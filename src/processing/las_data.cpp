@@ -1,0 +1,211 @@
+#include "processing/las_data.h"
+
+#include "base/failure.h"
+#include "base/number_picture.h"
+#include "base/text.h"
+#include "processing/log_filter.h"
+#include "processing/log_interpolation.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarvik {
+
+namespace {
+
+[[noreturn]] void refuse(const std::string& what) {
+    throw Failure(ErrorNumber::typeMismatch, "LAS export: " + what);
+}
+
+void tell(const ExportList& list, const std::string& line) {
+    if (list) list(line);
+}
+
+// --- depths ------------------------------------------------------------------------------------------------
+
+struct DepthChoice {
+    double start = 0;
+    double stop = 0;
+    std::optional<double> step;
+};
+
+DepthChoice chooseDepths(const ReviewLog& log, const LasExportOptions& options) {
+    if (log.depth.empty()) refuse("the run holds no depth steps, there is nothing to export");
+    const auto [smallest, largest] = std::ranges::minmax(log.depth);
+    const DepthChoice choice{options.start.value_or(smallest), options.stop.value_or(largest), options.step};
+    if (!std::isfinite(choice.start) || !std::isfinite(choice.stop)) refuse("start and stop must be numbers");
+    if (choice.start > choice.stop) {
+        refuse("the start " + shortestNumber(choice.start) + " is greater than the stop " +
+               shortestNumber(choice.stop) + ", enter the smaller depth as start");
+    }
+    if (choice.step && !(*choice.step > 0 && std::isfinite(*choice.step))) {
+        refuse("the step " + shortestNumber(*choice.step) + " must be greater than 0");
+    }
+    return choice;
+}
+
+DepthSteps regularSteps(const DepthChoice& choice) {
+    const double last = std::floor((choice.stop - choice.start) / *choice.step + sameDepth);
+    if (last >= static_cast<double>(maxReviewSteps)) {
+        refuse("the step " + shortestNumber(*choice.step) + " gives " + shortestNumber(last + 1) +
+               " lines, the most is 80000: choose a larger step or a shorter interval");
+    }
+    return {.start = choice.start, .step = *choice.step, .count = static_cast<std::size_t>(last) + 1};
+}
+
+/// The step of depths that lie evenly, each rounded to a thousandth; 0 when they do not.
+double evenStep(const std::vector<double>& depth) {
+    if (depth.size() < 2) return 0;
+    const double step = (depth.back() - depth.front()) / static_cast<double>(depth.size() - 1);
+    for (std::size_t i = 0; i < depth.size(); ++i) {
+        if (std::abs(depth[i] - (depth.front() + static_cast<double>(i) * step)) > 0.001 + sameDepth)
+            return 0;
+    }
+    return std::max(step, 0.0);
+}
+
+void warnOfRounding(double step, const ExportList& list) {
+    if (std::abs(step * 100 - std::round(step * 100)) <= sameDepth) return;
+    tell(list, "Warning: the step " + formatPicture(step, "###0.0##") +
+                   " is no multiple of 0.01, depths are rounded");
+}
+
+// --- channels ----------------------------------------------------------------------------------------------
+
+/// One channel of the log that can go out.
+struct Source {
+    std::string_view name;
+    std::string_view unit;
+    bool calibrated;
+    const std::vector<float>* values;
+};
+
+Source sourceOf(const ReviewChannel& channel) {
+    return {trimmed(channel.name), channel.unit, channel.calibrated, &channel.values};
+}
+
+std::vector<Source> recordedSources(const ReviewLog& log) {
+    std::vector<Source> sources;
+    for (const ReviewChannel& channel : log.channels) sources.push_back(sourceOf(channel));
+    return sources;
+}
+
+/// The named channels in the order of the names, `extra` (time and supply) among them.
+std::vector<Source> namedSources(const ReviewLog& log, std::span<const Source> extra,
+                                 std::span<const std::string> names) {
+    std::vector<Source> all = recordedSources(log);
+    all.insert(all.end(), extra.begin(), extra.end());
+    std::vector<Source> chosen;
+    for (const std::string& name : names) {
+        const auto found = std::ranges::find(all, trimmed(name), &Source::name);
+        if (found == all.end()) refuse("the run has no channel \"" + name + "\"");
+        chosen.push_back(*found);
+    }
+    return chosen;
+}
+
+std::vector<Source> chooseSources(const ReviewLog& log, const std::vector<float>& time,
+                                  const LasExportOptions& options) {
+    if (options.channels.empty()) return recordedSources(log);
+    std::vector<Source> extra;
+    if (!time.empty()) extra.push_back({"TIME", "seconds", true, &time});
+    for (const ReviewChannel* channel : {&log.current, &log.voltage, &log.marker}) {
+        if (!channel->values.empty()) extra.push_back(sourceOf(*channel));
+    }
+    return namedSources(log, extra, options.channels);
+}
+
+std::vector<LasCurve> curvesOf(std::span<const Source> sources, const LasExportOptions& options) {
+    std::vector<LasCurve> curves;
+    for (const Source& source : sources) {
+        curves.push_back({std::string(source.name), std::string(source.unit), std::nullopt});
+    }
+    for (const ChannelFilter& filter : options.filters) {
+        const auto length = filterLength(filter.setting);
+        bool found = false;
+        for (LasCurve& curve : curves) {
+            if (curve.name != trimmed(filter.channel)) continue;
+            curve.filter = length;
+            found = true;
+        }
+        if (!found) refuse("there is no channel \"" + filter.channel + "\" to be filtered");
+    }
+    return curves;
+}
+
+std::vector<std::vector<float>> filteredColumns(std::span<const Source> sources,
+                                                std::span<const LasCurve> curves) {
+    std::vector<std::vector<float>> columns;
+    columns.reserve(sources.size());
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+        columns.push_back(*sources[i].values);
+        if (curves[i].filter) Logprintexport_filterlogdata(columns.back(), std::to_string(*curves[i].filter));
+    }
+    return columns;
+}
+
+// --- to the depths -----------------------------------------------------------------------------------------
+
+void interpolate(LasData& data, std::span<const double> loaded, const DepthSteps& steps) {
+    const LogInterpolation interpolation(loaded, steps);
+    data.depth.reserve(steps.count);
+    for (std::size_t i = 0; i < steps.count; ++i) data.depth.push_back(steps.at(i));
+    for (auto& column : data.columns) column = interpolation.Logprintexport_interplogdata(column);
+}
+
+/// Keeps the loaded steps between start and stop.
+void select(LasData& data, std::span<const double> loaded) {
+    const auto chosen = [&](double depth) {
+        return depth >= data.well.start - sameDepth && depth <= data.well.stop + sameDepth;
+    };
+    std::ranges::copy_if(loaded, std::back_inserter(data.depth), chosen);
+    if (data.depth.empty()) refuse("the run has no depth step between start and stop");
+    if (data.depth.size() == loaded.size()) return;
+    for (auto& column : data.columns) {
+        std::size_t kept = 0;
+        for (std::size_t i = 0; i < loaded.size(); ++i) {
+            if (chosen(loaded[i])) column[kept++] = column[i];
+        }
+        column.resize(kept);
+    }
+}
+
+} // namespace
+
+LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options, const ExportList& list) {
+    if (options.decimals < 2 || options.decimals > 5) refuse("data are written with 2 to 5 decimals");
+    if (!parseNumber(options.nullText)) refuse("the null value \"" + options.nullText + "\" is no number");
+    const DepthChoice choice = chooseDepths(log, options);
+    const std::optional<DepthSteps> steps = choice.step ? std::optional(regularSteps(choice)) : std::nullopt;
+
+    const std::vector<float> time(log.time.begin(), log.time.end());
+    const std::vector<Source> sources = chooseSources(log, time, options);
+    LasData data{.well = {.units = log.header.setup.units,
+                          .start = choice.start,
+                          .stop = choice.stop,
+                          .step = 0,
+                          .nullText = options.nullText},
+                 .curves = curvesOf(sources, options),
+                 .depth = {},
+                 .columns = {}};
+    for (const Source& source : sources) {
+        if (source.values->size() != log.steps()) {
+            refuse("the channel " + std::string(source.name) + " was not loaded whole, open the run again");
+        }
+        if (!source.calibrated) tell(list, "Warning: " + std::string(source.name) + " is not calibrated");
+    }
+
+    data.columns = filteredColumns(sources, data.curves);
+    if (steps) {
+        tell(list, "Interpolate...");
+        interpolate(data, log.depth, *steps);
+        data.well.step = steps->step;
+    } else {
+        select(data, log.depth);
+        data.well.step = evenStep(data.depth);
+    }
+    warnOfRounding(data.well.step, list);
+    return data;
+}
+
+} // namespace tarvik

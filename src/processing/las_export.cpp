@@ -1,0 +1,64 @@
+#include "processing/las_export.h"
+
+#include "processing/las_data.h"
+
+namespace tarvik {
+
+namespace {
+
+/// Collects lines and writes them in large pieces; the first one begins the file anew.
+class LasFile {
+  public:
+    LasFile(Files& files, const Path& file) : files_(files), file_(file) { text_.reserve(pieceBytes + 4096); }
+
+    [[nodiscard]] std::string& text() { return text_; }
+    void writeFullPiece() {
+        if (text_.size() >= pieceBytes) write();
+    }
+    void write() {
+        if (begun_) {
+            files_.append(file_, asBytes(text_));
+        } else {
+            files_.replace(file_, asBytes(text_));
+        }
+        begun_ = true;
+        text_.clear();
+    }
+
+  private:
+    static constexpr std::size_t pieceBytes = std::size_t{1} << 20;
+
+    Files& files_;
+    const Path& file_;
+    std::string text_;
+    bool begun_ = false;
+};
+
+} // namespace
+
+bool LasExport::Logprintexport_exportLASfile(const ReviewLog& log, const Path& file,
+                                             const LasExportOptions& options, const ExportList& list) {
+    return errors_.run("Logprintexport_exportLASfile", false, [&](Level& level) {
+        const LasData data = prepareLasData(log, options, list);
+        level = 1; // the header
+        LasFile las(files_, file);
+        las.text() += lasVersionSection();
+        las.text() += lasWellSection(data.well, log.header.hole, log.header.runDate);
+        las.text() += lasCurveSection(data.well.units, data.curves);
+        las.text() += lasFilterNote(data.curves);
+        las.text() += lasParameterSection(options.holeAzimuth, options.holeInclination);
+        las.text() += lasColumnLine(data.curves);
+        level = 2; // the data
+        for (const std::string_view line : {"Write", "data to file"}) {
+            if (list) list(line);
+        }
+        for (std::size_t row = 0; row < data.depth.size(); ++row) {
+            appendLasRow(las.text(), data.depth[row], data.columns, row, options.decimals, options.nullText);
+            las.writeFullPiece();
+        }
+        las.write();
+        return true;
+    });
+}
+
+} // namespace tarvik

@@ -1,0 +1,47 @@
+// The texts of a LAS 2.0 file, as pure functions: sections of lines that end with CR LF, in the single-byte
+// code page of the program's other files.
+#pragma once
+
+#include "base/depth_units.h"
+#include "base/run_header.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvik {
+
+struct LasWell {
+    DepthUnits units = DepthUnits::metres;
+    double start = 0;
+    double stop = 0;
+    double step = 0; ///< 0: no regular step
+    std::string_view nullText;
+};
+
+struct LasCurve {
+    std::string name;
+    std::string unit;
+    std::optional<int> filter; ///< window length in points; nothing: raw data
+};
+
+/// "M" or "FT".
+[[nodiscard]] std::string_view lasDepthUnit(DepthUnits units);
+
+[[nodiscard]] std::string lasVersionSection();
+[[nodiscard]] std::string lasWellSection(const LasWell& well, const HoleDetails& hole, std::string_view date);
+/// The depth curve goes first; `curves` are the channels behind it, numbered from 2.
+[[nodiscard]] std::string lasCurveSection(DepthUnits units, std::span<const LasCurve> curves);
+[[nodiscard]] std::string lasFilterNote(std::span<const LasCurve> curves);
+[[nodiscard]] std::string lasParameterSection(std::string_view azimuth, std::string_view inclination);
+/// "~A     Depth" and the names over their columns.
+[[nodiscard]] std::string lasColumnLine(std::span<const LasCurve> curves);
+
+/// One data line: the depth, then the value of each column at `row`. A column is 12 wide and grows, with a
+/// blank in front, when a number needs more, so that two numbers never run together.
+void appendLasRow(std::string& text, double depth, std::span<const std::vector<float>> columns,
+                  std::size_t row, int decimals, std::string_view nullText);
+
+} // namespace tarvik

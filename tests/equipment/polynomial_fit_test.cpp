@@ -1,0 +1,216 @@
+#include "equipment/polynomial_fit.h"
+
+#include "equipment/error_log_double.h"
+
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace tarvik {
+namespace {
+
+using Points = std::vector<FitPoint>;
+
+class PolynomialFitTest : public testing::Test {
+  protected:
+    PolynomialFit fit(int order, const Points& points) {
+        return PolyCalibration_getpolycoefficients(trap, order, points);
+    }
+
+    KeptErrors errors;
+    ErrorTrap trap{errors};
+};
+
+Points parabola(std::initializer_list<double> readings) {
+    Points points;
+    for (const double x : readings) points.push_back({x, 3 - 2 * x + 0.5 * x * x});
+    return points;
+}
+
+/// The same least-squares problem solved another way: modified Gram-Schmidt on the single-precision points in
+/// extended precision, without normal equations.
+std::vector<long double> referenceFit(int order, const Points& points) {
+    const auto size = static_cast<std::size_t>(order) + 1;
+    std::vector<std::vector<long double>> q(size, std::vector<long double>(points.size()));
+    std::vector<std::vector<long double>> r(size, std::vector<long double>(size));
+    std::vector<long double> rest;
+    for (const FitPoint& point : points) rest.push_back(static_cast<float>(point.y));
+    const auto dot = [](const auto& a, const auto& b) {
+        long double sum = 0;
+        for (std::size_t i = 0; i < a.size(); ++i) sum += a[i] * b[i];
+        return sum;
+    };
+    std::vector<long double> coefficients(size);
+    for (std::size_t k = 0; k < size; ++k) {
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            q[k][i] =
+                std::pow(static_cast<long double>(static_cast<float>(points[i].x)), static_cast<int>(k));
+        }
+        for (std::size_t earlier = 0; earlier < k; ++earlier) {
+            r[earlier][k] = dot(q[earlier], q[k]);
+            for (std::size_t i = 0; i < points.size(); ++i) q[k][i] -= r[earlier][k] * q[earlier][i];
+        }
+        r[k][k] = std::sqrt(dot(q[k], q[k]));
+        for (long double& entry : q[k]) entry /= r[k][k];
+        coefficients[k] = dot(q[k], rest);
+    }
+    for (std::size_t k = size; k-- > 0;) {
+        for (std::size_t later = k + 1; later < size; ++later) {
+            coefficients[k] -= r[k][later] * coefficients[later];
+        }
+        coefficients[k] /= r[k][k];
+    }
+    return coefficients;
+}
+
+TEST_F(PolynomialFitTest, TwoPointsMakeALineInFullPrecision) {
+    // 0.1 and 0.3 are not singles: a fit through the sums would show it.
+    const PolynomialFit line = fit(1, {{0.1, 1.7}, {0.3, 2.9}});
+    ASSERT_TRUE(line.ok);
+    EXPECT_EQ(line.message, "OK");
+    const double slope = (2.9 - 1.7) / (0.3 - 0.1);
+    EXPECT_EQ(line.coefficients[1], slope);
+    EXPECT_EQ(line.coefficients[0], 2.9 - slope * 0.3);
+    EXPECT_NE(line.coefficients[0], 1.7 - slope * 0.1) << "these points tell the first from the second";
+}
+
+TEST_F(PolynomialFitTest, ThreePointsGiveTheirParabola) {
+    const PolynomialFit curve = fit(2, parabola({-1, 2, 5}));
+    ASSERT_TRUE(curve.ok);
+    EXPECT_EQ(curve.message, "OK");
+    EXPECT_NEAR(curve.coefficients[0], 3, 1e-12);
+    EXPECT_NEAR(curve.coefficients[1], -2, 1e-12);
+    EXPECT_NEAR(curve.coefficients[2], 0.5, 1e-12);
+    EXPECT_EQ(curve.coefficients[3], 0);
+}
+
+TEST_F(PolynomialFitTest, AgreesWithAnotherMethodOnOrdinaryPoints) {
+    const Points points{{0.1, 2.02}, {0.9, 3.41}, {2.2, 4.07}, {3.05, 3.6},
+                        {4.4, 2.2},  {5.3, 1.9},  {6.7, 2.55}, {7.1, 4.4}};
+    for (int order = 1; order <= 6; ++order) {
+        const PolynomialFit curve = fit(order, points);
+        ASSERT_TRUE(curve.ok) << order;
+        const auto expected = referenceFit(order, points);
+        for (std::size_t k = 0; k < expected.size(); ++k) {
+            const auto want = static_cast<double>(expected[k]);
+            EXPECT_NEAR(curve.coefficients[k], want, 1e-4 * std::abs(want)) << order << ", term " << k;
+        }
+    }
+}
+
+TEST_F(PolynomialFitTest, TheSumsSeeSinglePrecision) {
+    // The readings differ by less than a single can hold: unequal as they stand, one and the same in the
+    // sums.
+    const PolynomialFit curve = fit(2, {{1.0, 1}, {1.0 + 1e-12, 2}, {1.0 + 2e-12, 3}});
+    EXPECT_FALSE(curve.ok);
+    EXPECT_EQ(curve.message, "Matrix Inversion Error");
+    EXPECT_TRUE(errors.kept.empty());
+
+    const PolynomialFit line = fit(1, {{0.1, 0.1}, {0.2, 0.2}, {0.3, 0.1}});
+    const auto expected = referenceFit(1, {{0.1, 0.1}, {0.2, 0.2}, {0.3, 0.1}});
+    EXPECT_NEAR(line.coefficients[0], static_cast<double>(expected[0]), 1e-14);
+    EXPECT_GT(std::abs(line.coefficients[0] - 0.4 / 3), 1e-11) << "double copies would give four thirtieths";
+}
+
+TEST_F(PolynomialFitTest, RefusesWithItsOwnWords) {
+    const std::string order = " ERROR: Invalid polynomial order.";
+    const std::string unique = "Curve Fit Error: Non-unique sensor calibration points. ";
+    struct Case {
+        int order;
+        Points points;
+        std::string message;
+    };
+    const Case cases[] = {
+        {2, {{1, 1}, {2, 2}}, order},
+        {1, {{1, 1}}, order},
+        {1, {}, order},
+        {0, parabola({1, 2, 3}), order},
+        {-1, parabola({1, 2, 3}), order},
+        {21, parabola({1, 2, 3}), order},
+        {1, {{1, 1}, {1, 2}}, unique},
+        {21, {{4, 1}, {2, 2}, {4, 3}}, unique}, // before the order is looked at
+    };
+    for (const Case& c : cases) {
+        const PolynomialFit refused = fit(c.order, c.points);
+        EXPECT_FALSE(refused.ok) << c.order;
+        EXPECT_EQ(refused.message, c.message);
+    }
+    EXPECT_TRUE(fit(2, {{1, 5}, {2, 5}, {3, 5}}).ok) << "equal reference values are no fault";
+    EXPECT_TRUE(errors.kept.empty());
+}
+
+TEST_F(PolynomialFitTest, MoreUnknownsThanPointsFailOnlyAtTheZeroPivot) {
+    EXPECT_EQ(fit(5, {{-1, 1}, {0, 2}, {1, 3}}).message, "Matrix Inversion Error");
+    EXPECT_NE(fit(20, {{1, 1}, {2, 2}, {3, 5}}).message, " ERROR: Invalid polynomial order.");
+    EXPECT_TRUE(errors.kept.empty());
+}
+
+TEST_F(PolynomialFitTest, OrdersAbove10TakeZeroForTheMissingSums) {
+    const auto powersOf = [](int power) {
+        Points points;
+        for (int i = -8; i <= 8; ++i) points.push_back({i / 8.0, std::pow(i / 8.0, power)});
+        return points;
+    };
+    const PolynomialFit ten = fit(10, powersOf(10));
+    ASSERT_TRUE(ten.ok);
+    EXPECT_NEAR(ten.coefficients[10], 1, 1e-3) << "exact up to here";
+    const PolynomialFit eleven = fit(11, powersOf(11));
+    ASSERT_TRUE(eleven.ok);
+    EXPECT_GT(std::abs(eleven.coefficients[11] - 1), 0.5) << "without its 23rd sum it is another system";
+}
+
+TEST_F(PolynomialFitTest, OverflowAndNonsenseGoToTheErrorLog) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    const Points bad[] = {
+        {{1, 1}, {2, 2}, {1e15, 3}},                                                      // 1e15 to the 21st
+        {{1, 1}, {2, 2}, {1e39, 3}},                                                      // no single
+        {{1, 1}, {2, 2}, {nan, 3}},  {{1, 1}, {2, infinity}, {3, 3}}, {{1, 1}, {2, nan}}, // the line
+        {{1, -1e308}, {2, 1e308}},
+    };
+    for (const Points& points : bad) {
+        errors.kept.clear();
+        const PolynomialFit failed = fit(1, points);
+        EXPECT_FALSE(failed.ok);
+        EXPECT_EQ(failed.message, "");
+        ASSERT_EQ(errors.kept.size(), 1U);
+        EXPECT_EQ(errors.kept[0].routine, "PolyCalibration_getpolycoefficients");
+        EXPECT_EQ(errors.kept[0].number, 6);
+    }
+    EXPECT_TRUE(fit(1, {{1, 1}, {2, 2}, {1e14, 3}}).ok) << "1e14 to the 21st fits";
+}
+
+TEST_F(PolynomialFitTest, InvertsInPlaceWithRowsExchanged) {
+    FitMatrix a{};
+    a[0] = {0, 2, 1};
+    a[1] = {1, 1, 0};
+    a[2] = {4, 0, 3};
+    const FitMatrix before = a;
+    const MatrixInversion inversion = PolyCalibration_invdet(trap, a, 3);
+    ASSERT_TRUE(inversion.ok);
+    EXPECT_EQ(inversion.message, "Matrix inversion OK!");
+    for (std::size_t i = 0; i < 3; ++i) {
+        for (std::size_t j = 0; j < 3; ++j) {
+            double product = 0;
+            for (std::size_t k = 0; k < 3; ++k) product += before[i][k] * a[k][j];
+            EXPECT_NEAR(product, i == j ? 1 : 0, 1e-15) << i << ',' << j;
+        }
+    }
+}
+
+TEST_F(PolynomialFitTest, AZeroPivotIsNoInverse) {
+    FitMatrix a{};
+    a[0] = {1, 2};
+    a[1] = {2, 4};
+    const MatrixInversion inversion = PolyCalibration_invdet(trap, a, 2);
+    EXPECT_FALSE(inversion.ok);
+    EXPECT_EQ(inversion.message, "Matrix Inversion Error");
+    EXPECT_FALSE(PolyCalibration_invdet(trap, a, 23).ok);
+    ASSERT_EQ(errors.kept.size(), 1U);
+    EXPECT_EQ(errors.kept[0].number, 9);
+}
+
+} // namespace
+} // namespace tarvik
