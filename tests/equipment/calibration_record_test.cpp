@@ -18,7 +18,7 @@ TEST(CalibrationRecord, GoesThereAndBack) {
                      .time = "09:12:34",
                      .calibratedBy = "Someone",
                      .kind = "Field",
-                     .serialNumber = {}};
+                     .serialNumber = "taken from the tool"};
     made.order = 2;
     made.coefficients = {0.1, -2, 3e-5};
     made.coefficients.back() = 1e300;
