@@ -1,5 +1,7 @@
 #include "app/elk_settings.h"
 
+#include "app/stored_settings.h"
+
 #include <algorithm>
 #include <string>
 
@@ -8,6 +10,16 @@ namespace tarvik {
 namespace {
 
 constexpr std::string_view section = "ELK tool";
+
+void read(const ElkKey& key, const SettingsStore& store, NumberText& value) {
+    const auto text = store.get(section, key.name);
+    if (!text) return;
+    try {
+        value = NumberText(*text);
+    } catch (const Failure& failure) {
+        throw unreadableSetting(failure.number(), section, key.name, *text, key.defaultText);
+    }
+}
 
 } // namespace
 
@@ -25,7 +37,7 @@ ElkSettings StoredElkSettings::load() {
         for (std::size_t i = 0; i < elkKeys.size(); ++i) {
             errors_.run(routine, [&](Level& level) {
                 level = static_cast<Level>(i + 1);
-                if (const auto text = store_.get(section, elkKeys[i].name)) settings[i] = NumberText(*text);
+                read(elkKeys[i], store_, settings[i]);
             });
         }
         return settings;

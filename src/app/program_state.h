@@ -21,6 +21,7 @@ struct ProgramState {
     bool editing = false;
     bool started = false;
     bool firstActivationDone = false;
+    bool searching = false; ///< for an LCU: no command may start until the search has ended
 
     /// Exit asks first. Set each time the review logs are drawn and by "No" in the exit dialog; cleared at
     /// first activation, by every reset of the print button and by "Yes".

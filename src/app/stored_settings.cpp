@@ -108,11 +108,7 @@ void read(const Key& key, const SettingsStore& store, Settings& settings) {
     try {
         std::visit(Reader{settings, text}, key.member);
     } catch (const Failure& failure) {
-        throw Failure(failure.number(), "The setting [" + std::string(key.section) + "] " +
-                                            std::string(key.name) + " = \"" + text +
-                                            "\" cannot be read; its default \"" +
-                                            std::string(key.defaultText) + "\" is used instead. Correct it " +
-                                            "in the set-up screen or in the settings store");
+        throw unreadableSetting(failure.number(), key.section, key.name, text, key.defaultText);
     }
 }
 
@@ -124,6 +120,15 @@ bool isToBeWritten(const Key& key, const SettingsStore& store, std::string_view 
 }
 
 } // namespace
+
+Failure unreadableSetting(ErrorNumber number, std::string_view section, std::string_view key,
+                          std::string_view text, std::string_view defaultText) {
+    std::string words = "The setting [";
+    words.append(section).append("] ").append(key).append(" = \"").append(text);
+    words.append("\" cannot be read; its default \"").append(defaultText);
+    words.append("\" is used instead. Correct it in the set-up screen or in the settings store");
+    return {number, words};
+}
 
 Settings StoredSettings::Utilities_loadregsettings() {
     constexpr std::string_view routine = "Utilities_loadregsettings";

@@ -7,9 +7,16 @@
 
 #include "app/error_trap.h"
 #include "app/settings.h"
+#include "base/failure.h"
 #include "platform/settings_store.h"
 
+#include <string_view>
+
 namespace tarvik {
+
+/// The conversion error of one key, in words: which key, what it holds, what is used instead.
+[[nodiscard]] Failure unreadableSetting(ErrorNumber number, std::string_view section, std::string_view key,
+                                        std::string_view text, std::string_view defaultText);
 
 class StoredSettings {
   public:

@@ -1,6 +1,5 @@
 // tarvik equipment: the maker's tools and winches, and the user's own.
-#include "cli/console_operator.h"
-#include "cli/verb.h"
+#include "cli/terminal.h"
 
 #include "base/text.h"
 
@@ -94,8 +93,8 @@ int runEquipment(const Arguments& arguments) {
     const auto expect = [&](std::size_t count, std::string_view what) {
         if (words.size() != count) throw UsageError(act + " expects " + std::string(what));
     };
-    ConsoleOperator console;
-    Program program(programOptions(arguments), console);
+    Terminal terminal;
+    Program program(programOptions(arguments), terminal.shell());
     if (act == "list") return list(program);
     if (act == "add-tool" || act == "add-winch") {
         expect(3, "a code and a serial number");

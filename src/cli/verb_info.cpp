@@ -1,7 +1,6 @@
 // tarvik info: what a run file holds.
-#include "cli/console_operator.h"
 #include "cli/json.h"
-#include "cli/verb.h"
+#include "cli/terminal.h"
 
 #include <iostream>
 
@@ -91,8 +90,8 @@ void printText(const RunFacts& facts) {
 
 int runInfo(const Arguments& arguments) {
     const Path file = arguments.only("run file");
-    ConsoleOperator console;
-    Program program(programOptions(arguments), console);
+    Terminal terminal;
+    Program program(programOptions(arguments), terminal.shell());
     auto log = program.runReader.Tarvikfileopen(file);
     if (!log) return exitFailed;
     const RunFacts facts{file, readRunHeader(program.files, file), std::move(*log)};

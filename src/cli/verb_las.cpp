@@ -1,6 +1,5 @@
 // tarvik las: a run written as a LAS 2.0 file.
-#include "cli/console_operator.h"
-#include "cli/verb.h"
+#include "cli/terminal.h"
 
 #include <iostream>
 
@@ -36,8 +35,8 @@ int runLas(const Arguments& arguments) {
     const auto output = arguments.text("-o");
     if (!output) throw UsageError("-o OUT.las is missing");
     const LasExportOptions options = exportOptions(arguments);
-    ConsoleOperator console;
-    Program program(programOptions(arguments), console);
+    Terminal terminal;
+    Program program(programOptions(arguments), terminal.shell());
     const auto log = program.runReader.Tarvikfileopen(run);
     if (!log) return exitFailed;
     const auto show = [](std::string_view line) { std::cerr << line << "\n"; };

@@ -1,8 +1,6 @@
 // tarvik log: a logging run, from the search for the LCU to the run file's path.
-#include "cli/console_operator.h"
 #include "cli/console_run_view.h"
-#include "cli/stop_signals.h"
-#include "cli/verb.h"
+#include "cli/terminal.h"
 
 #include "base/text.h"
 #include "lcu/depth_setting.h"
@@ -20,18 +18,20 @@ constexpr std::array<std::string_view, 2> unitNames{"Metres", "Feet"};
 constexpr std::array<std::string_view, 2> samplingNames{"TIME", "DEPTH"};
 constexpr std::array<std::string_view, 2> directionNames{"DOWN", "UP"};
 
-/// "CODE" or "CODE:SERIAL"; without the option what the settings hold.
-EquipmentChoice choiceFrom(const std::optional<std::string>& option, const EquipmentChoice& stored) {
-    if (!option) return stored;
+/// "CODE" or "CODE:SERIAL".
+void choose(const std::optional<std::string>& option, std::string& code, std::string& serial) {
+    if (!option) return;
     const auto colon = option->find(':');
-    if (colon == std::string::npos) return {*option, ""};
-    return {option->substr(0, colon), option->substr(colon + 1)};
+    code = option->substr(0, colon);
+    serial = colon == std::string::npos ? "" : option->substr(colon + 1);
 }
 
 /// What the options say instead of the settings, for this run only.
 void applyOptions(const Arguments& arguments, Settings& settings) {
     if (const auto project = arguments.text("--project")) settings.currentProject = *project;
     if (const auto hole = arguments.text("--hole")) settings.hole.holeId = *hole;
+    choose(arguments.text("--tool"), settings.currentTool, settings.currentToolSerial);
+    choose(arguments.text("--winch"), settings.currentWinch, settings.currentWinchSerial);
     if (const auto units = arguments.oneOf("--units", unitNames)) settings.depthUnits = *units;
     if (const auto sampling = arguments.oneOf("--sampling", samplingNames))
         settings.samplingMethod = *sampling;
@@ -79,7 +79,8 @@ RunChoice runChoice(const Arguments& arguments) {
     return arguments.has("--append") ? RunChoice::append : RunChoice::newRun;
 }
 
-RunOrder orderFrom(const Program& program, const Settings& settings, const RunSetup& setup) {
+RunOrder orderFrom(const Program& program, const RunSetup& setup) {
+    const Settings& settings = program.settings;
     const std::string project(trimmed(settings.currentProject));
     if (project.empty()) throw UsageError("You must select a project (--project P)");
     const std::string hole(trimmed(settings.hole.holeId));
@@ -98,11 +99,9 @@ int toolMode(const Arguments& arguments) {
     return static_cast<int>(mode);
 }
 
-void loadEquipment(const Arguments& arguments, const Settings& settings, int mode, ToolWinchData& equipment) {
-    const EquipmentChoice tool =
-        choiceFrom(arguments.text("--tool"), {settings.currentTool, settings.currentToolSerial});
-    const EquipmentChoice winch =
-        choiceFrom(arguments.text("--winch"), {settings.currentWinch, settings.currentWinchSerial});
+void loadEquipment(const Settings& settings, int mode, ToolWinchData& equipment) {
+    const EquipmentChoice tool{settings.currentTool, settings.currentToolSerial};
+    const EquipmentChoice winch{settings.currentWinch, settings.currentWinchSerial};
     equipment.ToolWinchData_loadcurrentttoolwinch(tool, winch, mode);
     const auto missing = [](std::string_view what, const EquipmentChoice& choice) {
         const std::string name =
@@ -127,41 +126,41 @@ int runLog(const Arguments& arguments) {
     const bool recording = !arguments.has("--no-record");
     const RunChoice choice = runChoice(arguments);
     const int mode = toolMode(arguments);
-    ProgramOptions options = programOptions(arguments);
-    if (const auto trace = arguments.text("--trace")) options.traceFile = *trace;
+    const RunEnds ends{.keptScans = arguments.whole("--scans"),
+                       .seconds = arguments.number("--seconds"),
+                       .depth = arguments.number("--until-depth")};
+    const auto depthToSet = arguments.number("--set-depth");
 
     // Whoever switches recording off on the command line has answered the question whether that is right.
-    ConsoleOperator console(recording ? Answer::no : Answer::yes);
-    Program program(options, console);
-    Settings settings = program.settings;
-    applyOptions(arguments, settings);
-    const RunOrder order = orderFrom(program, settings, setupFrom(arguments, settings));
-    loadEquipment(arguments, settings, mode, program.equipment);
+    Terminal terminal(recording ? Answer::no : Answer::yes);
+    Session session(arguments, terminal);
+    Program& program = session.program;
+    applyOptions(arguments, program.settings);
+    const RunOrder order = orderFrom(program, setupFrom(arguments, program.settings));
+    loadEquipment(program.settings, mode, program.equipment);
 
-    const StopSignals signals;
-    const auto stop = [&] { return signals.arrived(); };
-    const auto ports = searchedPorts(arguments, program.settings);
-    if (program.search.LCU_Locate(ports, stop) != SearchResult::found) {
-        std::cerr << "No LCU was found. Is it switched on and connected? Name its device with --com1 DEV.\n";
-        return exitFailed;
-    }
-    if (const auto depth = arguments.number("--set-depth");
-        depth && !setWinchDepth(program.lcu, program.log, *depth)) {
-        std::cerr << "The depth could not be set to " << *depth << " m: stop the winch and try again.\n";
-        program.port.close();
+    if (!session.acquire()) return exitFailed;
+    if (depthToSet && !setWinchDepth(program.lcu, program.log, *depthToSet)) {
+        std::cerr << "The depth could not be set to " << *depthToSet << " m: stop the winch and try again.\n";
         return exitFailed;
     }
 
-    ConsoleRunView view(program.clock, signals,
-                        {.keptScans = arguments.whole("--scans"),
-                         .seconds = arguments.number("--seconds"),
-                         .depth = arguments.number("--until-depth")},
-                        choice, recording);
-    RunModules modules{program.errors, program.errorLog,  program.log,       console,          view,
-                       program.clock,  program.files,     program.serial,    program.link,     program.port,
-                       program.lcu,    program.equipment, program.runReader, program.runWriter};
+    ConsoleRunView view(program.clock, terminal.signals(), ends, choice, recording);
+    RunModules modules{program.errors,
+                       program.errorLog,
+                       program.log,
+                       terminal.operatorSide(),
+                       view,
+                       program.clock,
+                       program.files,
+                       program.serial,
+                       program.link,
+                       program.port,
+                       program.lcu,
+                       program.equipment,
+                       program.runReader,
+                       program.runWriter};
     const RunResult result = LoggingRun(modules).comstartlogging(order);
-    program.port.close();
     if (result != RunResult::finished) return exitFailed;
     if (recording) std::cout << view.file().string() << "\n";
     return exitDone;

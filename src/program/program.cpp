@@ -36,38 +36,53 @@ PortDevices portDevices(const ProgramOptions& options, const MachineMap& map) {
 
 /// The drives are settings, and the settings lie in one of the places: they are added once the store is open.
 Path historyFolder(Places& places, const SettingsStore& store, OperatorSide& operatorSide) {
-    takeDrives(places, store, toOperator(operatorSide, "Drives"));
+    takeDrives(places, loadMachineMap(store).drives, toOperator(operatorSide, "Drives"));
     return places.runHistoryFolder();
 }
 
 } // namespace
 
-Program::Program(const ProgramOptions& options, OperatorSide& side, std::function<void()> yield)
-    : operatorSide(side),
+Program::Program(const ProgramOptions& options, const Shell& theShell)
+    : shell(theShell),
       places(resolvePlaces(options, files)),
-      store(files, places.settingsFile, toOperator(side, "Settings")),
-      errorLog(side, clock, files, historyFolder(places, store, side), systemTexts(querySystem())),
+      store(files, places.settingsFile, toOperator(shell.operatorSide, "Settings")),
+      system(systemTexts(querySystem())),
+      errorLog(shell.operatorSide, clock, files, historyFolder(places, store, shell.operatorSide), system),
       errors(errorLog, options.trapErrors),
       log(errors, clock, files, places.runHistoryFolder()),
       storedSettings(errors, store),
-      settings(storedSettings.Utilities_loadregsettings()),
-      devices(portDevices(options, loadMachineMap(store)), std::move(yield)),
+      devices(portDevices(options, loadMachineMap(store)), shell.yield),
       trace(options.traceFile ? std::make_unique<TracePort>(devices, clock, files, *options.traceFile,
-                                                            toOperator(side, "Transcript"))
+                                                            toOperator(shell.operatorSide, "Transcript"))
                               : nullptr),
       serial(trace ? static_cast<SerialPort&>(*trace) : devices),
       port(serial, log, link),
-      lcu(errors, log, side, port, link),
-      search(errors, log, side, port, lcu, link),
-      equipment(errors, files, log, side, calibrations, places.programFolder),
+      lcu(errors, log, shell.operatorSide, port, link),
+      search(errors, log, shell.operatorSide, port, lcu, link),
+      equipment(errors, files, log, shell.operatorSide, calibrations, places.programFolder),
       runReader(errors, log, files),
       runWriter(errors, files),
-      lasExport(errors, files) {
+      lasExport(errors, files),
+      hooks(connectHooks()),
+      frame{errors, log,  shell.operatorSide, shell.view,     hooks,
+            state,  link, settings,           storedSettings, places},
+      modes(frame),
+      developerBackup(frame, clock, files),
+      shutDown(frame, shell.window, shell.display),
+      commands(frame, modes, shutDown, developerBackup, shell.window, shell.display),
+      startUp(frame, commands, shell.window, shell.display, errorLog, system) {
     fillProgramFolder(places, files);
 }
 
-Path Program::projectFolder(std::string_view project) const {
-    return places.projectsFolder(settings.projectDrive) / Path(std::string(project));
+FrameHooks Program::connectHooks() {
+    FrameHooks to;
+    to.searchForLcu = [this] {
+        return search.LCU_Locate(settings.lcuComms, shell.searchCancelled) == SearchResult::found;
+    };
+    to.stopDataStream = [this] { lcu.stopStream(); };
+    to.closePort = [this] { port.close(); };
+    to.sleep = [this](int milliseconds) { serial.ComSleepMS(link.port, milliseconds); };
+    return to;
 }
 
 } // namespace tarvik

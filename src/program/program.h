@@ -2,11 +2,20 @@
 // desktop, test) brings the operator's side and uses the modules.
 #pragma once
 
+#include "app/command_table.h"
+#include "app/developer_backup.h"
 #include "app/error_log.h"
 #include "app/error_trap.h"
+#include "app/frame.h"
+#include "app/frame_view.h"
+#include "app/link_state.h"
 #include "app/machine_map.h"
 #include "app/operator_side.h"
+#include "app/program_modes.h"
+#include "app/program_state.h"
 #include "app/settings.h"
+#include "app/shut_down.h"
+#include "app/start_up.h"
 #include "app/status_log.h"
 #include "app/stored_settings.h"
 #include "equipment/tool_winch_data.h"
@@ -15,8 +24,8 @@
 #include "lcu/lcu_commands.h"
 #include "lcu/lcu_port.h"
 #include "lcu/lcu_search.h"
-#include "lcu/link_state.h"
 #include "platform/disk_files.h"
+#include "platform/display_queries.h"
 #include "platform/ini_settings_store.h"
 #include "platform/places.h"
 #include "platform/serial_port.h"
@@ -41,25 +50,36 @@ struct ProgramOptions {
     bool trapErrors = true;
 };
 
+/// What stands before the operator. The parts that are not brought show nothing.
+struct Shell {
+    OperatorSide& operatorSide;
+    FrameView& view;
+    MainWindow& window;
+    Display& display;
+    std::function<void()> yield;           ///< lets the window live while the port waits
+    std::function<bool()> searchCancelled; ///< asked after every wait of a search
+};
+
 class Program {
   public:
-    /// `yield` lets a window live while the port waits. Throws a Failure when the program has no place to
-    /// live or its equipment database is missing.
-    Program(const ProgramOptions& options, OperatorSide& operatorSide, std::function<void()> yield = {});
+    /// Throws a Failure when the program has no place to live or its equipment database is missing.
+    Program(const ProgramOptions& options, const Shell& shell);
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
     // In the order in which they are built: each uses those before it.
-    OperatorSide& operatorSide;
+    Shell shell;
     DiskFiles files;
     SystemClock clock;
     Places places;
     IniSettingsStore store;
+    SystemTexts system;
     ErrorLog errorLog;
     ErrorTrap errors;
     StatusLog log;
     StoredSettings storedSettings;
-    Settings settings;
+    Settings settings; ///< loaded when the frame starts up
+    ProgramState state;
 
     TermiosPort devices;
     std::unique_ptr<TracePort> trace; ///< null without a transcript
@@ -75,8 +95,16 @@ class Program {
     RunFileWriter runWriter;
     LasExport lasExport;
 
-    /// The folder of a project on the projects drive.
-    [[nodiscard]] Path projectFolder(std::string_view project) const;
+    FrameHooks hooks; ///< the calls out of the frame that no screen is needed for are in place
+    Frame frame;
+    ProgramModes modes;
+    DeveloperBackup developerBackup;
+    ShutDown shutDown;
+    CommandTable commands;
+    StartUp startUp;
+
+  private:
+    [[nodiscard]] FrameHooks connectHooks();
 };
 
 } // namespace tarvik

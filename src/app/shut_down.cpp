@@ -1,0 +1,48 @@
+#include "app/shut_down.h"
+
+namespace tarvik {
+
+void ShutDown::exit() {
+    frame_.errors.run("controlbar exit", [&](Level& level) {
+        const ProgramState& state = frame_.state;
+        if (state.logging || state.searching) {
+            frame_.operatorSide.notice("Tarvik",
+                                       state.logging ? "Stop the logging run before you leave the program."
+                                                     : "Wait until the search for the LCU has ended.",
+                                       Icon::exclamation);
+            return;
+        }
+        if (state.exitConfirmation) frame_.hooks.openScreen({"frmExit"});
+        if (state.exitConfirmation) {
+            if (state.mode == programMode::review) frame_.view.redrawReviewLogs();
+            return;
+        }
+        level = 1; // leaving
+        frame_.store.Utilities_saveregsettings(frame_.settings);
+        window_.stopMainTimer();
+        closeOpenPort(frame_);
+        level = 2;
+        window_.hide();
+        window_.processMessages();
+        window_.unload();
+        closeProgram();
+    });
+}
+
+void ShutDown::closeProgram() {
+    frame_.errors.run("program close", [&](Level& level) {
+        if (frame_.link.demo) closeOpenPort(frame_);
+        if (frame_.link.open()) {
+            closeOpenPort(frame_);
+        } else {
+            frame_.log.black("Port COM" + std::to_string(frame_.link.port) + " already closed");
+        }
+        level = 1;
+        frame_.log.black("Tarvik program closed");
+        display_.showTaskBar();
+        level = 2;
+        frame_.hooks.endProcess();
+    });
+}
+
+} // namespace tarvik

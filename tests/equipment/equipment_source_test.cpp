@@ -1,0 +1,125 @@
+#include "equipmentc/equipment_source.h"
+
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+namespace equipmentc {
+namespace {
+
+using namespace tarvik;
+
+const std::string head = "[tool]\ncode = K1\nname = One\n[mode 1]\n";
+const std::string oneChannel = "channel = A | CPS | 0 | 1 | 2 | 3\n";
+
+TEST(EquipmentSource, EveryKeyGoesIntoItsField) {
+    const auto [record, problems] = compileTool("# a remark\r\n"
+                                                "[tool]\n"
+                                                "code = K9\n"
+                                                "short_code=TST\n"
+                                                "  name = Crème tool \n"
+                                                "maximum_current = 32767\n"
+                                                "[mode 1]\n"
+                                                "name = First\n"
+                                                "kind = MUX\n"
+                                                "sensor_factors = a1,f21\n"
+                                                "words = 2\n"
+                                                "parameters = L1 | | PA50||||G\n"
+                                                "channel = One | CPS | -1.5 | 2e3 | 3 | 4 | gamma\n"
+                                                "channel = Two |  | 5 | 6 | 7 | 8\n"
+                                                "channel = Derived | M | 0 | 1 | 0 | 1\n"
+                                                "\n"
+                                                "[mode 2]\n"
+                                                "kind =\n"
+                                                "channel = One | API | 0 | 9 | 0 | 1",
+                                                "k9.tool");
+    EXPECT_TRUE(problems.empty()) << testing::PrintToString(problems);
+    EXPECT_EQ(record.get(tool::code), "K9");
+    EXPECT_EQ(record.get(tool::shortCode), "TST");
+    EXPECT_EQ(record.get(tool::name), "Crème tool");
+    EXPECT_EQ(record.get(tool::maximumCurrent), 32767);
+    EXPECT_EQ(record.get(tool::modeName(1)), "First");
+    EXPECT_EQ(record.get(tool::kind(1)), "MUX");
+    EXPECT_EQ(record.get(tool::kind(2)), "");
+    EXPECT_EQ(record.get(tool::sensorFactors(1)), "a1,f21");
+    EXPECT_EQ(record.get(tool::channelCount(1)), 2) << "words on the line, not names";
+    EXPECT_EQ(record.get(tool::channelCount(2)), 1);
+    EXPECT_EQ(record.get(tool::channelName(1, 3)), "Derived");
+    EXPECT_EQ(record.get(tool::channelUnit(2, 1)), "API");
+    EXPECT_EQ(record.get(tool::uncalibratedLeft(1, 1)), -1.5F);
+    EXPECT_EQ(record.get(tool::uncalibratedRight(1, 1)), 2000);
+    EXPECT_EQ(record.get(tool::calibratedLeft(1, 2)), 7);
+    EXPECT_EQ(record.get(tool::calibratedRight(1, 2)), 8);
+    EXPECT_EQ(record.get(tool::parameter(1, 1)), "L1");
+    EXPECT_EQ(record.get(tool::parameter(2, 1)), "");
+    EXPECT_EQ(record.get(tool::parameter(3, 1)), "PA50");
+    EXPECT_EQ(record.get(tool::parameter(7, 1)), "G");
+    EXPECT_EQ(record.get(tool::serialNumber), "");
+    EXPECT_EQ(record.get(tool::selected), 0);
+}
+
+TEST(EquipmentSource, MistakesAreToldWithTheirLine) {
+    struct Case {
+        std::string source;
+        const char* problem;
+    };
+    const Case cases[] = {
+        {"", "x.tool:1: no code; write"},
+        {"code = K1\n" + head + oneChannel, "x.tool:1: a key before the first section"},
+        {head + "words\n" + oneChannel, "x.tool:5: neither \"key = value\" nor a section"},
+        {head + oneChannel + "[mode 3]\nname = a\n",
+         "x.tool:6: no such section; use one of [mode 1], [mode 2], [tool]"},
+        {head + oneChannel + "[tool]\n", "x.tool:6: the section [tool] stands here again"},
+        {head + "colour = red\n" + oneChannel,
+         "x.tool:5: [mode 1] has no key \"colour\"; use one of channel, kind"},
+        {head + oneChannel + "name = a\nname = b\n", "x.tool:7: \"name\" stands in [mode 1] already"},
+        {head + "kind = PULS\n" + oneChannel, "x.tool:5: no such kind \"PULS\""},
+        {head + "words = 21\n" + oneChannel, "x.tool:5: \"21\"; words is a whole number from 1 to 20"},
+        {head + "words = 2\n" + oneChannel, "x.tool:5: more words than channels"},
+        {head + "sensor_factors = a1,b1\n" + oneChannel, "x.tool:5: more sensor factors than words"},
+        {head + "sensor_factors = a1,b1,c1,d1,e1,f21000\n" + oneChannel, "longer than the 20 characters"},
+        {head + "parameters = 12345678901\n" + oneChannel, "x.tool:5: \"12345678901\" is longer than the 10"},
+        {head + "parameters = 1|2|3|4|5|6|7|8\n" + oneChannel,
+         "x.tool:5: there is room for seven parameters"},
+        {head + "channel = A | CPS | 0 | 1 | 2\n", "x.tool:5: a channel is name | unit"},
+        {head + "channel = A | CPS | 0 | 1 | 2 | x\n", "x.tool:5: \"x\" is no scale end"},
+        {head + "channel = A | CPS | 0 | 1 | 2 | 2\n", "x.tool:5: a scale needs two different ends"},
+        {head + oneChannel + "channel = a | CPS | 0 | 1 | 2 | 3\n",
+         "x.tool:6: each channel of a mode needs a name"},
+        {head + "channel = Ω | CPS | 0 | 1 | 2 | 3\n",
+         "x.tool:5: \"Ω\" has a character outside code page 1252"},
+        {head, "x.tool:1: [mode 1] has no channel"},
+        {head + oneChannel + "[mode 2]\nname = b\n", "x.tool:7: [mode 2] has no channel"},
+    };
+    for (const Case& c : cases) {
+        std::string told;
+        for (const std::string& problem : compileTool(c.source, "x.tool").problems) told += problem + '\n';
+        EXPECT_NE(told.find(c.problem), std::string::npos) << c.problem << "\nwas told as\n" << told;
+    }
+    std::string many = head;
+    for (int i = 0; i < 21; ++i) many += "channel = C" + std::to_string(i) + " | CPS | 0 | 1 | 0 | 1\n";
+    EXPECT_EQ(compileTool(many, "x.tool").problems,
+              (std::vector<std::string>{"x.tool:25: there is room for 20 channels; take some away"}));
+    EXPECT_EQ(compileWinch("[winch]\ncode = W1\n", "x.winch").problems,
+              (std::vector<std::string>{"x.winch:1: no name; write \"name = ...\" under [winch]"}));
+}
+
+TEST(EquipmentSource, AnEmptyFolderAndASharedCodeAreProblems) {
+    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "equipment_source_test";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder / "tools");
+    EXPECT_FALSE(compileDatabase(folder).problems.empty()) << "no database.ini";
+    std::ofstream(folder / "database.ini")
+        << "[database]\nversion = 1\ndate = 01-Jan-2026\ncritical_version = 1\n";
+    EXPECT_TRUE(compileDatabase(folder).problems.empty());
+    std::ofstream(folder / "tools" / "a.tool") << head << oneChannel;
+    std::ofstream(folder / "tools" / "b.tool") << head << oneChannel;
+    const auto database = compileDatabase(folder);
+    ASSERT_EQ(database.problems.size(), 1U);
+    EXPECT_NE(database.problems[0].find("b.tool:1: the code \"K1\" is that of "), std::string::npos);
+    EXPECT_EQ(database.record.header.get(equipment::toolCount), 2);
+    std::filesystem::remove_all(folder);
+}
+
+} // namespace
+} // namespace equipmentc
