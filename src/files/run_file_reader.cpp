@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <tuple>
 
 namespace tarvik {
 
@@ -53,23 +52,20 @@ std::size_t cutTornTail(Files& files, const Path& file) {
 
 std::optional<ReviewLog> RunFileReader::Tarvikfileopen(const Path& file, const Progress& progress) {
     return errors_.run("Logdisplay1-Tarvikfileopen", std::optional<ReviewLog>(), [&](Level& level) {
-        std::ignore = readRunHeader(files_, file); // what is no run file is not read whole
-        const Bytes bytes = files_.read(file);
-        level = 1; // the header
-        RunFileInfo info = decodeRunHeader(bytes, bytes.size(), file);
+        RunFileInfo info = readRunHeader(files_, file);
         refuseWaveforms(info.header, file);
-        level = 2; // the scans
+        level = 1; // the scans
         std::optional<ReviewLog> review(std::in_place);
         review->header = std::move(info.header);
-        if (!scanTarvikdatavalues(bytes, info.shape, *review, progress)) review.reset();
+        if (!scanTarvikdatavalues(file, info.shape, *review, progress)) review.reset();
         return review;
     });
 }
 
-bool RunFileReader::scanTarvikdatavalues(std::span<const std::uint8_t> bytes, const RunFileShape& shape,
-                                         ReviewLog& review, const Progress& progress) {
+bool RunFileReader::scanTarvikdatavalues(const Path& file, const RunFileShape& shape, ReviewLog& review,
+                                         const Progress& progress) {
     return errors_.run("Logdisplay1-scanTarvikdatavalues", false, [&](Level& level) {
-        loadScans(bytes, shape, review, progress);
+        loadScans(files_, file, shape, review, progress);
         level = 1; // telling what was not read
         if (review.truncated) log_.red("Scan Tarvik data values - too many data points for array");
         if (review.partialBytes != 0) {
