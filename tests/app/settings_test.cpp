@@ -203,14 +203,18 @@ TEST_F(SettingsInStore, ElkConstantsKeepTheirTexts) {
     EXPECT_EQ(store.writes.back(), "ELK tool/Pts avg conductivity sum=13");
 }
 
-TEST_F(SettingsInStore, Ports) {
+TEST_F(SettingsInStore, PortsAndDrives) {
     store.set("Ports", "COM4", "/dev/ttyUSB3");
+    store.set("Drives", "D", "/data");
+    store.set("Drives", "E", "");
     MachineMap map = loadMachineMap(store);
     EXPECT_THAT(map.ports, ElementsAre("", "", "", "/dev/ttyUSB3"));
-    map.ports = {"/dev/ttyS0"};
+    EXPECT_EQ(map.drives, (std::map<char, std::string>{{'D', "/data"}}));
+    map.ports[0] = "/dev/ttyS0";
+    map.drives.clear();
     store.writes.clear();
     saveMachineMap(store, map);
-    EXPECT_THAT(store.writes, ElementsAre("Ports/COM1=/dev/ttyS0", "Ports/COM4="));
+    EXPECT_THAT(store.writes, ElementsAre("Ports/COM1=/dev/ttyS0", "Drives/D="));
 }
 
 TEST(SettingsOnScreen, LabelsAndLists) {
