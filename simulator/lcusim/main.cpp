@@ -4,6 +4,7 @@
 #include "simulator/lcusim/pty_server.h"
 #include "simulator/tool_file.h"
 
+#include <csignal>
 #include <fstream>
 #include <iostream>
 
@@ -64,6 +65,7 @@ int run(CommandLine line) {
 } // namespace
 
 int main(int argc, char** argv) {
+    std::signal(SIGPIPE, SIG_IGN); // whoever read our output may have gone; the box stays
     try {
         const std::span<const char* const> arguments(argv, static_cast<std::size_t>(argc));
         return run(parseCommandLine(arguments.subspan(argc > 0 ? 1 : 0)));

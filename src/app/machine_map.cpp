@@ -4,15 +4,10 @@ namespace tarvik {
 
 namespace {
 
-constexpr std::string_view portsSection = "Ports";
-constexpr std::string_view drivesSection = "Drives";
+constexpr std::string_view section = "Ports";
 
 std::string portKey(std::size_t index) {
     return "COM" + std::to_string(index + 1);
-}
-
-void write(SettingsStore& store, std::string_view section, std::string_view key, const std::string& value) {
-    if (store.get(section, key).value_or("") != value) store.set(section, key, value);
 }
 
 } // namespace
@@ -20,20 +15,15 @@ void write(SettingsStore& store, std::string_view section, std::string_view key,
 MachineMap loadMachineMap(const SettingsStore& store) {
     MachineMap map;
     for (std::size_t i = 0; i < map.ports.size(); ++i) {
-        map.ports[i] = store.get(portsSection, portKey(i)).value_or("");
-    }
-    for (char letter = 'A'; letter <= 'Z'; ++letter) {
-        const auto folder = store.get(drivesSection, {&letter, 1});
-        if (folder && !folder->empty()) map.drives[letter] = *folder;
+        map.ports[i] = store.get(section, portKey(i)).value_or("");
     }
     return map;
 }
 
 void saveMachineMap(SettingsStore& store, const MachineMap& map) {
-    for (std::size_t i = 0; i < map.ports.size(); ++i) write(store, portsSection, portKey(i), map.ports[i]);
-    for (char letter = 'A'; letter <= 'Z'; ++letter) {
-        const auto found = map.drives.find(letter);
-        write(store, drivesSection, {&letter, 1}, found == map.drives.end() ? "" : found->second);
+    for (std::size_t i = 0; i < map.ports.size(); ++i) {
+        const std::string key = portKey(i);
+        if (store.get(section, key).value_or("") != map.ports[i]) store.set(section, key, map.ports[i]);
     }
     store.commit();
 }

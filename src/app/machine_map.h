@@ -1,24 +1,22 @@
-// How this machine's devices and folders stand behind the names of old: which device a COM port is, which
-// folder a drive letter is. Two sections of the settings store, "Ports" and "Drives"; read before anything
-// else, because the run history lies on a drive.
+// Which device of this machine a COM port is: the section "Ports" of the settings store. Read before the
+// settings proper, because the ports are built with the platform. (Drives are the platform's own:
+// platform/places.h.)
 #pragma once
 
 #include "platform/settings_store.h"
 
 #include <array>
-#include <map>
 #include <string>
 
 namespace tarvik {
 
 struct MachineMap {
-    std::array<std::string, 4> ports;   ///< COM1 to COM4; empty means the default device
-    std::map<char, std::string> drives; ///< by capital letter; a letter without an entry is not mapped
+    std::array<std::string, 4> ports; ///< COM1 to COM4; empty means the default device
 };
 
 [[nodiscard]] MachineMap loadMachineMap(const SettingsStore& store);
 
-/// Writes what differs from the store and commits; a port or drive that lost its entry is written empty.
+/// Writes what differs from the store and commits; a port that lost its entry is written empty.
 void saveMachineMap(SettingsStore& store, const MachineMap& map);
 
 } // namespace tarvik

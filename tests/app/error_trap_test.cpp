@@ -1,30 +1,14 @@
 #include "app/error_trap.h"
 
+#include "app/allocation_count.h"
 #include "app/doubles.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <new>
 #include <stdexcept>
 
 using namespace tarvik;
-
-namespace {
-std::size_t allocations = 0;
-} // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* const memory = std::malloc(size)) return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 TEST(ErrorTrap, AnErrorAfterACallIsFiledUnderTheCaller) {
     KeptErrors kept;
@@ -81,7 +65,7 @@ TEST(ErrorTrap, AReporterThatFailsIsTheEndOfTheMatter) {
 TEST(ErrorTrap, EnteringAllocatesNothing) {
     KeptErrors kept;
     ErrorTrap trap(kept);
-    const std::size_t before = allocations;
+    const std::size_t before = allocationCount();
     int sum = 0;
     for (int scan = 0; scan < 1000; ++scan) {
         trap.run("LCUFunctions-LCU_GetValues, a name too long for any small buffer", [&](Level& level) {
@@ -89,6 +73,6 @@ TEST(ErrorTrap, EnteringAllocatesNothing) {
             sum += trap.run("inner", 0, [&](Level&) { return scan; });
         });
     }
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(allocationCount(), before);
     EXPECT_EQ(sum, 499500);
 }

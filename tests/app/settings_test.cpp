@@ -203,18 +203,14 @@ TEST_F(SettingsInStore, ElkConstantsKeepTheirTexts) {
     EXPECT_EQ(store.writes.back(), "ELK tool/Pts avg conductivity sum=13");
 }
 
-TEST_F(SettingsInStore, PortsAndDrives) {
+TEST_F(SettingsInStore, Ports) {
     store.set("Ports", "COM4", "/dev/ttyUSB3");
-    store.set("Drives", "D", "/data");
     MachineMap map = loadMachineMap(store);
     EXPECT_THAT(map.ports, ElementsAre("", "", "", "/dev/ttyUSB3"));
-    EXPECT_EQ(map.drives.at('D'), "/data");
-    EXPECT_EQ(map.drives.size(), 1U);
-    map.ports[0] = "/dev/ttyS0";
-    map.drives.clear();
+    map.ports = {"/dev/ttyS0"};
     store.writes.clear();
     saveMachineMap(store, map);
-    EXPECT_THAT(store.writes, ElementsAre("Ports/COM1=/dev/ttyS0", "Drives/D="));
+    EXPECT_THAT(store.writes, ElementsAre("Ports/COM1=/dev/ttyS0", "Ports/COM4="));
 }
 
 TEST(SettingsOnScreen, LabelsAndLists) {

@@ -79,6 +79,10 @@ TEST_F(IniSettingsStoreTest, AnEditMadeMeanwhileSurvives) {
     store.commit();
     EXPECT_EQ(written(), "[WinchTool]\nLogInches=\"2\"\nLogDirection=\"UP\"\n");
     EXPECT_EQ(store.get("WinchTool", "LogInches"), "2");
+    files_.put(file_, "[WinchTool]\nLogDirection=\"DOWN\"\n");
+    store.set("WinchTool", "AllowLogging", "1");
+    store.commit();
+    EXPECT_EQ(written(), "[WinchTool]\nLogDirection=\"DOWN\"\nAllowLogging=\"1\"\n");
 }
 
 TEST_F(IniSettingsStoreTest, DamagedLinesAreNamedLeftOutAndKept) {
@@ -145,6 +149,15 @@ TEST_F(IniSettingsStoreTest, ACommitThatFailsKeepsWhatWasSet) {
     files_.failWritesAfter = 100;
     store.commit();
     EXPECT_EQ(written(), "[Setup]\nSearch=\"False\"\n");
+}
+
+TEST(IniDocument, NewLinesDoNotMisplaceTheOnesBehindThem) {
+    IniDocument document("[A]\na=\"1\"\n\n[B]\nb=\"1\"\n");
+    document.set("A", "new", "1");
+    document.set("A", "newer", "1");
+    document.set("B", "b", "2");
+    document.set("B", "new", "1");
+    EXPECT_EQ(document.text(), "[A]\na=\"1\"\nnew=\"1\"\nnewer=\"1\"\n\n[B]\nb=\"2\"\nnew=\"1\"\n");
 }
 
 TEST(IniDocument, ANameThatCouldNotBeReadBackIsRefused) {

@@ -28,7 +28,43 @@ struct Office {
     SimulatedPort port{clock};
 };
 
+/// Reads scans as a host is told to: a length byte, then the rest within 200 ms, and never more waiting than
+/// is still wanted when it had to wait. Gives the number of scans, or what broke.
+std::string readStream(Office& office, Micros milliseconds, int nap) {
+    const Micros end = office.clock.micros() + milliseconds * millisecond;
+    int scans = 0;
+    while (office.clock.micros() < end) {
+        if (office.port.ComStatus(2) <= 0) {
+            office.port.ComSleepMS(2, nap);
+            continue;
+        }
+        const int wanted = office.port.ComGetc(2) - 1;
+        const Micros since = office.clock.micros();
+        bool waited = false;
+        for (int waiting = office.port.ComStatus(2); waiting < wanted; waiting = office.port.ComStatus(2)) {
+            if (office.clock.micros() - since > 200 * millisecond) return "time-out";
+            office.port.ComSleepMS(2, nap);
+            waited = true;
+        }
+        if (waited && office.port.ComStatus(2) > wanted) return "overflow";
+        for (int i = 0; i < wanted; ++i) office.port.ComGetc(2);
+        ++scans;
+    }
+    return std::to_string(scans);
+}
+
 } // namespace
+
+TEST(SimulatedPort, AnUnkindStreamIsStillReadableByTheRules) {
+    for (std::uint64_t seed = 1; seed <= 10; ++seed) {
+        for (const int nap : {1, 5, 20}) {
+            Office office({.model = LcuModel::lcu4, .seed = seed});
+            office.open();
+            office.port.ComPuts(2, "TT8\nV\n");
+            EXPECT_EQ(readStream(office, 20'050, nap), "250") << seed << ", " << nap;
+        }
+    }
+}
 
 TEST(SimulatedPort, OpensWhatExistsOnceAtATime) {
     Office office;
@@ -44,6 +80,7 @@ TEST(SimulatedPort, OpensWhatExistsOnceAtATime) {
     EXPECT_EQ(office.open(2), tarvik::portNotPermitted);
     EXPECT_EQ(office.port.ComStatus(2), tarvik::portFailed);
     EXPECT_EQ(office.open(5), tarvik::portMissing);
+    EXPECT_EQ(office.port.ComOpen("COM", 1, 9600, 7, 1, 1, 8192, 8192), tarvik::portFailed) << "7 data bits";
 }
 
 TEST(SimulatedPort, AsksAndReads) {
