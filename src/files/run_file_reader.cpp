@@ -3,6 +3,7 @@
 #include "base/failure.h"
 #include "files/run_file_layout.h"
 #include "files/scan_loader.h"
+#include "files/scan_pieces.h"
 #include "files/scan_record.h"
 
 #include <algorithm>
@@ -30,16 +31,18 @@ RunFileInfo readRunHeader(const Files& files, const Path& file) {
 }
 
 std::optional<DepthRange> readDepthRange(const Files& files, const Path& file) {
-    const Bytes bytes = files.read(file);
-    const RunFileShape shape = decodeRunHeader(bytes, bytes.size(), file).shape;
+    const RunFileShape shape = readRunHeader(files, file).shape;
     std::int32_t smallest = std::numeric_limits<std::int32_t>::max();
     std::int32_t largest = std::numeric_limits<std::int32_t>::min();
-    for (std::size_t i = 0; i < shape.scans; ++i) {
-        const ScanView scan(bytes.data() + shape.firstScan + i * shape.recordLength, 0);
-        if (!scan.hasDepth()) continue;
-        smallest = std::min(smallest, scan.depth());
-        largest = std::max(largest, scan.depth());
-    }
+    forEachScanPiece(files, file, shape, [&](const Bytes& piece, std::size_t) {
+        for (std::size_t at = 0; at + shape.recordLength <= piece.size(); at += shape.recordLength) {
+            const ScanView scan(&piece[at], 0);
+            if (!scan.hasDepth()) continue;
+            smallest = std::min(smallest, scan.depth());
+            largest = std::max(largest, scan.depth());
+        }
+        return true;
+    });
     if (smallest > largest) return std::nullopt;
     return DepthRange{.smallest = smallest / 1000.0, .largest = largest / 1000.0};
 }

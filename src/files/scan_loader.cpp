@@ -1,6 +1,7 @@
 #include "files/scan_loader.h"
 
 #include "files/run_file_layout.h"
+#include "files/scan_pieces.h"
 #include "files/scan_record.h"
 
 #include <algorithm>
@@ -15,8 +16,6 @@ namespace {
 
 /// The progress moves on by so many scans.
 constexpr std::size_t scansPerProgress = 50;
-/// And the file is read by so many.
-constexpr std::size_t scansPerPiece = 2000;
 static_assert(scansPerPiece % scansPerProgress == 0);
 
 class ScanLoader {
@@ -26,14 +25,14 @@ class ScanLoader {
           review_(review),
           scale_(scaleOf(review.header)),
           values_(static_cast<std::size_t>(shape.channels)),
+          mostSteps_(std::min(shape.scans, maxReviewSteps)),
           fileLength_(shape.firstScan + shape.scans * shape.recordLength + shape.partialBytes) {}
 
     void prepare() {
         describeChannels();
-        const std::size_t most = std::min(shape_.scans, maxReviewSteps);
-        forEachColumn([most](auto& column) {
+        forEachColumn([this](auto& column) {
             column.clear();
-            column.reserve(most);
+            column.reserve(mostSteps_);
         });
         for (std::size_t i = 0; i < values_; ++i) valueColumns_[i] = review_.channels[i + 1].values.data();
         review_.skippedScans = 0;
@@ -84,7 +83,7 @@ class ScanLoader {
 
     /// Makes room for so many scans. Piece by piece, so that it is still in the cache when it is filled.
     void grow(std::size_t scans) {
-        const std::size_t size = std::min(stored_ + scans, review_.depth.capacity());
+        const std::size_t size = std::min(stored_ + scans, mostSteps_);
         forEachColumn([size](auto& column) { column.resize(size); });
     }
 
@@ -135,6 +134,7 @@ class ScanLoader {
     ReviewLog& review_;
     double scale_;       ///< of the channel values
     std::size_t values_; ///< of a scan without Speed
+    std::size_t mostSteps_;
     std::size_t fileLength_;
     std::array<float*, mostScanChannels> valueColumns_{};
     std::size_t stored_ = 0;
@@ -147,12 +147,9 @@ void loadScans(const Files& files, const Path& file, const RunFileShape& shape, 
                const Progress& progress) {
     ScanLoader loader(shape, review);
     loader.prepare();
-    bool goOn = true;
-    for (std::size_t scan = 0; goOn && scan < shape.scans; scan += scansPerPiece) {
-        const std::size_t position = shape.firstScan + scan * shape.recordLength;
-        const Bytes piece = files.readPart(file, position, scansPerPiece * shape.recordLength);
-        goOn = loader.loadPiece(piece, position, progress);
-    }
+    forEachScanPiece(files, file, shape, [&](const Bytes& piece, std::size_t position) {
+        return loader.loadPiece(piece, position, progress);
+    });
     loader.finish();
 }
 
