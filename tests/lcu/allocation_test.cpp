@@ -58,6 +58,6 @@ TEST(ScanPath, AllocatesNothing) {
     EXPECT_EQ(allocationsSoFar(), before);
     EXPECT_EQ(bench.state.scans, 103);
     EXPECT_EQ(bench.scan().depth, 12.34F);
-    delete new int; // the counter counts
+    ::operator delete(::operator new(1)); // the counter counts
     EXPECT_GT(allocationsSoFar(), before);
 }
