@@ -51,20 +51,11 @@ class Operator final : public OperatorSide {
     }
 };
 
-struct LcuBench {
-    LcuBench() { log.addViewer(lines); }
-
-    /// A port that is already open, with a box of the model behind it.
-    void connect(const LcuModel* model) {
-        link.port = 1;
-        link.baud = 9600;
-        setModel(link, model);
-        answerStatus(model->healthyStatus);
-    }
-    void answerStatus(int status) { serial.answer("Q", {{{std::string{'Q', static_cast<char>(status)}}}}); }
-
+/// The program's side of the line, with some port on a virtual clock.
+template <class Port>
+struct LinkBench {
     VirtualClock clock;
-    ScriptedPort serial{clock};
+    Port serial{clock};
     Reports reports;
     ErrorTrap errors{reports};
     MemoryFiles files;
@@ -75,6 +66,19 @@ struct LcuBench {
     LcuPort port{serial, log, link};
     LcuCommands lcu{errors, log, operatorSide, port, link};
     LcuSearch search{errors, log, operatorSide, port, lcu, link};
+
+    LinkBench() { log.addViewer(lines); }
+};
+
+struct LcuBench : LinkBench<ScriptedPort> {
+    /// A port that is already open, with a box of the model behind it.
+    void connect(const LcuModel* model) {
+        link.port = 1;
+        link.baud = 9600;
+        setModel(link, model);
+        answerStatus(model->healthyStatus);
+    }
+    void answerStatus(int status) { serial.answer("Q", {{{std::string{'Q', static_cast<char>(status)}}}}); }
 };
 
 } // namespace tarvik::test
