@@ -12,9 +12,6 @@ void readRunFile(benchmark::State& state) {
     race(
         state, [&] { benchmark::DoNotOptimize(run.load()); },
         [&] { benchmark::DoNotOptimize(run.files.read(run.file)); });
-    state.counters["scans_per_s"] =
-        benchmark::Counter(static_cast<double>(maxReviewSteps) * static_cast<double>(state.iterations()),
-                           benchmark::Counter::kIsRate);
 }
 BENCHMARK(readRunFile)->UseManualTime()->Unit(benchmark::kMillisecond);
 

@@ -23,6 +23,13 @@ int axisOf(const ChannelProfile& channel, std::size_t index, std::string_view to
     return toolCode == "K417" && index < axisNames.size() ? static_cast<int>(index) : -1;
 }
 
+/// A scale that one word of a scan can show; scales of values that the host computes are longer or missing.
+bool fitsWord(const ChannelProfile& channel) {
+    const auto fits = [](double end) { return end >= -32768 && end <= 65535; };
+    return channel.uncalibratedLeft != channel.uncalibratedRight && fits(channel.uncalibratedLeft) &&
+           fits(channel.uncalibratedRight);
+}
+
 /// What a sensor shows on its full scale when its record does not say.
 std::pair<double, double> usualEnds(const CountRule& rule) {
     switch (rule.kind) {
@@ -55,7 +62,7 @@ DownholeTool::DownholeTool(const ToolProfile& tool, int mode, std::uint64_t seed
                         .right = source.uncalibratedRight,
                         .property = Geology::property(source.synth, source.name),
                         .axis = axisOf(source, i, code_),
-                        .scaled = source.uncalibratedLeft != source.uncalibratedRight};
+                        .scaled = fitsWord(source)};
     }
     rules_ = countRules(code_, chosen.sensorFactors, channels_.size());
     setUnscaledEnds();

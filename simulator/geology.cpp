@@ -45,9 +45,9 @@ constexpr std::array<Property, 17> properties{{
     {"slowness", "sonic", {0.50, 0.55, 0.65, 0.80, 0.30, 0.25}, 0.33, -0.02, 0.02},
     {"density_far", "long spac", {0.45, 0.40, 0.34, 0.85, 0.22, 0.12}, 0.08, 0, 0.03},
     {"voltage", "volt", even(0.60), 0.60, 0, 0.005},
-    {"ph", "ph ", even(0.55), 0.55, 0, 0.01},
+    {"ph", " ph ", even(0.55), 0.55, 0, 0.01},
     {"oxygen", "oxy", even(0.40), 0.40, -0.02, 0.02},
-    {"sp", "", {0.30, 0.45, 0.60, 0.42, 0.50, 0.52}, 0.50, 0, 0.02},
+    {"sp", " sp ", {0.30, 0.45, 0.60, 0.42, 0.50, 0.52}, 0.50, 0, 0.02},
     {"unknown", "\n", even(0.45), 0.45, 0, 0.25},
 }};
 
@@ -72,7 +72,8 @@ Geology::Geology(std::uint64_t seed) : seed_(mixed(seed)), casingShoe_(6 + 6 * f
 
 std::size_t Geology::property(std::string_view synth, std::string_view channelName) {
     const std::string wanted = lowered(synth);
-    const std::string name = lowered(channelName);
+    const std::string name =
+        " " + lowered(channelName) + " "; // so that short words can be told from parts of others
     const auto named = std::ranges::find(properties, wanted, &Property::name);
     if (named != properties.end()) return static_cast<std::size_t>(named - properties.begin());
     const auto meant = std::ranges::find_if(properties, [&](const Property& property) {

@@ -132,10 +132,18 @@ std::int32_t SimulatedPort::openResult(Socket& socket) {
     return socket.engine->lineUp() ? 1 : portMissing;
 }
 
-std::int32_t SimulatedPort::ComOpen(std::string_view, std::int32_t port, std::int32_t baud, std::int32_t,
-                                    std::int32_t, std::int32_t, std::int32_t receiveBuffer, std::int32_t) {
-    const std::int32_t result = forced("ComOpen").value_or(
-        port < 1 || port > 4 || receiveBuffer < 1 ? portMissing : openResult(socketOf(port)));
+std::int32_t SimulatedPort::ComOpen(std::string_view device, std::int32_t port, std::int32_t baud,
+                                    std::int32_t dataBits, std::int32_t parityCode, std::int32_t stopCode,
+                                    std::int32_t receiveBuffer, std::int32_t) {
+    const bool asTheLineWantsIt =
+        baud > 0 && dataBits == 8 && parityCode == 1 && stopCode == 1 && receiveBuffer > 0;
+    std::int32_t result = portFailed;
+    if (const auto code = forced("ComOpen"))
+        result = *code;
+    else if (device != "COM" || port < 1 || port > 4)
+        result = portMissing;
+    else if (asTheLineWantsIt)
+        result = openResult(socketOf(port));
     openProblem_ = result == 1 ? "" : reasonOf(result);
     if (result != 1) return result;
     open_ = port;

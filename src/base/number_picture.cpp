@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
 namespace tarvik {
 
@@ -116,8 +118,38 @@ std::string byPicture(Real value, std::string_view pictureText) {
     return text;
 }
 
+/// The quick way for a number whose last digit is beyond doubt: its scaled value lies farther from the middle
+/// between two whole numbers than the shortest decimal can lie from the number itself (half a unit in its
+/// last place; two leave room for the error of the product).
+template <class Real>
+bool plainFixedInto(std::string& text, Real value, int decimals, std::size_t width) {
+    constexpr std::array<double, 10> powers{1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+    const double scaled = std::abs(static_cast<double>(value)) * powers[static_cast<std::size_t>(decimals)];
+    const double doubt = scaled * 2 * double{std::numeric_limits<Real>::epsilon()};
+    if (!(doubt < 0.5)) return false; // too large, or no number
+    auto whole = static_cast<std::uint64_t>(scaled);
+    const double rest = scaled - static_cast<double>(whole);
+    if (std::abs(rest - 0.5) <= doubt) return false;
+    if (rest > 0.5) ++whole;
+
+    std::array<char, 40> digits;
+    char* at = digits.data() + digits.size();
+    const bool negative = value < 0 && whole != 0;
+    for (int place = 0; whole != 0 || place <= decimals; ++place) {
+        if (place == decimals) *--at = '.';
+        *--at = static_cast<char>('0' + whole % 10);
+        whole /= 10;
+    }
+    if (negative) *--at = '-';
+    const auto length = static_cast<std::size_t>(digits.data() + digits.size() - at);
+    if (length < width) text.append(width - length, ' ');
+    text.append(at, length);
+    return true;
+}
+
 template <class Real>
 void fixedInto(std::string& text, Real value, int decimals, std::size_t width) {
+    if (plainFixedInto(text, value, decimals, width)) return;
     if (!std::isfinite(value)) {
         const std::string name = nonFinite(value);
         text.append(name.size() < width ? width - name.size() : 0, ' ').append(name);

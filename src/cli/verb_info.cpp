@@ -46,7 +46,7 @@ void printJson(const RunFacts& facts) {
     object.add("date", header.runDate);
     object.add("units", depthUnitsText(header.setup.units));
     object.add("method", samplingText(header.setup.sampling));
-    object.add("interval", static_cast<double>(header.setup.interval));
+    object.raw("interval", shortestNumber(header.setup.interval)); // as it was entered, not its binary tail
     object.add("direction", directionText(header.setup.direction));
     object.add("scans", static_cast<double>(facts.log.steps()));
     object.raw("depth_from", depthOr(true));

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <numeric>
 #include <vector>
 
@@ -23,13 +24,19 @@ struct PowerSums {
     std::array<double, fitTerms> t{};
 };
 
-template <class Real>
-Real finite(Real value) {
-    if (!std::isfinite(value)) {
-        throw Failure(ErrorNumber::overflow,
-                      "Overflow: the calibration points are too large or are no numbers; check the readings");
-    }
+[[noreturn]] void refuseNumber() {
+    throw Failure(ErrorNumber::overflow,
+                  "Overflow: the calibration points are too large or are no numbers; check the readings");
+}
+
+double finite(double value) {
+    if (!std::isfinite(value)) refuseNumber();
     return value;
+}
+
+float single(double value) {
+    if (!(std::abs(value) <= std::numeric_limits<float>::max())) refuseNumber();
+    return static_cast<float>(value);
 }
 
 void exchangeReals(double& a, double& b) {
@@ -63,7 +70,7 @@ std::vector<SinglePoint> singleCopies(std::span<const FitPoint> points) {
     std::vector<SinglePoint> copies;
     copies.reserve(points.size());
     for (const FitPoint& point : points) {
-        copies.push_back({finite(static_cast<float>(point.x)), finite(static_cast<float>(point.y))});
+        copies.push_back({single(point.x), single(point.y)});
     }
     return copies;
 }

@@ -18,7 +18,7 @@
 namespace tarvik::run_file {
 
 constexpr std::string_view tagText = "TARVIK";
-constexpr std::size_t slots = maxChannels;
+constexpr std::size_t slotCount = maxChannels; ///< of the per-channel arrays
 
 constexpr std::array<std::size_t, 8> blockLengths{128, 1024, 512, 1500, 12000, 2000, 5024, 4000};
 constexpr std::size_t headerLength =
@@ -56,13 +56,13 @@ struct Slots<TextField> {
     [[nodiscard]] constexpr TextField operator[](std::size_t slot) const {
         return {offset + slot * width, width};
     }
-    [[nodiscard]] constexpr std::size_t end() const { return offset + slots * width; }
+    [[nodiscard]] constexpr std::size_t end() const { return offset + slotCount * width; }
 };
 template <>
 struct Slots<FloatField> {
     std::size_t offset;
     [[nodiscard]] constexpr FloatField operator[](std::size_t slot) const { return {offset + slot * 4}; }
-    [[nodiscard]] constexpr std::size_t end() const { return offset + slots * 4; }
+    [[nodiscard]] constexpr std::size_t end() const { return offset + slotCount * 4; }
 };
 
 // --- block 1: identification and block lengths -------------------------------------------------------------
@@ -185,7 +185,7 @@ constexpr Slots<FloatField> calibratedRight{1138};
 
 static_assert(endOf(equipment::serialNumber) == toolMode.offset && endOf(toolMode) + 4 == 74);
 static_assert(endOf(toolModeName) + 10 == channelCount.offset && endOf(channelCount) == names.offset);
-static_assert(names.end() == units.offset && units.end() + slots * 4 == uncalibratedLeft.offset);
+static_assert(names.end() == units.offset && units.end() + slotCount * 4 == uncalibratedLeft.offset);
 static_assert(uncalibratedLeft.end() == uncalibratedRight.offset);
 static_assert(uncalibratedRight.end() == calibratedLeft.offset);
 static_assert(calibratedLeft.end() == calibratedRight.offset && calibratedRight.end() == 1218);
@@ -239,10 +239,10 @@ static_assert(date.end() == time.offset && time.end() == unused.offset);
 static_assert(unused.end() == calibratedBy.offset && calibratedBy.end() == serialNumber.offset);
 static_assert(serialNumber.end() == kind.offset && kind.end() == blank.offset);
 static_assert(blank.end() == order(0).offset);
-static_assert(endOf(coefficient(0, coefficients - 1)) == order(1).offset && order(slots).offset == 7320);
-static_assert(order(slots).offset + 320 == pointCount(0).offset);
+static_assert(endOf(coefficient(0, coefficients - 1)) == order(1).offset && order(slotCount).offset == 7320);
+static_assert(order(slotCount).offset + 320 == pointCount(0).offset);
 static_assert(endOf(pointY(0, points - 1)) + 4 == pointCount(1).offset);
-static_assert(pointCount(slots).offset + 1040 == Record::size);
+static_assert(pointCount(slotCount).offset + 1040 == Record::size);
 } // namespace block5
 
 // --- blocks 6 to 8: descriptors, annotations, notes --------------------------------------------------------

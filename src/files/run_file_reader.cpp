@@ -3,11 +3,11 @@
 #include "base/failure.h"
 #include "files/run_file_layout.h"
 #include "files/scan_loader.h"
+#include "files/scan_pieces.h"
 #include "files/scan_record.h"
 
 #include <algorithm>
 #include <limits>
-#include <tuple>
 
 namespace tarvik {
 
@@ -31,16 +31,18 @@ RunFileInfo readRunHeader(const Files& files, const Path& file) {
 }
 
 std::optional<DepthRange> readDepthRange(const Files& files, const Path& file) {
-    const Bytes bytes = files.read(file);
-    const RunFileShape shape = decodeRunHeader(bytes, bytes.size(), file).shape;
+    const RunFileShape shape = readRunHeader(files, file).shape;
     std::int32_t smallest = std::numeric_limits<std::int32_t>::max();
     std::int32_t largest = std::numeric_limits<std::int32_t>::min();
-    for (std::size_t i = 0; i < shape.scans; ++i) {
-        const ScanView scan(bytes.data() + shape.firstScan + i * shape.recordLength, 0);
-        if (!scan.hasDepth()) continue;
-        smallest = std::min(smallest, scan.depth());
-        largest = std::max(largest, scan.depth());
-    }
+    forEachScanPiece(files, file, shape, [&](const Bytes& piece, std::size_t) {
+        for (std::size_t at = 0; at + shape.recordLength <= piece.size(); at += shape.recordLength) {
+            const ScanView scan(&piece[at], 0);
+            if (!scan.hasDepth()) continue;
+            smallest = std::min(smallest, scan.depth());
+            largest = std::max(largest, scan.depth());
+        }
+        return true;
+    });
     if (smallest > largest) return std::nullopt;
     return DepthRange{.smallest = smallest / 1000.0, .largest = largest / 1000.0};
 }
@@ -53,23 +55,20 @@ std::size_t cutTornTail(Files& files, const Path& file) {
 
 std::optional<ReviewLog> RunFileReader::Tarvikfileopen(const Path& file, const Progress& progress) {
     return errors_.run("Logdisplay1-Tarvikfileopen", std::optional<ReviewLog>(), [&](Level& level) {
-        std::ignore = readRunHeader(files_, file); // what is no run file is not read whole
-        const Bytes bytes = files_.read(file);
-        level = 1; // the header
-        RunFileInfo info = decodeRunHeader(bytes, bytes.size(), file);
+        RunFileInfo info = readRunHeader(files_, file);
         refuseWaveforms(info.header, file);
-        level = 2; // the scans
+        level = 1; // the scans
         std::optional<ReviewLog> review(std::in_place);
         review->header = std::move(info.header);
-        if (!scanTarvikdatavalues(bytes, info.shape, *review, progress)) review.reset();
+        if (!scanTarvikdatavalues(file, info.shape, *review, progress)) review.reset();
         return review;
     });
 }
 
-bool RunFileReader::scanTarvikdatavalues(std::span<const std::uint8_t> bytes, const RunFileShape& shape,
-                                         ReviewLog& review, const Progress& progress) {
+bool RunFileReader::scanTarvikdatavalues(const Path& file, const RunFileShape& shape, ReviewLog& review,
+                                         const Progress& progress) {
     return errors_.run("Logdisplay1-scanTarvikdatavalues", false, [&](Level& level) {
-        loadScans(bytes, shape, review, progress);
+        loadScans(files_, file, shape, review, progress);
         level = 1; // telling what was not read
         if (review.truncated) log_.red("Scan Tarvik data values - too many data points for array");
         if (review.partialBytes != 0) {

@@ -39,9 +39,9 @@ class RunFileReader {
     /// The whole run, at most 80,000 scans; nothing when the file cannot be read (the error is reported).
     std::optional<ReviewLog> Tarvikfileopen(const Path& file, const Progress& progress = {});
 
-    /// Reads the scans that lie in `bytes` (the whole file) into `review`, whose header is already there.
-    bool scanTarvikdatavalues(std::span<const std::uint8_t> bytes, const RunFileShape& shape,
-                              ReviewLog& review, const Progress& progress);
+    /// Reads the scans of the file into `review`, whose header is already there.
+    bool scanTarvikdatavalues(const Path& file, const RunFileShape& shape, ReviewLog& review,
+                              const Progress& progress);
 
     /// The depth range of an existing run; nothing when it has none or cannot be read.
     std::optional<DepthRange> Utilities_checkfiledepthrange(const Path& file);

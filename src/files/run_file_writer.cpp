@@ -51,6 +51,7 @@ void RunFileWriter::continueFile(const Path& file, const RunHeader& header) {
     channels_ = header.channels.size() - 1;
     written_ = {};
     held_.clear();
+    held_.reserve(recordLength()); // saving a scan allocates nothing while the file can be written
 }
 
 void RunFileWriter::close() {

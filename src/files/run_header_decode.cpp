@@ -104,7 +104,7 @@ std::vector<RunChannel> decodeChannels(const HeaderBytes& bytes, int values) {
     std::vector<RunChannel> channels(static_cast<std::size_t>(values) + 1);
     for (std::size_t slot = 0; slot < channels.size(); ++slot) {
         RunChannel& channel = channels[slot];
-        if (slot < slots) {
+        if (slot < slotCount) {
             channel.name = block4.get(block4::names[slot]);
             channel.unit = block4.get(block4::units[slot]);
             channel.uncalibrated = {block4.get(block4::uncalibratedLeft[slot]),

@@ -44,7 +44,7 @@ block1::Record encodeBlock1(const RunHeader& header) {
         block.set(block1::blockLength(i + 1), toInt16(static_cast<double>(blockLengths[i])));
     }
     block.set(block1::recordLength, toInt32(static_cast<double>(recordLengthOf(header))));
-    block.set(block1::channelSlots, toInt16(slots));
+    block.set(block1::channelSlots, toInt16(slotCount));
     return block;
 }
 
@@ -103,7 +103,7 @@ block4::Record encodeBlock4(const RunHeader& header) {
     block.set(block4::toolMode, toInt16(header.toolMode));
     block.set(block4::toolModeName, header.toolModeName);
     block.set(block4::channelCount, toInt16(static_cast<double>(header.channels.size())));
-    for (std::size_t slot = 0; slot < std::min(header.channels.size(), slots); ++slot) {
+    for (std::size_t slot = 0; slot < std::min(header.channels.size(), slotCount); ++slot) {
         const RunChannel& channel = header.channels[slot];
         block.set(block4::names[slot], channel.name);
         block.set(block4::units[slot], channel.unit);
@@ -139,7 +139,7 @@ void encodeCalibration(block5::Record& block, std::size_t slot, const Calibratio
 block5::Record encodeBlock5(const RunHeader& header) {
     block5::Record block;
     blankTexts(block, block5::stretches);
-    for (std::size_t slot = 0; slot < std::min(header.channels.size(), slots); ++slot) {
+    for (std::size_t slot = 0; slot < std::min(header.channels.size(), slotCount); ++slot) {
         encodeCalibration(block, slot, header.channels[slot].calibration);
     }
     if (header.channels.size() == 1) block.set(block5::state[0], "None"); // no channel besides Speed

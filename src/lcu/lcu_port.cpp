@@ -1,7 +1,5 @@
 #include "lcu/lcu_port.h"
 
-#include <string>
-
 namespace tarvik {
 
 namespace {
@@ -15,11 +13,11 @@ constexpr std::int32_t flowOff = 2;
 constexpr std::int32_t yieldOn = 1;
 constexpr std::int32_t receiveSide = 1;
 
+} // namespace
+
 std::string comName(std::int32_t port) {
     return "COM" + std::to_string(port);
 }
-
-} // namespace
 
 std::int32_t LcuPort::openDevice(std::int32_t port, std::int32_t baud) {
     return serial_.ComOpen("COM", port, baud, dataBits, lineCode, lineCode, receiveBuffer, transmitBuffer);

@@ -7,9 +7,13 @@
 #include "platform/serial_port.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace tarvik {
+
+/// "COM1": how the log and the screens name a port.
+[[nodiscard]] std::string comName(std::int32_t port);
 
 class LcuPort {
   public:

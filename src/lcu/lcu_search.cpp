@@ -43,10 +43,6 @@ const PortChoice& choiceFor(std::int32_t lcuComms) {
     return found == portChoices.end() ? portChoices.front() : *found;
 }
 
-std::string comName(std::int32_t port) {
-    return "COM" + std::to_string(port);
-}
-
 } // namespace
 
 SearchResult LcuSearch::LCU_Locate(std::int32_t lcuComms, const std::function<bool()>& cancelled) {

@@ -16,7 +16,10 @@ constexpr std::int32_t receiveSide = 1;
 
 ScanRead ScanReader::read() {
     const LinkClaim claim(link_);
-    if (!claim) return {};
+    if (!claim) {
+        serial_.ComSleepMS(link_.port, idleWaitMs);
+        return {};
+    }
     std::int32_t waiting = serial_.ComStatus(link_.port);
     if (waiting == 0) {
         serial_.ComSleepMS(link_.port, idleWaitMs);

@@ -15,7 +15,7 @@ namespace tarvik {
 
 class IniSettingsStore final : public SettingsStore {
   public:
-    static constexpr std::uint64_t largestFile = 1024 * 1024; ///< bytes; a full store has about 3,000
+    static constexpr std::uint64_t largestFile = 1'048'576; ///< bytes; a full store has about 3,000
 
     /// `report` is called while the constructor reads, not later.
     IniSettingsStore(Files& files, Path file, const ProblemReport& report = {});

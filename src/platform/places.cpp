@@ -79,21 +79,18 @@ Places placesFor(const std::optional<Path>& home, const Environment& environment
     return places;
 }
 
-void takeDrives(Places& places, const SettingsStore& settings, const ProblemReport& report) {
+void takeDrives(Places& places, const std::map<char, std::string>& folders, const ProblemReport& report) {
     const Path base = places.root.empty() ? places.homeDrive : places.root;
-    for (char letter = 'A'; letter <= 'Z'; ++letter) {
-        const std::string name(1, letter);
-        const std::string text = settings.get("Drives", name).value_or("");
+    for (const auto& [letter, text] : folders) {
         if (text.empty()) continue;
         const Path folder = below(base, text);
-        if (!places.root.empty() && !liesIn(places.root, folder)) {
-            if (report) {
-                report(places.settingsFile.string() + ": drive " + name + " is set to " + folder.string() +
-                       ", which lies outside " + places.root.string() + "; drive C takes its place");
-            }
-            continue;
+        if (places.root.empty() || liesIn(places.root, folder)) {
+            (letter == 'C' ? places.homeDrive : places.drives[letter]) = folder;
+        } else if (report) {
+            report(places.settingsFile.string() + ": drive " + letter + " is set to " + folder.string() +
+                   ", which lies outside " + places.root.string() +
+                   "; the folder of drive C takes its place");
         }
-        (letter == 'C' ? places.homeDrive : places.drives[letter]) = folder;
     }
 }
 

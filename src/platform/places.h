@@ -7,7 +7,6 @@
 
 #include "platform/files.h"
 #include "platform/problem_report.h"
-#include "platform/settings_store.h"
 
 #include <functional>
 #include <map>
@@ -39,9 +38,9 @@ using Environment = std::function<std::optional<std::string>(const std::string& 
 [[nodiscard]] Places placesFor(const std::optional<Path>& home, const Environment& environment,
                                Path installedData);
 
-/// Takes the folders of the drives ("C" to "Z" of the section "Drives") from the settings. A relative folder
-/// counts from the user's home, or from DIR; one that leaves DIR is reported and not taken.
-void takeDrives(Places& places, const SettingsStore& settings, const ProblemReport& report = {});
+/// Takes the folders of the drives from the settings, by capital letter; an empty one is no entry. A relative
+/// folder counts from the user's home, or from DIR; one that leaves DIR is reported and not taken.
+void takeDrives(Places& places, const std::map<char, std::string>& folders, const ProblemReport& report = {});
 
 /// ../share/tarvik beside the folder of the executable when that is there, otherwise `fallback` (the folder
 /// of a program that runs where it was built).

@@ -68,8 +68,8 @@ PortProblem notPermitted(int, std::int32_t port, const Path& device) {
         sentence += "ask the administrator for the right to read and write it.";
     } else {
         const std::string name = owner->gr_name;
-        sentence +=
-            "add yourself to the group " + name + ": sudo usermod -aG " + name + " $USER, then log in again.";
+        sentence.append("add yourself to the group ").append(name);
+        sentence.append(": sudo usermod -aG ").append(name).append(" $USER, then log in again.");
     }
     return {portNotPermitted, sentence};
 }

@@ -1,10 +1,19 @@
 #include "processing/las_export.h"
 
+#include "base/failure.h"
+#include "files/run_file_layout.h"
 #include "processing/las_data.h"
 
 namespace tarvik {
 
 namespace {
+
+/// A run is never written over by its own export.
+void refuseRunFile(const Files& files, const Path& file) {
+    if (!files.exists(file)) return;
+    if (asText(files.readPart(file, 0, run_file::tagText.size())) != run_file::tagText) return;
+    throw Failure(ErrorNumber::pathFileAccess, file.string() + ": This is a run file. Choose another name.");
+}
 
 /// Collects lines and writes them in large pieces; the first one begins the file anew.
 class LasFile {
@@ -41,6 +50,7 @@ bool LasExport::Logprintexport_exportLASfile(const ReviewLog& log, const Path& f
     return errors_.run("Logprintexport_exportLASfile", false, [&](Level& level) {
         const LasData data = prepareLasData(log, options, list);
         level = 1; // the header
+        refuseRunFile(files_, file);
         LasFile las(files_, file);
         las.text() += lasVersionSection();
         las.text() += lasWellSection(data.well, log.header.hole, log.header.runDate);

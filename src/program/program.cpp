@@ -36,7 +36,7 @@ PortDevices portDevices(const ProgramOptions& options, const MachineMap& map) {
 
 /// The drives are settings, and the settings lie in one of the places: they are added once the store is open.
 Path historyFolder(Places& places, const SettingsStore& store, OperatorSide& operatorSide) {
-    takeDrives(places, store, toOperator(operatorSide, "Drives"));
+    takeDrives(places, loadMachineMap(store).drives, toOperator(operatorSide, "Drives"));
     return places.runHistoryFolder();
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdint>
 #include <limits>
 
 using namespace tarvik;
@@ -41,6 +43,21 @@ TEST(NumberPicture, FixedColumnsAgreeWithThePicture) {
         appendFixed(column, value, 2, 12);
         const std::string number = formatPicture(value, "#######0.00");
         EXPECT_EQ(column, std::string(number.size() < 12 ? 12 - number.size() : 0, ' ') + number);
+    }
+    // Around the ties of the second decimal, where the quick way must give way to the exact one.
+    std::uint32_t random = 1;
+    for (int i = 0; i < 20000; ++i) {
+        random = random * 1664525 + 1013904223;
+        const double thousandths = (static_cast<double>(random >> 12) * 10 + 5) / 1000;
+        for (const float value : {static_cast<float>(thousandths), static_cast<float>(thousandths / 64),
+                                  std::nextafter(static_cast<float>(-thousandths), 0.0F)}) {
+            std::string quick;
+            appendFixed(quick, value, 2, 0);
+            ASSERT_EQ(quick, formatPicture(value, "#######0.00"));
+        }
+        std::string quick;
+        appendFixed(quick, thousandths, 2, 0);
+        ASSERT_EQ(quick, formatPicture(thousandths, "#######0.00"));
     }
     std::string wide;
     appendFixed(wide, 123456.0, 5, 4);

@@ -17,7 +17,8 @@ TEST(CalibrationRecord, GoesThereAndBack) {
                      .date = "13-Mar-2006",
                      .time = "09:12:34",
                      .calibratedBy = "Someone",
-                     .kind = "Field"};
+                     .kind = "Field",
+                     .serialNumber = "taken from the tool"};
     made.order = 2;
     made.coefficients = {0.1, -2, 3e-5};
     made.coefficients.back() = 1e300;

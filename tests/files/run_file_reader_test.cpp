@@ -211,6 +211,21 @@ TEST(RunFileReader, AFileCutAtAnyByteKeepsItsWholeScansAndTakesFurtherOnes) {
     EXPECT_TRUE(run.errors.reports.empty());
 }
 
+TEST(RunFileReader, AFileThatChangesWhileItIsReadGivesTheScansThatAreThere) {
+    RunFiles run;
+    put(run, fileOf({{1000}, {2000}}));
+    const RunFileInfo info = readRunHeader(run.files, runFile);
+    ReviewLog review;
+    review.header = info.header;
+    put(run, fileOf({{1000}, {2000}, {3000}}));
+    ASSERT_TRUE(run.reader.scanTarvikdatavalues(runFile, info.shape, review, {}));
+    EXPECT_EQ(review.depth, (Doubles{1, 2}));
+    put(run, fileOf({{1000}}));
+    ASSERT_TRUE(run.reader.scanTarvikdatavalues(runFile, info.shape, review, {}));
+    EXPECT_EQ(review.depth, Doubles{1});
+    EXPECT_EQ(review.marker.values.size(), 1U);
+}
+
 TEST(RunFileReader, FilesThatAreNoRunAreRefusedWithFilePlaceAndRemedy) {
     const Bytes sound = fileOf({{1000}});
     const auto with = [&](std::size_t offset, std::int32_t value, int width) {

@@ -1,29 +1,9 @@
 // A scan is read and decoded without allocating.
+#include "lcu/counting_new.h"
 #include "lcu/scan_bench.h"
 #include "lcu/scan_reader.h"
 
-#include <cstdlib>
-#include <new>
-
 #include <gtest/gtest.h>
-
-namespace {
-
-long allocations = 0; // of the whole test program
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* const memory = std::malloc(size == 0 ? 1 : size)) return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 using namespace tarvik;
 using namespace tarvik::test;
@@ -68,16 +48,16 @@ TEST(ScanPath, AllocatesNothing) {
     ScanDecoder decoder(bench.errors, bench.log, bench.setup, bench.state);
     RawScanDecoder rawDecoder(bench.errors, bench.setup);
 
-    const long before = allocations;
+    const long before = allocationsSoFar();
     for (int i = 0; i < 100; ++i) {
         const ScanRead read = reader.read();
         ++bench.state.scans;
         decoder.LCU_GetValues(read.bytes);
         rawDecoder.LCU_GetRawDataScan(read.bytes, bench.state.current);
     }
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(allocationsSoFar(), before);
     EXPECT_EQ(bench.state.scans, 103);
     EXPECT_EQ(bench.scan().depth, 12.34F);
-    delete new int; // the counter counts
-    EXPECT_GT(allocations, before);
+    ::operator delete(::operator new(1)); // the counter counts
+    EXPECT_GT(allocationsSoFar(), before);
 }

@@ -86,6 +86,15 @@ TEST(LcuSearch, APortThatCannotBeOpenedIsSkippedInPlainWords) {
     EXPECT_EQ(bench.serial.opened, (Lines{"COM1@9600", "COM1@115200", "COM2@9600"}));
 }
 
+TEST(LcuSearch, FlowAndYieldAreWorthALineNotAFailure) {
+    LcuBench bench;
+    bench.serial.setUpResult = portFailed;
+    bench.serial.answer("Q", {{{"Q\x81"}}});
+    EXPECT_EQ(bench.search.LCU_Locate(1), SearchResult::found);
+    EXPECT_EQ(bench.lines.lines[1], "0Problem setting flow off on comms port - error -1");
+    EXPECT_EQ(bench.lines.lines[2], "0Problem setting Windows yield on comms port - error -1");
+}
+
 TEST(LcuSearch, CanBeCancelledAtEveryWait) {
     for (int waits = 1; waits <= 4; ++waits) {
         LcuBench bench;

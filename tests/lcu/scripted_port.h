@@ -37,6 +37,7 @@ class ScriptedPort final : public SerialPort {
         return 1;
     };
     std::function<void()> whileSleeping = [] {};
+    std::int32_t setUpResult = 1; ///< of flow and yield
     bool gone = false;
 
     std::int32_t ComOpen(std::string_view device, std::int32_t port, std::int32_t baud, std::int32_t dataBits,
@@ -82,8 +83,10 @@ class ScriptedPort final : public SerialPort {
         whileSleeping();
         return gone ? portGone : 1;
     }
-    std::int32_t ComSetFlow(std::int32_t, std::int32_t mode) override { return mode == 2 ? 1 : -7; }
-    std::int32_t ComSetYield(std::int32_t, std::int32_t yield) override { return yield == 1 ? 1 : -8; }
+    std::int32_t ComSetFlow(std::int32_t, std::int32_t mode) override { return mode == 2 ? setUpResult : -7; }
+    std::int32_t ComSetYield(std::int32_t, std::int32_t yield) override {
+        return yield == 1 ? setUpResult : -8;
+    }
     std::int32_t ComGetCTSStatus(std::int32_t) override { return -1; }
     [[nodiscard]] std::string openProblem() const override { return "COM1 is held by another program."; }
 

@@ -227,6 +227,13 @@ TEST(LasExport, RefusedBeforeAnythingIsWritten) {
     EXPECT_TRUE(most.run({.start = 0.0, .stop = 79999.0, .step = 1.0}));
 }
 
+TEST(LasExport, NeverOverARun) {
+    Export las;
+    las.files.put("out.las", "TARVIKDEPTH     ");
+    EXPECT_FALSE(las.run({}));
+    EXPECT_EQ(las.files.text("out.las"), "TARVIKDEPTH     ");
+}
+
 TEST(LasExport, AnErrorInWritingLeavesThePartlyWrittenFile) {
     Export las;
     las.files.failWritesAfter = 2;

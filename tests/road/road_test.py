@@ -1,0 +1,229 @@
+#!/usr/bin/env python3
+"""Runs the real programs on a pseudo-terminal and holds what they wrote against what the box says it sent.
+
+Usage: road_test.py CASE --bin DIR --tools DIR
+"""
+import argparse
+import json
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+import scans
+
+RECORD = 12 + 4 * 7 + 20  # bytes of a scan of the tool K240
+
+
+def check(condition, what):
+    if not condition:
+        raise SystemExit(f"FAILED: {what}")
+
+
+class Field:
+    """A truck for one test: a box on a pseudo-terminal and a home for the program."""
+
+    def __init__(self, options, folder):
+        self.bin, self.tools, self.home = options.bin, options.tools, folder
+        self.line, self.record = folder / "lcu", folder / "record.txt"
+        self.box = None
+
+    def start_box(self, *options):
+        self.stop_box()
+        command = [self.bin / "lcusim", "--tool", "K240", "--tools", self.tools, "--link", self.line, "--record",
+                   self.record, *options]
+        self.box = subprocess.Popen(list(map(str, command)), stdout=subprocess.DEVNULL)
+        self._wait_for(self.line.exists, "the simulated box did not make its line")
+
+    def stop_box(self):
+        if self.box:
+            self.box.terminate()
+            self.box.wait(10)
+            self.box = None
+
+    def _words(self, words):
+        return [str(self.bin / "tarvik"), *map(str, words), "--home", str(self.home)]
+
+    def tarvik(self, *words, expect=0):
+        done = subprocess.run(self._words(words), capture_output=True, text=True, timeout=90)
+        check(done.returncode == expect, f"{words} ended with {done.returncode}, not {expect}: {done.stderr}")
+        return done
+
+    def own_equipment(self):
+        self.tarvik("equipment", "add-tool", "K240", "2041")
+        self.tarvik("equipment", "add-winch", "W240", "117")
+
+    def log_words(self, *words):
+        return ["log", "--com1", self.line, "--lcucomms", "1", "--project", "P", "--hole", "H", "--tool", "K240",
+                "--winch", "W240", *words]
+
+    def start_log(self, *words):
+        return subprocess.Popen(self._words(self.log_words(*words)), stdout=subprocess.PIPE,
+                                stderr=subprocess.DEVNULL, text=True)
+
+    def log(self, *words):
+        return pathlib.Path(self.tarvik(*self.log_words(*words)).stdout.splitlines()[-1])
+
+    def run_file(self, number=1):
+        return self.home / "C" / "Brenna Projects" / "P" / f"H_K240_{number:02}.kvx"
+
+    def records(self, file):
+        data = file.read_bytes()[scans.HEADER_BYTES :]
+        return [data[i : i + RECORD] for i in range(0, len(data), RECORD)]
+
+    def info(self, file):
+        return json.loads(self.tarvik("info", file, "--json").stdout)
+
+    def status_text(self):
+        return "".join(f.read_text("cp1252") for f in (self.home / "C" / "Tarvik_RunHistory").glob("*-*.txt"))
+
+    def _wait_for(self, condition, what, seconds=20):
+        end = time.monotonic() + seconds
+        while not condition():
+            check(time.monotonic() < end, what)
+            time.sleep(0.02)
+
+    def wait_for_records(self, count, number=1):
+        file = self.run_file(number)
+        enough = scans.HEADER_BYTES + count * RECORD
+        self._wait_for(lambda: file.exists() and file.stat().st_size >= enough, f"{count} records did not come", 60)
+
+
+def compare(field, file, model, sampling, up, feet, count):
+    kept = field.records(file)
+    wanted = scans.expected_records(scans.sent_scans(field.record), model, sampling, up, feet)[:count]
+    check(len(kept) == count and len(wanted) == count, f"{len(kept)} records, {len(wanted)} expected, not {count}")
+    for number, (got, want) in enumerate(zip(kept, wanted), start=1):
+        check(got == want, f"record {number}:\n  {got.hex()} is not\n  {want.hex()}")
+
+
+def read_las(file):
+    """What any other program would read: the names of the curves and the rows."""
+    names, rows, section = [], [], ""
+    raw = file.read_bytes()
+    check(raw.count(b"\n") == raw.count(b"\r\n"), "a LAS line does not end with CR LF")
+    for line in raw.decode("cp1252").splitlines():
+        if line.startswith("~"):
+            section = line[1].upper()
+        elif section == "C" and not line.startswith("#"):
+            names.append(line.split(".", 1)[0].strip())
+        elif section == "A":
+            rows.append([float(word) for word in line.split()])
+    return names, rows
+
+
+def logged(field, model, sampling, interval, up, feet, count=25):
+    start, sign = (60, -1) if up else (12.34, 1)
+    field.start_box("--model", model, "--depth", 1, "--speed", 30, "--seed", 5)
+    file = field.log("--sampling", sampling, "--interval", interval, "--direction", "UP" if up else "DOWN",
+                     "--units", "Feet" if feet else "Metres", "--set-depth", start, "--scans", count)
+    field.stop_box()
+    compare(field, file, model, sampling, up, feet, count)
+
+    info = field.info(file)
+    unit = 0.3048 if feet else 1.0
+    check(info["scans"] == count and info["partial_bytes"] == 0, f"info counts {info['scans']} scans")
+    first = info["depth_to"] if up else info["depth_from"]
+    check(0 < sign * (first * unit - start) < 3, f"the run begins at {first}, the winch was set to {start} m")
+
+    las = file.with_suffix(".las")
+    field.tarvik("las", file, "-o", las)
+    names, rows = read_las(las)
+    check(names[:3] == ["Depth", "Speed", "Res 8 inch"] and len(names) == 9, f"curves {names}")
+    depths = sorted(int.from_bytes(r[0:4], "little") / 1000 for r in field.records(file))
+    check(len(rows) == count and all(abs(row[0] - d) < 0.0051 for row, d in zip(rows, depths)), "depths of the LAS")
+
+    for text in ("============ NEW logging run ============", f"{model} activated on COM1", "LCU powered down OK",
+                 "Tarvik program closed"):
+        check(text in field.status_text(), f"the status file lacks: {text}")
+
+
+def depth_down_metres_lcu2plus(field):
+    logged(field, "LCU2Plus", "DEPTH", 5, up=False, feet=False)
+
+
+def time_up_feet_lcu2plus(field):
+    # By time the box does not know a direction: the winch is told.
+    start_box = field.start_box
+    field.start_box = lambda *options: start_box(*options, "--direction", "up")
+    logged(field, "LCU2Plus", "TIME", 0.1, up=True, feet=True)
+
+
+def depth_up_feet_lcu4(field):
+    logged(field, "LCU4", "DEPTH", 4, up=True, feet=True)
+
+
+def time_down_metres_lcu4(field):
+    logged(field, "LCU4", "TIME", 0.1, up=False, feet=False)
+
+
+def killed_and_appended(field):
+    """Killed outright while it writes: every whole record stays, and an append goes on at a record border."""
+    field.start_box("--model", "LCU2Plus", "--depth", 10, "--speed", 30)
+    setup = ["--sampling", "TIME", "--interval", "0.1"]
+    run = field.start_log(*setup)
+    field.wait_for_records(7)
+    run.kill()
+    run.wait(10)
+    size = field.run_file().stat().st_size
+    kept = (size - scans.HEADER_BYTES) // RECORD
+    check(field.info(field.run_file())["scans"] == kept, "a whole record was lost")
+    before = field.records(field.run_file())[:kept]
+
+    # A kill between two bytes of a record is a torn tail.
+    with field.run_file().open("ab") as file:
+        file.write(b"torn" * 5)
+    torn = field.info(field.run_file())
+    check(torn["scans"] == kept and torn["partial_bytes"] == (20 + size - scans.HEADER_BYTES) % RECORD, "torn tail")
+    file = field.log(*setup, "--append", "--scans", 5)
+    check(file == field.run_file(), "the append went into another file")
+    after = field.records(file)
+    check(after[:kept] == before and len(after) == kept + 5, "the append did not go on at a record border")
+    check(all(len(record) == RECORD for record in after), "the file does not end on a record border")
+
+
+def stopped_by_the_operator(field):
+    field.start_box("--model", "LCU4", "--depth", 10, "--speed", 30)
+    run = field.start_log("--sampling", "DEPTH", "--interval", "5")
+    field.wait_for_records(3)
+    run.send_signal(signal.SIGINT)
+    out, _ = run.communicate(timeout=30)
+    check(run.returncode == 0 and out.strip() == str(field.run_file()), "Ctrl-C did not end the run in order")
+    check("LCU powered down OK" in field.status_text(), "the tool was not powered down")
+
+
+def refusals(field):
+    """What cannot be done is said, and is an exit code."""
+    nothing = field.tarvik("find", "--com1", field.home / "nowhere", "--lcucomms", "1", expect=1)
+    check("nowhere" in nothing.stderr + field.status_text(), "the missing device is not named")
+    check("No LCU device found on COM1" in field.status_text(), "no line about the search")
+    field.tarvik("log", "--project", "P", "--hole", "H", "--tool", "K999", "--winch", "W240", expect=1)
+    field.tarvik("log", "--interval", "often", expect=2)
+    field.tarvik("info", field.home / "no.kvx", expect=1)
+    short = field.home / "short.kvx"
+    short.write_bytes(b"TARVIK" + bytes(100))
+    check("short.kvx" in field.tarvik("info", short, expect=1).stderr, "the damaged file is not named")
+
+
+def main():
+    cases = {f.__name__: f for f in (depth_down_metres_lcu2plus, time_up_feet_lcu2plus, depth_up_feet_lcu4,
+                                     time_down_metres_lcu4, killed_and_appended, stopped_by_the_operator, refusals)}
+    parser = argparse.ArgumentParser()
+    parser.add_argument("case", choices=cases)
+    parser.add_argument("--bin", type=pathlib.Path, required=True)
+    parser.add_argument("--tools", type=pathlib.Path, required=True)
+    options = parser.parse_args()
+    with tempfile.TemporaryDirectory() as folder:
+        field = Field(options, pathlib.Path(folder))
+        try:
+            field.own_equipment()
+            cases[options.case](field)
+        finally:
+            field.stop_box()
+    print("passed")
+
+
+if __name__ == "__main__":
+    sys.exit(main())
