@@ -151,6 +151,7 @@ int runLog(const Arguments& arguments) {
                        program.log,
                        terminal.operatorSide(),
                        view,
+                       program.state,
                        program.clock,
                        program.files,
                        program.serial,

@@ -29,7 +29,7 @@ RunChannel speedChannel(DepthUnits units) {
 }
 
 bool RunFileWriter::LCU_SetupFileHeader(const Path& file, const RunHeader& header) {
-    file_.clear();
+    close();
     return errors_.run("LCUFunctions-LCU_SetupFileHeader", false, [&](Level& level) {
         const Bytes bytes = encodeRunHeader(header);
         level = 1; // writing
@@ -49,28 +49,72 @@ void RunFileWriter::continueFile(const Path& file, const RunHeader& header) {
     file_ = file;
     units_ = header.setup.units;
     channels_ = header.channels.size() - 1;
+    written_ = {};
+    held_.clear();
+    held_.reserve(recordLength()); // saving a scan allocates nothing while the file can be written
+}
+
+void RunFileWriter::close() {
+    file_.clear();
+    held_.clear();
 }
 
 std::string RunFileWriter::LCU_SaveScan(const KeptScan& scan) {
     if (file_.empty()) return {};
     return errors_.run("LCUFunctions-LCU_SaveScan", std::string(), [&](Level& level) {
+        const bool failedBefore = held() > 0;
         try {
-            if (scan.channels.size() != channels_) {
-                throw Failure(ErrorNumber::subscriptOutOfRange,
-                              "The scan has " + std::to_string(scan.channels.size()) +
-                                  " channels, the run file " + std::to_string(channels_));
-            }
-            const auto record = std::span(record_).first(run_file::scanLength(static_cast<int>(channels_)));
-            encodeScan(record, scan, units_);
-            level = 1; // appending; a file that has gone is not begun anew without its header
-            std::ignore = files_.size(file_);
-            files_.append(file_, record);
+            hold(scan);
+            level = 1; // appending
+            appendHeld();
         } catch (const Failure& error) {
+            if (failedBefore && level == 1) return std::string();
             throw withScan(error, scan);
         }
-        const std::int32_t saved = ScanView(record_.data(), channels_).depth();
-        return formatPicture(saved / 1000.0, "#,##0.00");
+        return formatPicture(written_.lastDepth, "#,##0.00");
     });
+}
+
+bool RunFileWriter::writeHeld() {
+    if (held_.empty()) return true;
+    return errors_.run("LCUFunctions-LCU_SaveScan", false, [&](Level&) {
+        appendHeld();
+        return true;
+    });
+}
+
+void RunFileWriter::hold(const KeptScan& scan) {
+    if (scan.channels.size() != channels_) {
+        throw Failure(ErrorNumber::subscriptOutOfRange,
+                      "The scan has " + std::to_string(scan.channels.size()) + " channels, the run file " +
+                          std::to_string(channels_));
+    }
+    const auto record = std::span(record_).first(recordLength());
+    encodeScan(record, scan, units_);
+    if (held_.size() + record.size() > mostHeldBytes) appendHeld();
+    held_.insert(held_.end(), record.begin(), record.end());
+}
+
+/// The oldest record goes first by itself, so that trying in vain costs little however much is held. A file
+/// that has gone is not begun anew without its header.
+void RunFileWriter::appendHeld() {
+    std::ignore = files_.size(file_);
+    const auto oldest = std::span(held_).first(recordLength());
+    append(oldest);
+    held_.erase(held_.begin(), held_.begin() + static_cast<std::ptrdiff_t>(oldest.size()));
+    if (held_.empty()) return;
+    append(held_);
+    held_.clear();
+}
+
+void RunFileWriter::append(std::span<const std::uint8_t> records) {
+    files_.append(file_, records);
+    const auto depthOf = [&](std::span<const std::uint8_t> record) {
+        return ScanView(record.data(), channels_).depth() / 1000.0;
+    };
+    if (written_.count == 0) written_.firstDepth = depthOf(records.first(recordLength()));
+    written_.lastDepth = depthOf(records.last(recordLength()));
+    written_.count += static_cast<std::int64_t>(records.size() / recordLength());
 }
 
 } // namespace tarvik

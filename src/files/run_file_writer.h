@@ -1,7 +1,8 @@
 // Writes the run file: its header when the run starts, then one record for every kept scan.
 //
 // The file is opened and closed for each record, so that a crash costs one scan at most. A record is written
-// whole or not at all. Errors are reported through the guard and never reach the run.
+// whole or not at all. Scans that cannot be written (a full disk) are held and go to the file, in order, with
+// the next one that can. Errors are reported through the guard and never reach the run.
 #pragma once
 
 #include "app/error_trap.h"
@@ -10,12 +11,21 @@
 #include "platform/files.h"
 
 #include <array>
+#include <cstdint>
+#include <span>
 #include <string>
 
 namespace tarvik {
 
 /// The first channel of every run, "Speed", in the unit that goes with the file's depths.
 [[nodiscard]] RunChannel speedChannel(DepthUnits units);
+
+/// What this run has put on file; depths in the file's unit, as stored.
+struct WrittenScans {
+    std::int64_t count = 0;
+    double firstDepth = 0;
+    double lastDepth = 0;
+};
 
 class RunFileWriter {
   public:
@@ -30,23 +40,42 @@ class RunFileWriter {
     /// border (see cutTornTail). `header` is what the file's header says.
     void continueFile(const Path& file, const RunHeader& header);
 
-    /// No current file any more: scans are let pass.
-    void close() { file_.clear(); }
+    /// No current file any more: scans are let pass, scans held are given up (see writeHeld).
+    void close();
 
-    /// Appends one record and returns the depth as it was saved, in the file's unit, written "#,##0.00".
-    /// Empty, and nothing written, without a current file or after an error: a value that does not fit its
-    /// field, a channel count other than the header's, a file that has gone, a full disk.
+    /// Appends one record, behind those held, and returns the depth as it was saved, in the file's unit,
+    /// written "#,##0.00". Empty, and nothing written, without a current file or after an error: a value that
+    /// does not fit its field and a channel count other than the header's lose the scan; a file that has gone
+    /// or a full disk has it held, which is reported once until scans can be written again.
     std::string LCU_SaveScan(const KeptScan& scan);
 
+    /// Scans held. About four megabytes of them at most; those beyond are lost, each with a report.
+    [[nodiscard]] std::size_t held() const { return held_.size() / recordLength(); }
+    /// A last try to write them. True when none is left.
+    bool writeHeld();
+
+    /// Since the file was made the current one; stays until the next one is.
+    [[nodiscard]] const WrittenScans& written() const { return written_; }
     [[nodiscard]] const Path& file() const { return file_; }
 
   private:
+    static constexpr std::size_t mostHeldBytes = 4'000'000;
+
+    [[nodiscard]] std::size_t recordLength() const {
+        return run_file::scanLength(static_cast<int>(channels_));
+    }
+    void hold(const KeptScan& scan);
+    void appendHeld();
+    void append(std::span<const std::uint8_t> records);
+
     ErrorTrap& errors_;
     Files& files_;
     Path file_;
     DepthUnits units_ = DepthUnits::metres;
     std::size_t channels_ = 0;
     std::array<std::uint8_t, run_file::scanLength(maxChannels)> record_{};
+    WrittenScans written_;
+    Bytes held_; ///< whole records; between two scans empty unless the file cannot be written
 };
 
 } // namespace tarvik

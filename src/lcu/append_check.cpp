@@ -1,38 +1,62 @@
 #include "lcu/append_check.h"
 
+#include "files/run_file_layout.h"
+
 #include <algorithm>
+#include <span>
 
 namespace tarvik {
 
 namespace {
 
+/// The header has 20 name slots; a channel behind them reads back under another name.
 bool sameChannelNames(const RunHeader& a, const RunHeader& b) {
-    return std::ranges::equal(a.channels, b.channels, {}, &RunChannel::name, &RunChannel::name);
+    const auto named = [](const RunHeader& header) {
+        return std::span(header.channels).first(std::min(header.channels.size(), run_file::slots));
+    };
+    return std::ranges::equal(named(a), named(b), {}, &RunChannel::name, &RunChannel::name);
+}
+
+/// Records of another kind behind those on file could not be told apart when they are read back.
+bool sameRecords(const RunHeader& current, const RunFileInfo& latest) {
+    const int values = static_cast<int>(current.channels.size()) - 1;
+    return current.toolMode == latest.header.toolMode && sameChannelNames(current, latest.header) &&
+           run_file::scanLength(values) == latest.shape.recordLength;
+}
+
+bool sameScale(const RunHeader& latest) {
+    return run_file::versionNumber(latest.versionMajor, latest.versionMinor) >
+           run_file::newestUnscaledVersion;
 }
 
 } // namespace
 
-std::optional<std::string> CheckLatestRunSpecs(const RunHeader& current, const RunHeader& latest) {
-    if (current.setup.units != latest.setup.units) {
+std::optional<std::string> CheckLatestRunSpecs(const RunHeader& current, const RunFileInfo& latest) {
+    const RunSetup& now = current.setup;
+    const RunSetup& before = latest.header.setup;
+    if (now.units != before.units) {
         return "Current depth units NOT the same as latest run file.\r\n"
                "Change depth units if you wish to append data.";
     }
-    if (current.setup.interval != latest.setup.interval) {
+    if (now.interval != before.interval) {
         return "Current sampling interval NOT the same as latest run file.\r\n"
                "Change sampling interval if you wish to append data.";
     }
-    if (current.setup.direction != latest.setup.direction) {
+    if (now.direction != before.direction) {
         return "Logging direction NOT the same as latest run file.\r\n"
                "Change logging direction if you wish to append data.";
     }
-    // Records of another kind behind those on file could not be told apart when they are read back.
-    if (current.setup.sampling != latest.setup.sampling) {
+    if (now.sampling != before.sampling) {
         return "Sampling method NOT the same as latest run file.\r\n"
                "Change sampling method if you wish to append data.";
     }
-    if (current.toolMode != latest.toolMode || !sameChannelNames(current, latest)) {
+    if (!sameRecords(current, latest)) {
         return "Tool mode or channels NOT the same as latest run file.\r\n"
                "Choose the tool mode of that run, or start a new run.";
+    }
+    if (!sameScale(latest.header)) {
+        return "The latest run file was written by an older version, in another scale.\r\n"
+               "Start a new run.";
     }
     return std::nullopt;
 }

@@ -1,16 +1,16 @@
 // May the latest run of the tool be continued with the current settings?
 #pragma once
 
-#include "base/run_header.h"
+#include "files/run_file_reader.h"
 
 #include <optional>
 #include <string>
 
 namespace tarvik {
 
-/// Compares what the run would write with the latest run's header, units first, and stops at the first
+/// Compares what the run would write with the latest run file, units first, and stops at the first
 /// difference: the text of the refusal, or nothing when appending is permitted.
 [[nodiscard]] std::optional<std::string> CheckLatestRunSpecs(const RunHeader& current,
-                                                             const RunHeader& latest);
+                                                             const RunFileInfo& latest);
 
 } // namespace tarvik

@@ -19,9 +19,12 @@ std::string comName(std::int32_t port) {
     return "COM" + std::to_string(port);
 }
 
+std::int32_t LcuPort::openDevice(std::int32_t port, std::int32_t baud) {
+    return serial_.ComOpen("COM", port, baud, dataBits, lineCode, lineCode, receiveBuffer, transmitBuffer);
+}
+
 bool LcuPort::open(std::int32_t port, std::int32_t baud) {
-    const std::int32_t opened =
-        serial_.ComOpen("COM", port, baud, dataBits, lineCode, lineCode, receiveBuffer, transmitBuffer);
+    const std::int32_t opened = openDevice(port, baud);
     const std::string speed = std::to_string(baud) + " baud";
     if (opened != succeeded) {
         log_.red("Problems opening " + comName(port) + " port at " + speed + " - may be in use");
@@ -37,6 +40,14 @@ bool LcuPort::open(std::int32_t port, std::int32_t baud) {
     if (const std::int32_t code = serial_.ComSetYield(port, yieldOn); code != succeeded) {
         log_.black("Problem setting Windows yield on comms port - error " + std::to_string(code));
     }
+    return true;
+}
+
+bool LcuPort::reopen() {
+    serial_.ComClose(link_.port);
+    if (openDevice(link_.port, link_.baud) != succeeded) return false;
+    serial_.ComSetFlow(link_.port, flowOff);
+    serial_.ComSetYield(link_.port, yieldOn);
     return true;
 }
 

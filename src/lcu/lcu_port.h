@@ -22,6 +22,8 @@ class LcuPort {
     /// Opens the port as the LCU wants it (8 data bits, no parity, no flow control) and logs how it went.
     /// After a success the link state holds port and speed.
     bool open(std::int32_t port, std::int32_t baud);
+    /// Closes the open port and opens it again as it was, without a word: for a line that was lost.
+    bool reopen();
     /// Closes the port if one is open, logs it and sets the number to 0.
     void close();
 
@@ -38,6 +40,8 @@ class LcuPort {
     void discard();
 
   private:
+    std::int32_t openDevice(std::int32_t port, std::int32_t baud);
+
     SerialPort& serial_;
     StatusLog& log_;
     LinkState& link_;

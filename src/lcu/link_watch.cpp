@@ -11,34 +11,23 @@ void LinkWatch::portGone() {
             Icon::critical);
     }
     state_ = State::gone;
-    if (openAgain()) {
+    if (port_.reopen()) {
         state_ = State::backWithoutScans;
         waitingSince_ = clock_.tickMs();
     } else {
-        serial_.ComSleepMS(link_.port, retryEveryMs);
+        port_.wait(retryEveryMs);
     }
 }
 
 void LinkWatch::silent() {
     if (state_ != State::backWithoutScans || clock_.tickMs() - waitingSince_ < streamAgainAfterMs) return;
-    waitingSince_ = clock_.tickMs();
     if (lcu_.LCU_Command(samplingCommand_) == LinkResult::good) lcu_.sendPlain("V");
     waitingSince_ = clock_.tickMs();
 }
 
 bool LinkWatch::scanCame() {
-    if (state_ == State::good) return false;
-    state_ = State::good;
+    if (std::exchange(state_, State::good) == State::good) return false;
     log_.blue("Communications re-established");
-    return true;
-}
-
-/// Without a line in the log for every try: the operator was told once.
-bool LinkWatch::openAgain() {
-    serial_.ComClose(link_.port);
-    if (serial_.ComOpen("COM", link_.port, link_.baud, 8, 1, 1, 8192, 8192) != 1) return false;
-    serial_.ComSetFlow(link_.port, 2);
-    serial_.ComSetYield(link_.port, 1);
     return true;
 }
 

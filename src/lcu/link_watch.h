@@ -7,10 +7,10 @@
 #include "lcu/lcu_commands.h"
 #include "lcu/lcu_port.h"
 #include "platform/clock.h"
-#include "platform/serial_port.h"
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace tarvik {
 
@@ -19,14 +19,13 @@ class LinkWatch {
     static constexpr std::int32_t retryEveryMs = 500;
     static constexpr std::int64_t streamAgainAfterMs = 3000;
 
-    LinkWatch(StatusLog& log, OperatorSide& operatorSide, const Clock& clock, SerialPort& serial,
-              LcuCommands& lcu, const LinkState& link, std::string samplingCommand)
+    LinkWatch(StatusLog& log, OperatorSide& operatorSide, const Clock& clock, LcuPort& port, LcuCommands& lcu,
+              std::string samplingCommand)
         : log_(log),
           operator_(operatorSide),
           clock_(clock),
-          serial_(serial),
+          port_(port),
           lcu_(lcu),
-          link_(link),
           samplingCommand_(std::move(samplingCommand)) {}
 
     [[nodiscard]] bool lost() const { return state_ != State::good; }
@@ -41,14 +40,11 @@ class LinkWatch {
   private:
     enum class State { good, gone, backWithoutScans };
 
-    bool openAgain();
-
     StatusLog& log_;
     OperatorSide& operator_;
     const Clock& clock_;
-    SerialPort& serial_;
+    LcuPort& port_;
     LcuCommands& lcu_;
-    const LinkState& link_;
     std::string samplingCommand_;
 
     State state_ = State::good;

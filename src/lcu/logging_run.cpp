@@ -7,12 +7,30 @@
 #include "lcu/run_preparation.h"
 #include "lcu/scan_loop.h"
 #include "lcu/start_checks.h"
+#include "lcu/tool_rules.h"
+
+#include <array>
 
 namespace tarvik {
 
 namespace {
 
 constexpr std::string_view notSavedNote = "NOTE : Data NOT saved to file";
+constexpr std::string_view routine = "LCUFunctions-LCU_AcquireData_Pulse";
+constexpr std::array toolButtons{&bullseyeButton, &gaugesButton};
+
+/// While it lives the LCU belongs to the run: no box waits for the operator, the program does not end.
+class Owning {
+  public:
+    explicit Owning(RunModules& modules) : modules_(modules) { set(true); }
+    ~Owning() { set(false); }
+    Owning(const Owning&) = delete;
+    Owning& operator=(const Owning&) = delete;
+
+  private:
+    void set(bool owned) { modules_.link.acquiring = modules_.state.logging = owned; }
+    RunModules& modules_;
+};
 
 std::string depthRangeText(const std::optional<DepthRange>& range) {
     if (!range) return {};
@@ -24,41 +42,44 @@ std::string depthRangeText(const std::optional<DepthRange>& range) {
 
 RunResult LoggingRun::comstartlogging(const RunOrder& order) {
     return modules_.errors.run("comstartlogging click", RunResult::failed, [&](Level&) {
-        const ToolRecord& tool = modules_.equipment.currentTool().record;
-        if (const std::string problem = holeNameProblem(order.hole); !problem.empty()) {
-            modules_.operatorSide.message("Hole name", problem, Icon::exclamation);
+        RunView& view = modules_.view;
+        if (!mayStartLogging(modules_.operatorSide, modules_.equipment.currentTool().record, modules_.link,
+                             order.hole, view.recording())) {
             return RunResult::notStarted;
         }
-        if (!mayStartLogging(modules_.operatorSide, tool, modules_.link.model, modules_.view.recording())) {
-            return RunResult::notStarted;
-        }
-        modules_.view.winchPrompt("START WINCH WHEN THIS", "MESSAGE DISAPPEARS");
-        modules_.view.setEnabled(false);
+        view.winchPrompt("START WINCH WHEN THIS", "MESSAGE DISAPPEARS");
+        view.setEnabled(false);
         const RunResult result = LCU_AcquireData_Pulse(order);
-        modules_.view.winchPrompt({}, {});
-        modules_.view.setEnabled(true);
+        view.winchPrompt({}, {});
+        view.setEnabled(true);
         return result;
     });
 }
 
 RunResult LoggingRun::LCU_AcquireData_Pulse(const RunOrder& order) {
-    return modules_.errors.run("LCUFunctions-LCU_AcquireData_Pulse", RunResult::failed, [&](Level& level) {
+    return modules_.errors.run(routine, RunResult::failed, [&](Level& level) {
         run_ = RunState{};
         run_.header = buildRunHeader(order, modules_.equipment.currentTool(),
                                      modules_.equipment.currentWinch(), modules_.clock.now());
         run_.header.setup.winchDepthFactor *= modules_.link.modelFactor;
+        showToolButtons();
         level = 1; // choosing the file
         if (!chooseFile(order)) return RunResult::notStarted;
         logHead(order);
         level = 2; // the box is ours from here on
-        modules_.link.acquiring = true;
-        const bool streamed = modules_.errors.run("LCUFunctions-LCU_AcquireData_Pulse", false,
-                                                  [&](Level&) { return prepareAndStream(); });
+        const Owning owning(modules_);
+        const bool streamed = modules_.errors.run(routine, false, [&](Level&) { return prepareAndStream(); });
         level = 3; // closing, whatever happened
-        close(order);
-        modules_.link.acquiring = false;
-        return streamed ? RunResult::finished : RunResult::failed;
+        const bool allWritten = close(order);
+        return streamed && allWritten ? RunResult::finished : RunResult::failed;
     });
+}
+
+void LoggingRun::showToolButtons() {
+    const ToolRule& rule = toolRule(run_.header.tool.code);
+    for (const ToolButton* button : toolButtons) {
+        modules_.view.toolButton(button->key, button->caption, rule.button == button);
+    }
 }
 
 /// The latest run continued or the next one: false when the operator cancels or appending is refused.
@@ -75,13 +96,14 @@ bool LoggingRun::chooseFile(const RunOrder& order) {
     if (appending_ && !mayAppend(runs.latestFile)) return false;
     run_.file =
         appending_ ? runs.latestFile : order.projectFolder / runFileName(order.hole, code, runs.next());
+    modules_.state.runFileName = run_.file.filename().string();
     return true;
 }
 
 bool LoggingRun::mayAppend(const Path& latest) {
     const auto refusal = [&]() -> std::optional<std::string> {
         try {
-            return CheckLatestRunSpecs(run_.header, readRunHeader(modules_.files, latest).header);
+            return CheckLatestRunSpecs(run_.header, readRunHeader(modules_.files, latest));
         } catch (const Failure& failure) {
             return std::string(failure.what());
         }
@@ -110,11 +132,11 @@ bool LoggingRun::prepareAndStream() {
     if (!preparation.prepare()) return false;
     run_.scanSetup =
         prepareScans(modules_.equipment.currentTool(), modelNamed(modules_.link.model), run_.header.setup);
-    if (modules_.view.recording() && !openFile(appending_)) return false;
     modules_.view.runStarted(run_.header, run_.file);
+    if (modules_.view.recording() && !openFile()) return false;
 
-    LinkWatch watch(modules_.log, modules_.operatorSide, modules_.clock, modules_.serial, modules_.lcu,
-                    modules_.link, preparation.sampling());
+    LinkWatch watch(modules_.log, modules_.operatorSide, modules_.clock, modules_.port, modules_.lcu,
+                    preparation.sampling());
     run_.startTick = modules_.clock.tickMs();
     if (modules_.lcu.sendPlain("V") != LinkResult::good) return false;
     modules_.view.winchPrompt({}, {});
@@ -123,39 +145,60 @@ bool LoggingRun::prepareAndStream() {
 }
 
 /// Scans go only behind a header that is on disk, and behind a whole record.
-bool LoggingRun::openFile(bool appending) {
-    modules_.files.createFolder(run_.file.parent_path());
-    if (appending) {
-        if (const std::size_t cut = cutTornTail(modules_.files, run_.file); cut > 0) {
-            modules_.log.black("Torn last record of " + std::to_string(cut) +
-                               " bytes cut off before appending");
-        }
-        modules_.writer.continueFile(run_.file, run_.header);
-        run_.fileReady = true;
-    } else {
-        run_.fileReady = modules_.writer.LCU_SetupFileHeader(run_.file, run_.header);
-    }
+bool LoggingRun::openFile() {
+    run_.fileReady = modules_.errors.run(routine, false, [&](Level&) {
+        if (appending_) return continueLatest();
+        modules_.files.createFolder(run_.file.parent_path());
+        return modules_.writer.LCU_SetupFileHeader(run_.file, run_.header);
+    });
     if (!run_.fileReady) {
+        const std::string name = run_.file.string();
+        modules_.log.red("Run file " + name + " cannot be written, the run is not started");
         modules_.operatorSide.notice("Run file",
-                                     "The run file " + run_.file.string() +
+                                     "The run file " + name +
                                          " cannot be written, so the run is not started. See the error log.",
                                      Icon::critical);
     }
     return run_.fileReady;
 }
 
-void LoggingRun::close(const RunOrder& order) {
-    const double minutes = run_.startTick == 0 && run_.scan.scans == 0
-                               ? 0
-                               : static_cast<double>(modules_.clock.tickMs() - run_.startTick) / 60000.0;
+bool LoggingRun::continueLatest() {
+    if (const std::size_t cut = cutTornTail(modules_.files, run_.file); cut > 0)
+        modules_.log.black("Torn last record of " + std::to_string(cut) + " bytes cut off before appending");
+    modules_.files.append(run_.file, {}); // a file that may not be written says so before the winch turns
+    modules_.writer.continueFile(run_.file, run_.header);
+    return true;
+}
+
+/// False when scans that were kept are not on file.
+bool LoggingRun::close(const RunOrder& order) {
+    const std::int64_t now = modules_.clock.tickMs();
+    const double minutes = static_cast<double>(now - run_.startTick.value_or(now)) / 60000.0;
     modules_.lcu.LCU_PowerOFF_Reset();
-    logRunSummary(modules_.log, run_.tally, minutes, run_.header.setup.units);
+    const bool allWritten = writeHeld();
+    logRunSummary(modules_.log, run_.tally, written(), minutes, run_.header.setup.units);
+    modules_.view.toolButton(bullseyeButton.key, bullseyeButton.caption, false);
     modules_.view.LCU_ShowLoggingProgress(
-        {.elapsedMinutes = minutes, .remainingMinutes = {}, .ended = true, .endTime = modules_.clock.now()});
+        {.elapsedMinutes = minutes, .ended = true, .endTime = modules_.clock.now()});
     if (run_.fileReady) keepRun(order);
     modules_.writer.close();
     modules_.view.setRecording(false);
-    modules_.view.runEnded(run_.file, run_.tally.written);
+    modules_.view.runEnded(run_.file, static_cast<long>(written().count));
+    return allWritten;
+}
+
+/// Of this run: the writer still has those of the last one until a file is opened.
+WrittenScans LoggingRun::written() const {
+    return run_.fileReady ? modules_.writer.written() : WrittenScans{};
+}
+
+bool LoggingRun::writeHeld() {
+    if (modules_.writer.writeHeld()) return true;
+    const std::string lost =
+        std::to_string(modules_.writer.held()) + " scans could not be written to " + run_.file.string();
+    modules_.log.red(lost);
+    modules_.operatorSide.notice("Run file", lost + ". See the error log.", Icon::critical);
+    return false;
 }
 
 /// Neither a missing note nor a missing backup may harm the run itself.
@@ -164,7 +207,7 @@ void LoggingRun::keepRun(const RunOrder& order) {
         Utilities_updatefilenotestext(modules_.files, order.projectFolder, order.hole,
                                       run_.header.runDate + " " + run_.header.startTime + "  " +
                                           run_.file.filename().string() + "  " + run_.header.tool.name +
-                                          "  " + std::to_string(run_.tally.written) + " scans written");
+                                          "  " + std::to_string(written().count) + " scans written");
     });
     modules_.errors.run("Utilities_backuploggingrun",
                         [&](Level&) { Utilities_backuploggingrun(modules_.files, run_.file); });

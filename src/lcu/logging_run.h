@@ -6,14 +6,12 @@
 
 #include "lcu/run_context.h"
 
-#include <memory>
-
 namespace tarvik {
 
 enum class RunResult {
     finished,   ///< a stream ran and was closed in order
     notStarted, ///< refused or cancelled; nothing was sent that keeps the tool powered
-    failed,     ///< the box or the file could not be made ready; the closing steps were run
+    failed,     ///< the box or the file was not made ready, or kept scans are not on file; closed in order
 };
 
 class LoggingRun {
@@ -30,12 +28,16 @@ class LoggingRun {
     [[nodiscard]] const RunState& state() const { return run_; }
 
   private:
+    void showToolButtons();
     [[nodiscard]] bool chooseFile(const RunOrder& order);
     [[nodiscard]] bool mayAppend(const Path& latest);
     void logHead(const RunOrder& order);
-    [[nodiscard]] bool openFile(bool appending);
     [[nodiscard]] bool prepareAndStream();
-    void close(const RunOrder& order);
+    [[nodiscard]] bool openFile();
+    [[nodiscard]] bool continueLatest();
+    [[nodiscard]] bool close(const RunOrder& order);
+    [[nodiscard]] bool writeHeld();
+    [[nodiscard]] WrittenScans written() const;
     void keepRun(const RunOrder& order);
 
     RunModules& modules_;

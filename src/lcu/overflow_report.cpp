@@ -1,27 +1,26 @@
 #include "lcu/overflow_report.h"
 
-#include "base/bytes.h"
+#include "lcu/scan_bytes.h"
+#include "lcu/scan_decoder.h"
+
+#include <optional>
 
 namespace tarvik {
 
 namespace {
 
 constexpr std::size_t depthAndTime = 5; // bytes at the start of a scan
-constexpr double bandAbove = 100;       // metres: what counts as near the logged interval
-constexpr double bandBelow = 1000;
 
 /// As the value decoder scales them; missing bytes give no reading.
 std::optional<OverflowReading> readingAt(std::span<const std::uint8_t> bytes, std::size_t at,
                                          const RunSetup& run) {
     if (bytes.size() < at + depthAndTime) return std::nullopt;
-    auto count = static_cast<std::int32_t>(readU24be(&bytes[at]));
-    if (count > 0x800000) count -= 0x1000000;
-    return OverflowReading{.depth = count * 0.01 * run.winchDepthFactor * run.depthScaleFactor,
-                           .time = readU16be(&bytes[at + 3])};
+    const ScanBytes scan(bytes.subspan(at));
+    return OverflowReading{.depth = scanDepth(scan, run), .time = scan.timeCount()};
 }
 
-bool isNear(double depth, const RunSetup& run) {
-    return run.limitsOverride || (depth >= run.topDepth - bandAbove && depth <= run.bottomDepth + bandBelow);
+bool isSensible(double depth, const RunSetup& run) {
+    return run.limitsOverride || isNearRange(depth, run);
 }
 
 } // namespace
@@ -38,7 +37,7 @@ BufferOverflow overflowReport(const ScanRead& read, const ScanSetup& setup, doub
     overflow.first = readingAt(read.bytes, 0, setup.run).value_or(OverflowReading{});
     // The second scan begins behind the first and its own length byte.
     overflow.second = readingAt(read.bytes, static_cast<std::size_t>(read.expected) + 1, setup.run);
-    overflow.secondSensible = overflow.second && isNear(overflow.second->depth, setup.run);
+    overflow.secondSensible = overflow.second && isSensible(overflow.second->depth, setup.run);
     return overflow;
 }
 

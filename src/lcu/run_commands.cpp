@@ -1,10 +1,12 @@
 #include "lcu/run_commands.h"
 
 #include "base/number_picture.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace tarvik {
 
@@ -24,31 +26,36 @@ bool hasPlainLevel(const CurrentTool& tool) {
                        [](const SensorFactor& f) { return f.kind == plainLevel; });
 }
 
-/// "MUX" and the threshold level of tools whose signal comes up the cable as pulses, then "!" and the way to
-/// count.
-void addPulseCommands(std::vector<std::string>& commands, const CurrentTool& tool) {
+/// How the tool's signal comes up the cable.
+enum class Signal { levels, pulses, multiplexed };
+
+Signal signalOf(const CurrentTool& tool) {
     const std::string kind = tool.record.get(tool::kind(tool.mode));
-    const bool mux = kind == "MUX";
-    if (!mux && kind != "PULSE") return;
-    const std::string threshold = tool.record.get(tool::parameter(thresholdPair, tool.mode));
-    if (!threshold.empty()) {
-        if (mux) commands.emplace_back("MUX");
-        commands.push_back(threshold + ",250");
-    }
-    commands.emplace_back("!");
-    commands.emplace_back(mux ? "i" : "I");
+    if (kind == "MUX") return Signal::multiplexed;
+    return kind == "PULSE" ? Signal::pulses : Signal::levels;
 }
 
-bool isPulseTool(const CurrentTool& tool) {
-    const std::string kind = tool.record.get(tool::kind(tool.mode));
-    return kind == "MUX" || kind == "PULSE";
+std::string parameterOf(const CurrentTool& tool, int pair) {
+    return tool.record.get(tool::parameter(pair, tool.mode));
+}
+
+/// The threshold level, before it what the box has to know to measure it.
+void CheckThreshholdlevel(std::vector<std::string>& commands, const CurrentTool& tool, Signal signal) {
+    const std::string threshold = parameterOf(tool, thresholdPair);
+    if (threshold.empty()) return;
+    if (signal == Signal::multiplexed) commands.emplace_back("MUX");
+    commands.push_back(threshold + ",250");
+}
+
+/// Hundredths of a second as the operator would write them: a single of 0.29 s is "29".
+std::string hundredths(float seconds) {
+    return shortestNumber(static_cast<float>(leadingNumber(shortestNumber(seconds)) * 100));
 }
 
 } // namespace
 
 std::string samplingCommand(const RunSetup& setup, const LcuModel& model) {
-    if (setup.sampling == Sampling::time)
-        return "TT" + shortestNumber(static_cast<double>(setup.interval) * 100);
+    if (setup.sampling == Sampling::time) return "TT" + hundredths(setup.interval);
     const char sign = setup.direction == Direction::up ? '-' : '+';
     const double counts = static_cast<double>(setup.interval) * model.depthStepFactor;
     return std::string("TD") + sign + formatPicture(counts, "##0");
@@ -82,11 +89,15 @@ std::vector<std::string> toolCommands(const CurrentTool& tool, const LcuModel& m
     if (model.name == lcu4->name) commands.emplace_back("ER0");
     if (needsCommandSet(tool.record, model))
         commands.push_back(tool.record.get(tool::sensorFactors(tool.mode)));
-    addPulseCommands(commands, tool);
-    for (int pair = 1; pair <= tool::parameterPairs; ++pair) {
-        const std::string text = tool.record.get(tool::parameter(pair, tool.mode));
-        const bool sentAsThreshold = pair == thresholdPair && isPulseTool(tool);
-        if (!text.empty() && !sentAsThreshold) commands.push_back(text);
+    const Signal signal = signalOf(tool);
+    if (signal != Signal::levels) {
+        CheckThreshholdlevel(commands, tool, signal);
+        commands.emplace_back("!");
+        commands.emplace_back(signal == Signal::multiplexed ? "i" : "I");
+    }
+    const int firstOther = signal == Signal::levels ? thresholdPair : thresholdPair + 1;
+    for (int pair = firstOther; pair <= tool::parameterPairs; ++pair) {
+        if (std::string text = parameterOf(tool, pair); !text.empty()) commands.push_back(std::move(text));
     }
     return commands;
 }

@@ -13,11 +13,11 @@ namespace tarvik {
 /// "TD+5" by depth (the interval in depth counts of the model), "TT50" by time (hundredths of a second).
 [[nodiscard]] std::string samplingCommand(const RunSetup& setup, const LcuModel& model);
 
-/// The tools K551 to K554 speak another dialect on an LCU4: replaces "H21,I21" by "R11,S0" in the sensor
-/// factors of each mode. Any other tool or model stays as it is.
+/// The tools K551 to K554 speak another dialect on an LCU4; any other tool or model stays as it is.
 [[nodiscard]] bool needsCommandSet(const ToolRecord& record, const LcuModel& model);
+/// That dialect: "R11,S0" instead of "H21,I21" in the sensor factors of each mode.
 void setToolCommands(ToolRecord& record);
-/// Once the factors of the changed texts are known: with a plain level among them, "ER30" goes into
+/// Once the factors of the changed texts are worked out: with a plain level among them, "ER30" goes into
 /// parameters four to seven of each mode that reads "R11,S0".
 void setEnergyCommands(CurrentTool& tool);
 

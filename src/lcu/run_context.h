@@ -6,6 +6,7 @@
 #include "app/error_trap.h"
 #include "app/link_state.h"
 #include "app/operator_side.h"
+#include "app/program_state.h"
 #include "app/status_log.h"
 #include "base/run_header.h"
 #include "equipment/tool_winch_data.h"
@@ -20,6 +21,10 @@
 #include "platform/files.h"
 #include "platform/serial_port.h"
 
+#include <cstdint>
+#include <optional>
+#include <string>
+
 namespace tarvik {
 
 /// References to the modules; all outlive the run.
@@ -29,6 +34,7 @@ struct RunModules {
     StatusLog& log;
     OperatorSide& operatorSide;
     RunView& view;
+    ProgramState& state;
     const Clock& clock;
     Files& files;
     SerialPort& serial;
@@ -46,8 +52,7 @@ struct RunOrder {
     Path projectFolder;
     std::string hole;
     HoleDetails holeDetails;
-    RunSetup
-        setup; ///< its winch depth factor is the winch scale factor; the run multiplies the model's into it
+    RunSetup setup;          ///< with the winch's own scale factor as depth factor; the run adds the model's
     std::string screenScale; ///< "1:200", when the display uses a scale
 };
 
@@ -58,8 +63,8 @@ struct RunState {
     ScanState scan;
     AcquisitionRing ring;
     RunTally tally;
-    std::int64_t startTick = 0; ///< when the stream was started
-    bool fileReady = false;     ///< a header is on disk, so that scans may follow
+    std::optional<std::int64_t> startTick; ///< when the stream was started
+    bool fileReady = false;                ///< a header is on disk, so that scans may follow
 };
 
 } // namespace tarvik

@@ -13,10 +13,7 @@ constexpr std::string_view noFirmware = " ??";
 } // namespace
 
 bool RunPreparation::prepare() {
-    if (modelNamed(modules_.link.model) == nullptr || !modules_.link.open()) {
-        modules_.log.red("No LCU is connected. Search for it first.");
-        return false;
-    }
+    modules_.state.mode = programMode::acquire;
     if (modules_.lcu.LCU_PowerOFF_Reset() != LinkResult::good) return false;
     if (!send(sampling())) return false;
     modules_.link.toolPower = true;
@@ -31,15 +28,16 @@ std::string RunPreparation::sampling() const {
 }
 
 const LcuModel& RunPreparation::model() const {
-    return *modelNamed(modules_.link.model);
+    if (const LcuModel* const model = modelNamed(modules_.link.model)) return *model;
+    throw Failure(ErrorNumber::internal, "No LCU is connected. Search for it first.");
 }
 
 bool RunPreparation::send(const std::string& command) {
     return modules_.lcu.LCU_Command(command) == LinkResult::good;
 }
 
-/// K551 to K554 get another command set on an LCU4; the changed texts are what is sent. The factors are
-/// worked out here in any case, so that a run never starts with those of another mode.
+/// The changed texts are what is sent. The factors are worked out in any case: a run must not start with
+/// those of another mode.
 void RunPreparation::setUpTool() {
     CurrentTool& tool = modules_.equipment.currentTool();
     const bool otherCommands = needsCommandSet(tool.record, model());
@@ -54,9 +52,8 @@ bool RunPreparation::sendToolCommands() {
 }
 
 void RunPreparation::logFirmware() {
-    const std::string& box = modules_.link.firmware;
     const std::string tool = modules_.lcu.LCU_ToolFirmwareVersion();
-    modules_.log.black("LCU firmware version : " + (box.empty() ? "-N/A-" : box));
+    modules_.log.black("LCU firmware version : " + modules_.link.firmware);
     modules_.log.black("Tool firmware version : " + (tool == noFirmware ? "-N/A-" : tool));
 }
 

@@ -11,9 +11,9 @@ namespace tarvik {
 
 struct RunProgress {
     double elapsedMinutes = 0;
-    std::optional<double> remainingMinutes; ///< nothing when no speed or no end is known
+    std::optional<double> remainingMinutes = {}; ///< nothing when no speed or no end is known
     bool ended = false;
-    CivilTime endTime; ///< when the run ended, once it has
+    CivilTime endTime = {}; ///< when the run ended, once it has
 };
 
 /// " Elapsed logging time 12 mins", " Elapsed logging time 1 hr 5 mins".

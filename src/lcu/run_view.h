@@ -20,6 +20,7 @@ enum class KeepingState {
     notRecording,
     depthJump,
     outOfRange,
+    otherChannels,
     noScans,
     communicationsLost,
     writeFailed
@@ -49,6 +50,8 @@ class RunView {
 
     /// Buttons and menus while the run owns the LCU.
     virtual void setEnabled(bool enabled) = 0;
+    /// A button that only some tools need ("MB-Bullseye", "MB-Fluid"); nothing where there is no tool bar.
+    virtual void toolButton(std::string_view /*key*/, std::string_view /*caption*/, bool /*enabled*/) {}
     virtual void winchPrompt(std::string_view firstLine, std::string_view secondLine) = 0;
     virtual void runStarted(const RunHeader& header, const Path& file) = 0;
 

@@ -4,16 +4,18 @@
 #include "lcu/overflow_report.h"
 
 #include <cmath>
+#include <utility>
 
 namespace tarvik {
 
 namespace {
 
 constexpr double farthestBelievableJump = 5.0; // metres, across a loss of the line
+constexpr double jump = 1.0;                   // metres: the decoder takes no sample from here on
 constexpr std::int64_t silenceShownAfterMs = 2000;
 constexpr std::int64_t progressEveryMs = 500;
 constexpr std::int32_t firstScansWithoutValues = 2;
-constexpr double countsPerMinute = 10000.0 * 60; // time counts of 0.1 ms
+constexpr double secondsPerCount = 1e-4;
 
 } // namespace
 
@@ -26,7 +28,7 @@ ScanLoop::ScanLoop(RunModules& modules, RunState& run, LinkWatch& watch)
 
 void ScanLoop::run() {
     lastByteTick_ = modules_.clock.tickMs();
-    while (!ended_ && !modules_.view.stopRequested()) {
+    while (!ended_ && modules_.state.logging && !modules_.view.stopRequested()) {
         pass();
         showProgress();
     }
@@ -50,6 +52,8 @@ void ScanLoop::pass() {
     }
 }
 
+// ---- What a pass can meet.
+
 void ScanLoop::onScan(std::span<const std::uint8_t> bytes) {
     ScanState& scan = run_.scan;
     if (watch_.scanCame()) {
@@ -60,8 +64,8 @@ void ScanLoop::onScan(std::span<const std::uint8_t> bytes) {
     decoder_.LCU_GetValues(bytes);
     if (scan.current.status == -1 || scan.scans <= firstScansWithoutValues) return;
     if (!channelsAreExpected() || !depthIsBelievable()) return;
-    run_.tally.sawDepth(scan.current.depth);
-    measureSpeed();
+    run_.tally.saw(scan.current.depth);
+    speed_.measure(scan.current.depth, scan.current.scanTime);
     showScan();
     if (!currentIsSafe()) return;
     if (!scan.flags.inRange || !scan.flags.advance) return explainNotKept();
@@ -88,8 +92,8 @@ void ScanLoop::onOverflow(const ScanRead& read) {
     modules_.log.red("Buffer overflow type " + std::to_string(type) + " acquiring LCU data");
     modules_.log.red("Expected " + std::to_string(read.expected) + " chars.  Rec'd " +
                      std::to_string(read.received) + " chars");
-    const double speed = fromMetres(metresPerMinute_, run_.header.setup.units);
-    modules_.errorLog.reportOverflow(modules_.errors.place(), overflowReport(read, run_.scanSetup, speed));
+    modules_.errorLog.reportOverflow(modules_.errors.place(),
+                                     overflowReport(read, run_.scanSetup, speedInFileUnits()));
 }
 
 void ScanLoop::onPortGone() {
@@ -98,28 +102,9 @@ void ScanLoop::onPortGone() {
     say(KeepingState::communicationsLost, "the serial port has gone");
 }
 
-/// A box that lost power counts from a depth of its own: a jump across a loss of the line would file every
-/// value under a wrong depth.
-bool ScanLoop::depthIsBelievable() {
-    const double depth = run_.scan.current.depth;
-    if (backFromLoss_ && hasPreviousDepth_ && std::abs(depth - previousDepth_) > farthestBelievableJump) {
-        const auto text = [&](double metres) {
-            return formatPicture(fromMetres(metres, run_.header.setup.units), "###0.00");
-        };
-        modules_.log.red("Depth " + text(depth) +
-                         " after the loss of communications is not believed, it was " + text(previousDepth_));
-        modules_.operatorSide.notice("Depth not believed",
-                                     "After the loss of communications the LCU reports a depth of " +
-                                         text(depth) + ", it was " + text(previousDepth_) +
-                                         ". The run has been ended. Set the depth afresh and append.",
-                                     Icon::critical);
-        ended_ = true;
-        return false;
-    }
-    backFromLoss_ = false;
-    return true;
-}
+// ---- Whether a decoded scan may count.
 
+/// Such a scan may be no scan at all: its depth counts for the next speed only if the tool can be there.
 bool ScanLoop::channelsAreExpected() {
     const int carried = run_.scan.carriedChannels;
     if (carried == run_.scanSetup.channels) {
@@ -131,6 +116,23 @@ bool ScanLoop::channelsAreExpected() {
         modules_.log.red("Contact BRENNA - possible problems with Tool/Winch file");
         unexpectedChannels_ = carried;
     }
+    const CurrentScan& scan = run_.scan.current;
+    if (speed_.movedTo(scan.depth) < jump) speed_.measure(scan.depth, scan.scanTime);
+    say(KeepingState::otherChannels, "the scans carry another number of channels than the tool has");
+    return false;
+}
+
+/// A box that lost power counts from a depth of its own: a jump across a loss of the line would file every
+/// value under a wrong depth.
+bool ScanLoop::depthIsBelievable() {
+    const double depth = run_.scan.current.depth;
+    if (!std::exchange(backFromLoss_, false) || speed_.movedTo(depth) <= farthestBelievableJump) return true;
+    const std::string now = depthText(depth);
+    const std::string before = depthText(speed_.depth());
+    modules_.log.red("Depth " + now + " after the loss of communications is not believed, it was " + before);
+    end("Depth not believed", "After the loss of communications the LCU reports a depth of " + now +
+                                  ", it was " + before +
+                                  ". The run has been ended. Set the depth afresh and append.");
     return false;
 }
 
@@ -138,68 +140,53 @@ bool ScanLoop::currentIsSafe() {
     const int limit = modules_.equipment.currentTool().record.get(tool::maximumCurrent);
     const float current = run_.scan.current.toolCurrent;
     if (limit <= 0 || current <= static_cast<float>(limit)) return true;
-    modules_.log.red("Tool current was " + shortestNumber(current) + " ma");
-    modules_.log.red("Exceeds factory recommended maximum of " + std::to_string(limit) + " ma");
+    const std::string value = shortestNumber(current);
+    const std::string maximum = std::to_string(limit);
+    modules_.log.red("Tool current was " + value + " ma");
+    modules_.log.red("Exceeds factory recommended maximum of " + maximum + " ma");
     modules_.log.red("Tool shut down.");
-    modules_.operatorSide.notice("Tool shut down",
-                                 "Tool current was " + shortestNumber(current) + " ma, the maximum is " +
-                                     std::to_string(limit) + " ma. The tool is powered down.",
-                                 Icon::critical);
-    ended_ = true;
+    end("Tool shut down", "Tool current was " + value + " ma, the factory recommended maximum is " + maximum +
+                              " ma. The tool is powered down.");
     return false;
 }
 
-/// The change of depth since the previous decoded scan over the scan's time; without sign.
-void ScanLoop::measureSpeed() {
-    const CurrentScan& scan = run_.scan.current;
-    const bool measurable = hasPreviousDepth_ && scan.scanTime != 0;
-    metresPerMinute_ =
-        measurable ? std::abs(scan.depth - previousDepth_) * countsPerMinute / scan.scanTime : 0;
-    previousDepth_ = scan.depth;
-    hasPreviousDepth_ = true;
-}
-
-void ScanLoop::showScan() {
-    const CurrentScan& scan = run_.scan.current;
-    modules_.view.LCU_ShowLCUCurrent(scan.toolCurrent, scan.toolVoltage);
-    if (modelNamed(modules_.link.model) == lcu4)
-        modules_.view.LCU_ShowDepthSpeed(scan.depth, metresPerMinute_);
-}
+// ---- Keeping.
 
 void ScanLoop::keep() {
-    const double seconds = run_.scan.current.elapsedTime * 1e-4;
-    ++run_.tally.kept;
-    run_.ring.add(run_.scan.current, seconds);
-    store(seconds);
-}
-
-void ScanLoop::store(double seconds) {
     const CurrentScan& scan = run_.scan.current;
-    KeptScanView shown{.number = run_.tally.kept,
+    KeptScanView shown{.number = ++run_.tally.kept,
                        .depth = scan.depth,
-                       .speed = metresPerMinute_,
-                       .seconds = seconds,
+                       .speed = speed_.metresPerMinute(),
+                       .seconds = scan.elapsedTime * secondsPerCount,
                        .scan = &scan,
                        .savedDepth = {}};
-    if (!run_.fileReady || !modules_.view.recording()) {
-        modules_.view.scanKept(shown);
-        return say(KeepingState::notRecording, "recording is off");
+    run_.ring.add(scan, shown.seconds);
+    if (!modules_.view.recording()) {
+        say(KeepingState::notRecording, "recording is off");
+    } else if (!run_.fileReady) {
+        say(KeepingState::notRecording, "the run was started without a file");
+    } else {
+        return store(shown);
     }
-    const auto channels = static_cast<std::size_t>(scan.channelCount);
-    const std::string saved =
-        modules_.writer.LCU_SaveScan({.depth = scan.depth,
-                                      .scanTime = scan.scanTime,
-                                      .speed = fromMetres(metresPerMinute_, run_.header.setup.units),
-                                      .channels = std::span(scan.calibrated).subspan(1, channels),
-                                      .toolCurrent = scan.toolCurrent,
-                                      .toolVoltage = scan.toolVoltage,
-                                      .magneticMarker = run_.header.setup.magneticMarker});
+    modules_.view.scanKept(shown);
+}
+
+void ScanLoop::store(KeptScanView& shown) {
+    const CurrentScan& scan = *shown.scan;
+    const std::string saved = modules_.writer.LCU_SaveScan(
+        {.depth = scan.depth,
+         .scanTime = scan.scanTime,
+         .speed = speedInFileUnits(),
+         .channels = std::span(scan.calibrated).subspan(1, static_cast<std::size_t>(scan.channelCount)),
+         .toolCurrent = scan.toolCurrent,
+         .toolVoltage = scan.toolVoltage,
+         .magneticMarker = run_.header.setup.magneticMarker});
     shown.savedDepth = saved;
     modules_.view.scanKept(shown);
-    if (saved.empty())
-        return say(KeepingState::writeFailed, "the scan could not be written, see the error log");
-    run_.tally.wroteDepth(scan.depth);
-    say(KeepingState::kept, {});
+    if (!saved.empty()) return say(KeepingState::kept, {});
+    say(KeepingState::writeFailed, modules_.writer.held() > 0
+                                       ? "the run file cannot be written; scans are held until it can"
+                                       : "the scan could not be written, see the error log");
 }
 
 /// A scan between two samples is nothing to speak of; one that can never become a sample is.
@@ -208,9 +195,18 @@ void ScanLoop::explainNotKept() {
     if (!scan.flags.inRange)
         return say(KeepingState::outOfRange, "the depth is outside the limits of the run");
     if (run_.header.setup.sampling != Sampling::depth || scan.lastSampledDepth == noDepthSampled) return;
-    const double moved = std::abs(scan.current.depth - static_cast<double>(scan.lastSampledDepth));
-    if (moved < 1.0) return;
-    say(KeepingState::depthJump, "the depth has moved by 1 m or more from one sample to the next");
+    const double moved = std::abs(double{scan.current.depth} - double{scan.lastSampledDepth});
+    if (moved >= jump)
+        say(KeepingState::depthJump,
+            "the depth is 1 m or more away from the last sample at " + depthText(scan.lastSampledDepth));
+}
+
+// ---- Showing.
+
+void ScanLoop::showScan() {
+    const CurrentScan& scan = run_.scan.current;
+    modules_.view.LCU_ShowLCUCurrent(scan.toolCurrent, scan.toolVoltage);
+    if (run_.scanSetup.model == lcu4) modules_.view.LCU_ShowDepthSpeed(scan.depth, speed_.metresPerMinute());
 }
 
 void ScanLoop::say(KeepingState state, std::string_view why) {
@@ -225,12 +221,24 @@ void ScanLoop::showProgress() {
     const std::int64_t now = modules_.clock.tickMs();
     if (now - shownProgressTick_ < progressEveryMs) return;
     shownProgressTick_ = now;
-    const double minutes = static_cast<double>(now - run_.startTick) / 60000.0;
     modules_.view.LCU_ShowLoggingProgress(
-        {.elapsedMinutes = minutes,
-         .remainingMinutes = remainingMinutes(run_.header.setup, run_.scan.current.depth, metresPerMinute_),
+        {.elapsedMinutes = static_cast<double>(now - run_.startTick.value_or(now)) / 60000.0,
+         .remainingMinutes = remainingMinutes(run_.header.setup, speed_.depth(), speed_.metresPerMinute()),
          .ended = false,
          .endTime = {}});
+}
+
+void ScanLoop::end(std::string_view title, std::string_view why) {
+    modules_.operatorSide.notice(title, why, Icon::critical);
+    ended_ = true;
+}
+
+double ScanLoop::speedInFileUnits() const {
+    return fromMetres(speed_.metresPerMinute(), run_.header.setup.units);
+}
+
+std::string ScanLoop::depthText(double metres) const {
+    return formatPicture(fromMetres(metres, run_.header.setup.units), "###0.00");
 }
 
 } // namespace tarvik

@@ -1,11 +1,13 @@
 // The loop of a logging run: one pass for each scan, until the operator stops, the end is reached or a fault
-// ends it. Allocates nothing per scan.
+// ends it. Allocates nothing per scan but what the file system needs.
 #pragma once
 
 #include "lcu/link_watch.h"
 #include "lcu/run_context.h"
+#include "lcu/run_speed.h"
 #include "lcu/scan_reader.h"
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,33 +29,34 @@ class ScanLoop {
     void onOverflow(const ScanRead& read);
     void onPortGone();
 
-    [[nodiscard]] bool depthIsBelievable();
+    // Whether a decoded scan may count; each says why not.
     [[nodiscard]] bool channelsAreExpected();
+    [[nodiscard]] bool depthIsBelievable();
     [[nodiscard]] bool currentIsSafe();
-    void measureSpeed();
+
     void showScan();
     void keep();
-    void store(double seconds);
+    void store(KeptScanView& shown);
     void explainNotKept();
     void say(KeepingState state, std::string_view why);
     void showProgress();
+    void end(std::string_view title, std::string_view why);
+    [[nodiscard]] double speedInFileUnits() const;
+    [[nodiscard]] std::string depthText(double metres) const;
 
     RunModules& modules_;
     RunState& run_;
     LinkWatch& watch_;
     ScanReader scanReader_;
     ScanDecoder decoder_;
+    RunSpeed speed_;
 
     bool ended_ = false;
-    bool backFromLoss_ = false;   ///< the next decoded depth is compared with the last one before the loss
-    int unexpectedChannels_ = -1; ///< reported last; a stretch of such scans is reported once
-    double previousDepth_ = 0;    ///< metres, of the previous decoded scan
-    bool hasPreviousDepth_ = false;
-    double metresPerMinute_ = 0;
+    bool backFromLoss_ = false;   ///< the next depth is compared with the last one before the loss
+    int unexpectedChannels_ = -1; ///< said last: a stretch of such scans is one fault
     std::int64_t lastByteTick_ = 0;
     std::int64_t shownProgressTick_ = 0;
     KeepingState shownState_ = KeepingState::kept;
-    std::string stateSince_;
 };
 
 } // namespace tarvik

@@ -1,5 +1,7 @@
 #include "lcu/start_checks.h"
 
+#include "lcu/lcu_models.h"
+
 #include <algorithm>
 #include <string>
 
@@ -9,41 +11,55 @@ namespace {
 
 constexpr std::string_view sonicTool = "K521";
 
-bool sonicMayStart(OperatorSide& operatorSide, std::string_view lcuModel) {
-    if (lcuModel == "LCU2Plus") {
-        operatorSide.message("Sonic tool compatability",
-                             "The SONIC tool will only operate with\r\na LCU4 control box.",
-                             Icon::exclamation);
-    } else {
-        operatorSide.message("Sonic tool",
-                             "The sonic run of tool K521 is not built yet. Choose another tool.",
-                             Icon::exclamation);
+struct Refusal {
+    std::string title;
+    std::string text;
+};
+
+Refusal sonicRefusal(const LinkState& link) {
+    if (link.model == lcu2Plus->name)
+        return {"Sonic tool compatability", "The SONIC tool will only operate with\r\na LCU4 control box."};
+    return {"Sonic tool", "The sonic run of tool K521 is not built yet. Choose another tool."};
+}
+
+/// The hole becomes part of file names.
+bool nameable(std::string_view hole) {
+    constexpr std::string_view forbidden = R"(/\:*?"<>|)";
+    return !hole.empty() && std::ranges::none_of(hole, [&](char c) {
+        return forbidden.find(c) != std::string_view::npos || static_cast<unsigned char>(c) < ' ';
+    });
+}
+
+/// Without a text the run may start.
+Refusal refusalOf(const ToolRecord& tool, const LinkState& link, std::string_view hole) {
+    const std::string code = tool.get(tool::code);
+    if (code == sonicTool) return sonicRefusal(link);
+    if (code.empty()) return {"Tool", "No tool is chosen. Choose one of your tools first."};
+    if (link.demo) return {"Demonstration", "The demonstration run is not built yet. Connect an LCU to log."};
+    if (!link.open() || modelNamed(link.model) == nullptr)
+        return {"LCU", "No LCU is connected. Search for it first."};
+    if (!nameable(hole)) {
+        return {"Hole name", "The hole name \"" + std::string(hole) +
+                                 "\" cannot be part of a file name. Change it: it must not be empty nor hold "
+                                 "any of / \\ : * ? \" < > |"};
     }
-    return false;
+    return {};
 }
 
 } // namespace
 
-bool mayStartLogging(OperatorSide& operatorSide, const ToolRecord& tool, std::string_view lcuModel,
-                     bool recording) {
-    if (tool.get(tool::code) == sonicTool) return sonicMayStart(operatorSide, lcuModel);
+bool mayStartLogging(OperatorSide& operatorSide, const ToolRecord& tool, const LinkState& link,
+                     std::string_view hole, bool recording) {
+    if (const Refusal refusal = refusalOf(tool, link, hole); !refusal.text.empty()) {
+        operatorSide.message(refusal.title, refusal.text, Icon::exclamation);
+        return false;
+    }
     if (recording) return true;
     return operatorSide.ask(
                "Warning",
                "You currently have recording mode set to OFF.  No data will be written to file.  "
                "Is this OK ? ",
                Icon::critical) == Answer::yes;
-}
-
-std::string holeNameProblem(std::string_view hole) {
-    constexpr std::string_view forbidden = R"(/\:*?"<>|)";
-    const auto bad = std::ranges::find_if(hole, [&](char c) {
-        return forbidden.find(c) != std::string_view::npos || static_cast<unsigned char>(c) < ' ';
-    });
-    if (bad == hole.end()) return {};
-    return "The hole name \"" + std::string(hole) +
-           "\" cannot be part of a file name because of the character \"" + *bad +
-           "\". Change the hole name.";
 }
 
 } // namespace tarvik

@@ -1,6 +1,7 @@
-// The questions at the start button, asked before anything is sent or written.
+// What is asked at the start button, before anything is sent or written.
 #pragma once
 
+#include "app/link_state.h"
 #include "app/operator_side.h"
 #include "base/tool_record.h"
 
@@ -9,10 +10,7 @@
 namespace tarvik {
 
 /// False: the run does not start, and the operator knows why.
-[[nodiscard]] bool mayStartLogging(OperatorSide& operatorSide, const ToolRecord& tool,
-                                   std::string_view lcuModel, bool recording);
-
-/// Why a hole's name cannot be part of a file name, and what to change; empty when it can.
-[[nodiscard]] std::string holeNameProblem(std::string_view hole);
+[[nodiscard]] bool mayStartLogging(OperatorSide& operatorSide, const ToolRecord& tool, const LinkState& link,
+                                   std::string_view hole, bool recording);
 
 } // namespace tarvik

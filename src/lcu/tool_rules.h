@@ -10,9 +10,18 @@
 
 namespace tarvik {
 
+/// A button of the tool bar that only some tools need.
+struct ToolButton {
+    std::string_view key;
+    std::string_view caption;
+};
+inline constexpr ToolButton bullseyeButton{"MB-Bullseye", "Bullseye"};
+inline constexpr ToolButton gaugesButton{"MB-Fluid", "Gauges"};
+
 struct ToolRule {
     std::string_view code = {};
     std::string_view specialKind = {}; ///< as the run file names tools that need processing of their own
+    const ToolButton* button = nullptr;
 
     int derivedChannels = 0; ///< by how much the channel count exceeds the channels that a scan carries
     int firstDerived = 0;    ///< first channel that is computed; 0: the one behind those carried
@@ -37,6 +46,7 @@ struct ToolRule {
 inline constexpr std::array<ToolRule, 8> toolRules{{
     {.code = "K417",
      .specialKind = "DEVIATION",
+     .button = &bullseyeButton,
      .derivedChannels = 4,
      .firstDerived = 7, // a scan carries eight words; the last two are no measurements
      .names = {"Azimuth", "Inclination", "Total field", "East", "North", "Distance"},
@@ -47,8 +57,8 @@ inline constexpr std::array<ToolRule, 8> toolRules{{
     {.code = "K522", .specialKind = "SONIC", .derivedChannels = 1, .zeroUpTo = 9, .rawSigned = true},
     {.code = "K240", .derivedChannels = 1, .constantChannel = 7, .constant = 100.0F},
     {.code = "K245", .derivedChannels = 1, .signedFrom = 4},
-    {.code = "K306", .derivedChannels = 2},
-    {.code = "K307"},
+    {.code = "K306", .button = &gaugesButton, .derivedChannels = 2},
+    {.code = "K307", .button = &gaugesButton},
     {.code = "K333"},
 }};
 inline constexpr ToolRule ordinaryTool{};

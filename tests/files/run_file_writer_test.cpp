@@ -232,7 +232,7 @@ TEST(RunFileWriter, AValueThatDoesNotFitKeepsTheScanOutAndIsReportedWithTheScan)
     EXPECT_EQ(run.files.size(runFile), 26188U + 40);
 }
 
-TEST(RunFileWriter, AFullDiskLosesTheScansAndNothingElse) {
+TEST(RunFileWriter, AFullDiskLosesNoScan) {
     RunFiles run;
     run.files.failWritesAfter = 0;
     EXPECT_FALSE(run.writer.LCU_SetupFileHeader(runFile, runHeader()));
@@ -243,9 +243,36 @@ TEST(RunFileWriter, AFullDiskLosesTheScansAndNothingElse) {
     ASSERT_TRUE(run.writer.LCU_SetupFileHeader(runFile, runHeader()));
     EXPECT_NE(run.save(1), "");
     EXPECT_EQ(run.save(2), "");
+    EXPECT_EQ(run.save(3), "");
+    EXPECT_EQ(run.save(3.5, 0, 400), ""); // does not fit its field, disk or no disk
+    EXPECT_EQ(run.writer.held(), 2U);
+    EXPECT_EQ(run.errors.reports.size(), 3U) << "the full disk is reported once";
     run.files.failWritesAfter = 100;
-    EXPECT_NE(run.save(3), "");
-    EXPECT_EQ(run.open()->depth, (std::vector<double>{1, 3}));
+    EXPECT_EQ(run.save(4), "4.00");
+    EXPECT_EQ(run.writer.held(), 0U);
+    EXPECT_EQ(run.writer.written().count, 4);
+    EXPECT_EQ(run.writer.written().firstDepth, 1);
+    EXPECT_EQ(run.writer.written().lastDepth, 4);
+    EXPECT_EQ(run.open()->depth, (std::vector<double>{1, 2, 3, 4}));
+
+    run.files.failWritesAfter = 0;
+    run.save(5);
+    EXPECT_FALSE(run.writer.writeHeld());
+    run.files.failWritesAfter = 100;
+    EXPECT_TRUE(run.writer.writeHeld());
+    EXPECT_EQ(run.open()->depth, (std::vector<double>{1, 2, 3, 4, 5}));
+}
+
+TEST(RunFileWriter, HoldsFourMegabytesOfScans) {
+    RunFiles run;
+    run.writer.LCU_SetupFileHeader(runFile, runHeader());
+    run.files.failWritesAfter = 0;
+    for (int scan = 1; scan <= 100'001; ++scan) run.save(scan * 0.01);
+    EXPECT_EQ(run.writer.held(), 100'000U);
+    EXPECT_EQ(run.errors.reports.size(), 2U) << "the full disk, and the scan that was lost";
+    run.files.failWritesAfter = 100;
+    run.save(1001);
+    EXPECT_EQ(run.files.size(runFile), 26188U + 40 * 100'001);
 }
 
 TEST(RunFileWriter, NeitherOverwritesARunNorBeginsAFileWithoutHeader) {

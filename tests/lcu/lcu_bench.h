@@ -33,17 +33,21 @@ class Reports final : public ErrorReporter {
     Lines lines;
 };
 
-/// Shown texts: "!" box, "?" notice, "s" status text, "p" link panel.
+/// Shown texts: "!" box, "*" question, "?" notice, "s" status text, "p" link panel.
 class Operator final : public OperatorSide {
   public:
     void message(std::string_view title, std::string_view text, Icon) override { add("!", title, text); }
-    Answer ask(std::string_view, std::string_view, Icon) override { return Answer::no; }
+    Answer ask(std::string_view title, std::string_view text, Icon) override {
+        add("*", title, text);
+        return answer;
+    }
     void notice(std::string_view title, std::string_view text, Icon) override { add("?", title, text); }
     void showError(const ErrorReport&, std::string_view, std::string_view) override {}
     void beep() override {}
     void statusText(std::string_view text) override { add("s", "", text); }
     void linkPanel(std::string_view text) override { add("p", "", text); }
     Lines shown;
+    Answer answer = Answer::no;
 
   private:
     void add(std::string kind, std::string_view title, std::string_view text) {
