@@ -12,7 +12,7 @@ namespace {
 /// The header has 20 name slots; a channel behind them reads back under another name.
 bool sameChannelNames(const RunHeader& a, const RunHeader& b) {
     const auto named = [](const RunHeader& header) {
-        return std::span(header.channels).first(std::min(header.channels.size(), run_file::slots));
+        return std::span(header.channels).first(std::min(header.channels.size(), run_file::slotCount));
     };
     return std::ranges::equal(named(a), named(b), {}, &RunChannel::name, &RunChannel::name);
 }
