@@ -25,7 +25,9 @@ void ConsoleOperator::message(std::string_view title, std::string_view text, Ico
 }
 
 Answer ConsoleOperator::ask(std::string_view title, std::string_view text, Icon) {
-    std::cerr << title << ": " << onOneLine(text) << (answer_ == Answer::yes ? "-> yes" : "-> no") << "\n";
+    const std::string question = std::string(title) + ": " + onOneLine(text);
+    if (asker_) return asker_(question);
+    std::cerr << question << (answer_ == Answer::yes ? "-> yes" : "-> no") << "\n";
     return answer_;
 }
 

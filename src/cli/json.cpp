@@ -1,5 +1,9 @@
 #include "cli/json.h"
 
+#include "base/number_picture.h"
+
+#include <cmath>
+
 namespace tarvik {
 
 std::string jsonString(std::string_view utf8) {
@@ -19,6 +23,20 @@ std::string jsonString(std::string_view utf8) {
         }
     }
     return text + "\"";
+}
+
+std::string jsonNumber(double value) {
+    return std::isfinite(value) ? shortestNumber(value) : "null";
+}
+
+std::string jsonNumber(float value) {
+    return std::isfinite(value) ? shortestNumber(value) : "null";
+}
+
+std::string JsonObject::joined(std::string_view separator) const {
+    std::string text;
+    for (const std::string& member : members_) text.append(text.empty() ? "" : separator).append(member);
+    return text;
 }
 
 } // namespace tarvik

@@ -13,6 +13,7 @@ constexpr std::string_view noLcuAdvice =
 class Terminal {
   public:
     explicit Terminal(Answer answer = Answer::no) : console_(answer) {}
+    explicit Terminal(ConsoleOperator::Asker asker) : console_(std::move(asker)) {}
 
     [[nodiscard]] Shell shell() {
         return {.operatorSide = console_,
