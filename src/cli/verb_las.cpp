@@ -32,7 +32,7 @@ LasExportOptions exportOptions(const Arguments& arguments) {
 
 int runLas(const Arguments& arguments) {
     const Path run = arguments.only("run file");
-    const auto output = arguments.text("-o");
+    const auto output = arguments.name("-o");
     if (!output) throw UsageError("-o OUT.las is missing");
     const LasExportOptions options = exportOptions(arguments);
     Terminal terminal;
