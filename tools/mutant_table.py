@@ -113,7 +113,7 @@ MUTANTS = [
     Mutant("a scan without a depth takes its time", "files_tests", "src/files/scan_loader.cpp",
            "++review_.skippedScans;", "timeCount_ += scan.time(), ++review_.skippedScans;"),
     Mutant("the first scan has a time", "files_tests", "src/files/scan_loader.cpp",
-           "if (!first) timeCount_", "timeCount_"),
+           "secondsOf(scan, row == 0)", "secondsOf(scan, false)"),
     Mutant("version 1.99 stored hundredths", "files_tests", "src/files/scan_loader.cpp",
            "> newestUnscaledVersion", ">= newestUnscaledVersion"),
     Mutant("the arrays hold 79,999 scans", "files_tests", "src/files/scan_loader.cpp",

@@ -3,6 +3,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvik {
 
@@ -80,12 +81,13 @@ std::optional<double> Arguments::number(std::string_view option) const {
     return parsed;
 }
 
-std::optional<long> Arguments::whole(std::string_view option) const {
+std::optional<int> Arguments::whole(std::string_view option) const {
     const auto value = text(option);
     if (!value) return std::nullopt;
     const auto parsed = parseInteger(*value);
-    if (!parsed) throw UsageError(expectation(option, *value, "a whole number"));
-    return static_cast<long>(*parsed);
+    if (!parsed || !std::in_range<int>(*parsed))
+        throw UsageError(expectation(option, *value, "a whole number"));
+    return static_cast<int>(*parsed);
 }
 
 std::optional<std::string> Arguments::oneOf(std::string_view option,

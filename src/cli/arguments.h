@@ -34,7 +34,7 @@ class Arguments {
     [[nodiscard]] std::optional<std::string> text(std::string_view option) const;
     [[nodiscard]] std::vector<std::string> all(std::string_view option) const;
     [[nodiscard]] std::optional<double> number(std::string_view option) const;
-    [[nodiscard]] std::optional<long> whole(std::string_view option) const;
+    [[nodiscard]] std::optional<int> whole(std::string_view option) const;
     /// One of `choices`, told apart without regard to case and returned as written there.
     [[nodiscard]] std::optional<std::string> oneOf(std::string_view option,
                                                    std::span<const std::string_view> choices) const;

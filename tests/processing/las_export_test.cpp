@@ -182,9 +182,9 @@ TEST(LasExport, StepsFinerThanTheirTwoDecimalsAreWarnedOf) {
 TEST(LasExport, TheLastRegularStepIsNotLostToRounding) {
     Export las;
     las.log.depth = {0.1, 0.2, 0.3, 0.4};
-    ASSERT_TRUE(las.run({.step = 0.1, .channels = {"Current"}}));
+    ASSERT_TRUE(las.run({.stop = 0.3, .step = 0.1, .channels = {"Current"}})); // 1.9999999999999998 steps
     EXPECT_EQ(las.data(), "        0.10       48.00\r\n        0.20       49.00\r\n"
-                          "        0.30       50.00\r\n        0.40       51.00\r\n");
+                          "        0.30       50.00\r\n");
 }
 
 TEST(LasExport, RefusedBeforeAnythingIsWritten) {
