@@ -25,7 +25,7 @@ std::int32_t LcuPort::openDevice(std::int32_t port, std::int32_t baud) {
 
 bool LcuPort::open(std::int32_t port, std::int32_t baud) {
     const std::int32_t opened = openDevice(port, baud);
-    const std::string speed = std::to_string(baud) + " baud";
+    const std::string speed = std::to_string(baud);
     if (opened != succeeded) {
         log_.red("Problems opening " + comName(port) + " port at " + speed + " - may be in use");
         if (const std::string problem = serial_.openProblem(); !problem.empty()) log_.red(problem);
@@ -33,7 +33,7 @@ bool LcuPort::open(std::int32_t port, std::int32_t baud) {
     }
     link_.port = port;
     link_.baud = baud;
-    log_.black("Port " + comName(port) + " opened OK at " + speed);
+    log_.black("Port " + comName(port) + " opened OK at " + speed + " baud");
     if (const std::int32_t code = serial_.ComSetFlow(port, flowOff); code != succeeded) {
         log_.black("Problem setting flow off on comms port - error " + std::to_string(code));
     }

@@ -81,7 +81,7 @@ TEST(LcuSearch, APortThatCannotBeOpenedIsSkippedInPlainWords) {
     bench.serial.answer("Q", {{{"Q\x81"}}});
     EXPECT_EQ(bench.search.LCU_Locate(12), SearchResult::found);
     EXPECT_EQ(bench.link.port, 2);
-    EXPECT_EQ(bench.lines.lines[2], "2Problems opening COM1 port at 115200 baud - may be in use");
+    EXPECT_EQ(bench.lines.lines[2], "2Problems opening COM1 port at 115200 - may be in use");
     EXPECT_EQ(bench.lines.lines[3], "2COM1 is held by another program.");
     EXPECT_EQ(bench.serial.opened, (Lines{"COM1@9600", "COM1@115200", "COM2@9600"}));
 }
