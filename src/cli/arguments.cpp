@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvik {
 
@@ -94,13 +95,13 @@ std::optional<double> Arguments::number(std::string_view option, const Range& ra
     return parsed;
 }
 
-std::optional<long> Arguments::whole(std::string_view option, const Range& range) const {
+std::optional<int> Arguments::whole(std::string_view option, const Range& range) const {
     const auto value = text(option);
     if (!value) return std::nullopt;
     const auto parsed = parseInteger(*value);
-    if (!parsed || !range.holds(static_cast<double>(*parsed)))
+    if (!parsed || !std::in_range<int>(*parsed) || !range.holds(static_cast<double>(*parsed)))
         throw UsageError(expectation(option, *value, "a whole number" + range.text()));
-    return static_cast<long>(*parsed);
+    return static_cast<int>(*parsed);
 }
 
 std::optional<std::string> Arguments::oneOf(std::string_view option,

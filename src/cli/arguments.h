@@ -48,7 +48,7 @@ class Arguments {
     [[nodiscard]] std::optional<std::string> name(std::string_view option) const;
     /// UsageError when the value is no number, or lies outside the range.
     [[nodiscard]] std::optional<double> number(std::string_view option, const Range& range = {}) const;
-    [[nodiscard]] std::optional<long> whole(std::string_view option, const Range& range = {}) const;
+    [[nodiscard]] std::optional<int> whole(std::string_view option, const Range& range = {}) const;
     /// One of `choices`, told apart without regard to case and returned as written there.
     [[nodiscard]] std::optional<std::string> oneOf(std::string_view option,
                                                    std::span<const std::string_view> choices) const;

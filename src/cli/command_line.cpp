@@ -86,7 +86,7 @@ std::int32_t searchedPorts(const Arguments& arguments, const Settings& settings)
     if (std::ranges::find(lcuCommsChoices, *ports) == lcuCommsChoices.end()) {
         throw UsageError("--lcucomms expects 12, 34, 1, 2, 3 or 4");
     }
-    return static_cast<std::int32_t>(*ports);
+    return *ports;
 }
 
 int runCommandLine(std::span<const std::string_view> words) {

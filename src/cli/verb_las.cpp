@@ -22,7 +22,7 @@ LasExportOptions exportOptions(const Arguments& arguments) {
     options.stop = arguments.number("--stop");
     options.step = arguments.number("--step");
     if (const auto text = arguments.text("--null")) options.nullText = *text;
-    if (const auto decimals = arguments.whole("--decimals")) options.decimals = static_cast<int>(*decimals);
+    if (const auto decimals = arguments.whole("--decimals")) options.decimals = *decimals;
     for (const std::string& filter : arguments.all("--filter")) options.filters.push_back(filterFrom(filter));
     options.channels = arguments.all("--channel");
     options.holeAzimuth = arguments.text("--azimuth").value_or("");

@@ -105,9 +105,9 @@ RunOrder orderFrom(const Program& program, const RunSetup& setup) {
 }
 
 int toolMode(const Arguments& arguments) {
-    const long mode = arguments.whole("--mode").value_or(1);
+    const int mode = arguments.whole("--mode").value_or(1);
     if (mode != 1 && mode != 2) throw UsageError("--mode expects 1 or 2");
-    return static_cast<int>(mode);
+    return mode;
 }
 
 void loadEquipment(const Settings& settings, int mode, ToolWinchData& equipment) {
