@@ -63,15 +63,15 @@ void ConsoleRunView::scanKept(const KeptScanView& scan) {
 }
 
 void ConsoleRunView::keepingState(KeepingState state, std::string_view words) {
-    lostScans_ = lostScans_ || state == KeepingState::writeFailed;
     if (state == KeepingState::kept)
         lines_.line("Scans are being kept again");
     else
         lines_.line("NO SCAN WRITTEN " + std::string(words));
 }
 
-void ConsoleRunView::runEnded(const Path& file, long) {
+void ConsoleRunView::runEnded(const Path& file, long scansWritten) {
     file_ = file;
+    scansWritten_ = scansWritten;
 }
 
 } // namespace tarvik

@@ -45,8 +45,7 @@ class ConsoleRunView final : public RunView {
     void runEnded(const Path& file, long scansWritten) override;
 
     [[nodiscard]] const Path& file() const { return file_; }
-    /// A scan that was to be kept could not be written, at any time of the run.
-    [[nodiscard]] bool hasLostScans() const { return lostScans_; }
+    [[nodiscard]] long scansWritten() const { return scansWritten_; }
 
   private:
     [[nodiscard]] std::string progressText(const RunProgress& progress) const;
@@ -61,11 +60,11 @@ class ConsoleRunView final : public RunView {
     RunSetup setup_;
     Path file_;
     long kept_ = 0;
+    long scansWritten_ = 0;
     std::optional<double> depth_; ///< metres
     std::optional<float> milliamps_;
     std::optional<std::int64_t> startTick_;
     bool endReached_ = false;
-    bool lostScans_ = false;
 };
 
 } // namespace tarvik

@@ -163,13 +163,10 @@ int runLog(const Arguments& arguments) {
         program.state,  program.clock,    program.files,     program.serial,     program.link,
         program.port,   program.lcu,      program.equipment, program.runReader,  program.runWriter};
     const RunResult result = LoggingRun(modules).comstartlogging(order);
-    if (result != RunResult::finished) return exitFailed;
-    if (recording) std::cout << view.file().string() << "\n";
-    if (!view.hasLostScans()) return exitDone;
-    std::cerr
-        << "tarvik: scans of this run could not be written; what was written before and after is in the "
-           "file\n";
-    return exitFailed;
+    // A run that failed half-way has a file, too.
+    const bool finished = result == RunResult::finished;
+    if (recording && (finished || view.scansWritten() > 0)) std::cout << view.file().string() << "\n";
+    return finished ? exitDone : exitFailed;
 }
 
 } // namespace
