@@ -14,6 +14,12 @@ ProgramOptions withTrace(const Arguments& arguments) {
 
 } // namespace
 
+void RedLines::showStatusLine(std::string_view viewerLine) {
+    constexpr std::size_t colourAt = std::string_view("hh:mm:ss  \\b\\").size();
+    if (viewerLine.size() > colourAt && viewerLine[colourAt] == '2')
+        std::cerr << viewerLine.substr(colourAt + 1) << "\n";
+}
+
 Session::Session(const Arguments& arguments, Terminal& terminal)
     : program(withTrace(arguments), terminal.shell()) {
     program.startUp.formLoad();

@@ -33,6 +33,20 @@ class Terminal {
     MemoryDisplay display_;
 };
 
+/// Shows the red lines of the status log on standard error while it lives: what reading found damaged.
+class RedLines final : public StatusViewer {
+  public:
+    explicit RedLines(StatusLog& log) : log_(log) { log_.addViewer(*this); }
+    ~RedLines() override { log_.removeViewer(*this); }
+    RedLines(const RedLines&) = delete;
+    RedLines& operator=(const RedLines&) = delete;
+
+    void showStatusLine(std::string_view viewerLine) override;
+
+  private:
+    StatusLog& log_;
+};
+
 /// The frame around a verb that talks to the LCU: start lines in the status log, and the closing lines when
 /// it goes.
 class Session {

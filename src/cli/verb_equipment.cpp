@@ -95,6 +95,7 @@ int runEquipment(const Arguments& arguments) {
     };
     Terminal terminal;
     Program program(programOptions(arguments), terminal.shell());
+    const RedLines damage(program.log);
     if (act == "list") return list(program);
     if (act == "add-tool" || act == "add-winch") {
         expect(3, "a code and a serial number");

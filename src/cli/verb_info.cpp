@@ -92,6 +92,7 @@ int runInfo(const Arguments& arguments) {
     const Path file = arguments.only("run file");
     Terminal terminal;
     Program program(programOptions(arguments), terminal.shell());
+    const RedLines damage(program.log);
     auto log = program.runReader.Tarvikfileopen(file);
     if (!log) return exitFailed;
     const RunFacts facts{file, readRunHeader(program.files, file), std::move(*log)};
