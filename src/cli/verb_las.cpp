@@ -32,12 +32,13 @@ LasExportOptions exportOptions(const Arguments& arguments) {
 
 int runLas(const Arguments& arguments) {
     const Path run = arguments.only("run file");
-    const auto output = arguments.text("-o");
+    const auto output = arguments.name("-o");
     if (!output) throw UsageError("-o OUT.las is missing");
     const LasExportOptions options = exportOptions(arguments);
     Terminal terminal;
     Program program(programOptions(arguments), terminal.shell());
-    const RedLines damage(program.log);
+    RedLines damage(terminal.lines());
+    program.log.addViewer(damage);
     const auto log = program.runReader.Tarvikfileopen(run);
     if (!log) return exitFailed;
     const auto show = [](std::string_view line) { std::cerr << line << "\n"; };
