@@ -70,7 +70,7 @@ MUTANTS = [
 
     # ---- equipment
     Mutant("an item of period tools loses its constant", "equipment_tests", "src/equipment/sensor_factors.cpp",
-           "channel = {period, periodConstant(item)};", "channel = {period, 1};"),
+           "channel = {period, periodConstant(item)};", "channel = {period, 1 + 0 * periodConstant(item)};"),
     Mutant("letter S is no signed level", "equipment_tests", "src/equipment/sensor_factors.cpp",
            "letter <= 'S'", "letter < 'S'"),
     Mutant("the line takes its constant from the first point", "equipment_tests",

@@ -93,6 +93,8 @@ int runInfo(const Arguments& arguments) {
     const Path file = arguments.only("run file");
     Terminal terminal;
     Program program(programOptions(arguments), terminal.shell());
+    RedLines damage(terminal.lines());
+    program.log.addViewer(damage);
     auto log = program.runReader.Tarvikfileopen(file);
     if (!log) return exitFailed;
     const RunFacts facts{file, readRunHeader(program.files, file), std::move(*log)};

@@ -37,6 +37,8 @@ int runLas(const Arguments& arguments) {
     const LasExportOptions options = exportOptions(arguments);
     Terminal terminal;
     Program program(programOptions(arguments), terminal.shell());
+    RedLines damage(terminal.lines());
+    program.log.addViewer(damage);
     const auto log = program.runReader.Tarvikfileopen(run);
     if (!log) return exitFailed;
     const auto show = [](std::string_view line) { std::cerr << line << "\n"; };
