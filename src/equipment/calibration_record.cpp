@@ -1,9 +1,12 @@
 #include "equipment/calibration_record.h"
 
 #include "base/rounding.h"
+#include "base/text.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <span>
 #include <utility>
 
 namespace tarvik {
@@ -47,6 +50,17 @@ Calibration calibrationOf(const CalibrationRecord& record) {
                               record.get(calibration::reference(point))};
     }
     return read;
+}
+
+bool canBeEvaluated(const Calibration& calibration) {
+    if (calibration.order < 0 || calibration.order >= maxCoefficients) return false;
+    const auto terms =
+        std::span(calibration.coefficients).first(static_cast<std::size_t>(calibration.order) + 1);
+    return std::ranges::all_of(terms, [](double coefficient) { return std::isfinite(coefficient); });
+}
+
+bool sameSensor(std::string_view a, std::string_view b) {
+    return upperCase(trimmed(a)) == upperCase(trimmed(b));
 }
 
 CalibrationRecord calibrationRecord(const ToolRecord& tool, const Calibration& calibration) {

@@ -57,6 +57,12 @@ static_assert(endOf(marked) == reserved.offset && endOf(reserved) == Calibration
 /// The number of points is held to the twenty there is room for.
 [[nodiscard]] Calibration calibrationOf(const CalibrationRecord& record);
 
+/// False when no value comes of it: an order outside 0 to 19, or coefficients that are no numbers.
+[[nodiscard]] bool canBeEvaluated(const Calibration& calibration);
+
+/// Sensor names are the same in whatever case and with whatever blanks around them.
+[[nodiscard]] bool sameSensor(std::string_view a, std::string_view b);
+
 /// With code, name and serial number of the tool.
 [[nodiscard]] CalibrationRecord calibrationRecord(const ToolRecord& tool, const Calibration& calibration);
 

@@ -1,6 +1,6 @@
 #include "equipment/tool_calibrations.h"
 
-#include "base/text.h"
+#include "equipment/calibration_record.h"
 
 #include <algorithm>
 
@@ -11,10 +11,6 @@ namespace {
 constexpr std::string_view deviationTool = "K417";
 constexpr int azimuthChannel = 7; ///< inclination and total field follow
 constexpr int totalFieldChannel = 9;
-
-bool sameSensor(std::string_view a, std::string_view b) {
-    return upperCase(trimmed(a)) == upperCase(trimmed(b));
-}
 
 } // namespace
 
