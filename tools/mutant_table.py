@@ -21,6 +21,10 @@ MUTANTS = [
            "decimal.digit(keep) >= '5'", "decimal.digit(keep) > '5'"),
     Mutant("texts are not cut at a blank", "base_tests", "src/base/fixed_record.h",
            "return fromAnsi(trimmed(raw));", "return fromAnsi(raw);"),
+    Mutant("columns of numbers trust a tie", "base_tests", "src/base/number_picture.cpp",
+           "    if (std::abs(rest - 0.5) <= doubt) return false;\n", ""),
+    Mutant("the euro is byte 0x20AC", "base_tests", "src/base/text.cpp",
+           "byte >= 0x80 && byte < 0xA0 ? cp1252High[byte - 0x80] : byte", "byte"),
 
     # ---- decoding
     Mutant("raw supply words subtract 4096", "lcu_tests", "src/lcu/raw_scan_decoder.cpp",
@@ -66,7 +70,7 @@ MUTANTS = [
 
     # ---- equipment
     Mutant("an item of period tools loses its constant", "equipment_tests", "src/equipment/sensor_factors.cpp",
-           "channel = {period, periodConstant(item)};", "channel = {period, 1};"),
+           "channel = {period, periodConstant(item)};", "channel = {period, 1 + 0 * periodConstant(item)};"),
     Mutant("letter S is no signed level", "equipment_tests", "src/equipment/sensor_factors.cpp",
            "letter <= 'S'", "letter < 'S'"),
     Mutant("the line takes its constant from the first point", "equipment_tests",
@@ -79,6 +83,20 @@ MUTANTS = [
            "const std::string wanted(serialNumber);"),
     Mutant("a winch's serial number is free for a tool", "equipment_tests", "src/equipment/tool_winch_data.cpp",
            " && !carriesSerial(user, winchKind, serialNumber)", ""),
+    Mutant("a plain level forgets its factor", "equipment_tests", "src/equipment/sensor_factors.cpp",
+           "channel.kind = plainLevel;", "channel = {plainLevel, 1};"),
+    Mutant("an item pr is a signed level", "equipment_tests", "src/equipment/sensor_factors.cpp",
+           "    if (item.starts_with(\"pr\")) channel = {countRate, 1};\n", ""),
+    Mutant("the impellers count in one direction", "equipment_tests", "src/equipment/sensor_factors.cpp",
+           "factors[5] = factors[6] = {countRate, 1}", "factors[5] = {countRate, 1}"),
+    Mutant("the last power sum is missing", "equipment_tests", "src/equipment/polynomial_fit.cpp",
+           "k < sums.s.size()", "k + 1 < sums.s.size()"),
+    Mutant("the channel varies faster than the mode", "equipment_tests", "src/base/tool_record.h",
+           "(mode - 1) + (channel - 1) * 2", "(mode - 1) * 20 + (channel - 1)"),
+    Mutant("a user file of one tool is damage", "equipment_tests", "src/equipment/equipment_file.cpp",
+           "said.tools == 1 &&", "said.tools == 2 &&"),
+    Mutant("the older calibration serves", "equipment_tests", "src/equipment/tool_calibrations.cpp",
+           "std::find_if(onRecord.rbegin(), onRecord.rend(),", "std::find_if(onRecord.rend() - 1, onRecord.rend(),"),
 
     # ---- files
     Mutant("feet are metres times 3.28", "files_tests", "src/files/scan_record.cpp",
@@ -90,6 +108,18 @@ MUTANTS = [
     Mutant("an append goes on off the border", "files_tests", "src/files/run_file_reader.cpp",
            "shape.firstScan + shape.scans * shape.recordLength);\n    return",
            "shape.firstScan + shape.scans * shape.recordLength + 1);\n    return"),
+    Mutant("a raw depth of 2,000,000 is a depth", "files_tests", "src/files/scan_record.h",
+           "depth() < run_file", "depth() <= run_file"),
+    Mutant("a scan without a depth takes its time", "files_tests", "src/files/scan_loader.cpp",
+           "++review_.skippedScans;", "timeCount_ += scan.time(), ++review_.skippedScans;"),
+    Mutant("the first scan has a time", "files_tests", "src/files/scan_loader.cpp",
+           "secondsOf(scan, row == 0)", "secondsOf(scan, false)"),
+    Mutant("version 1.99 stored hundredths", "files_tests", "src/files/scan_loader.cpp",
+           "> newestUnscaledVersion", ">= newestUnscaledVersion"),
+    Mutant("the arrays hold 79,999 scans", "files_tests", "src/files/scan_loader.cpp",
+           "stored_ == maxReviewSteps", "stored_ + 1 == maxReviewSteps"),
+    Mutant("a speed needs no more than 32 bits", "files_tests", "src/files/scan_record.cpp",
+           "toInt16(kept.speed * 100)", "toInt32(kept.speed * 100)"),
 
     # ---- LAS
     Mutant("the filter's window is off by one", "processing_tests", "src/processing/log_filter.cpp",
@@ -98,6 +128,15 @@ MUTANTS = [
            "sum -= w[i - half];", "sum -= w[i];"),
     Mutant("curve lines are 37 wide", "processing_tests", "src/processing/las_text.cpp",
            "constexpr std::size_t curveWidth = 38;", "constexpr std::size_t curveWidth = 37;"),
+    Mutant("the filter runs over gaps", "processing_tests", "src/processing/log_filter.cpp",
+           "std::find_if(begin, values.end(), isNoValue)", "values.end()"),
+    Mutant("two numbers touch", "processing_tests", "src/processing/las_text.cpp",
+           "            text += ' ';\n            appendFixed(text, column[row], decimals, columnWidth - 1);",
+           "            appendFixed(text, column[row], decimals, columnWidth);"),
+    Mutant("the last regular step is lost", "processing_tests", "src/processing/las_data.cpp",
+           "*choice.step + sameDepth)", "*choice.step)"),
+    Mutant("a name of 12 characters pushes its column", "processing_tests", "src/processing/las_text.cpp",
+           "name.size() <= columnWidth", "name.size() < columnWidth"),
 
     # ---- frame
     Mutant("no blank line before a project", "app_tests", "src/app/status_log.cpp",

@@ -17,7 +17,7 @@ void read(const ElkKey& key, const SettingsStore& store, NumberText& value) {
     try {
         value = NumberText(*text);
     } catch (const Failure& failure) {
-        throw unreadableSetting(failure.number(), section, key.name, *text, key.defaultText);
+        throw unreadableSetting(failure.number(), store, section, key.name, *text, key.defaultText);
     }
 }
 

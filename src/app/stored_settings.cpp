@@ -108,7 +108,7 @@ void read(const Key& key, const SettingsStore& store, Settings& settings) {
     try {
         std::visit(Reader{settings, text}, key.member);
     } catch (const Failure& failure) {
-        throw unreadableSetting(failure.number(), key.section, key.name, text, key.defaultText);
+        throw unreadableSetting(failure.number(), store, key.section, key.name, text, key.defaultText);
     }
 }
 
@@ -121,12 +121,12 @@ bool isToBeWritten(const Key& key, const SettingsStore& store, std::string_view 
 
 } // namespace
 
-Failure unreadableSetting(ErrorNumber number, std::string_view section, std::string_view key,
-                          std::string_view text, std::string_view defaultText) {
-    std::string words = "The setting [";
-    words.append(section).append("] ").append(key).append(" = \"").append(text);
-    words.append("\" cannot be read; its default \"").append(defaultText);
-    words.append("\" is used instead. Correct it in the set-up screen or in the settings store");
+Failure unreadableSetting(ErrorNumber number, const SettingsStore& store, std::string_view section,
+                          std::string_view key, std::string_view text, std::string_view defaultText) {
+    std::string words = store.where() + ": [";
+    words.append(section).append("] ").append(key).append("=\"").append(text);
+    words.append("\" is not what this setting can hold; its default \"").append(defaultText);
+    words.append("\" is used. Correct it there or in the set-up screen");
     return {number, words};
 }
 

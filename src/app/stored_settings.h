@@ -14,9 +14,10 @@
 
 namespace tarvik {
 
-/// The conversion error of one key, in words: which key, what it holds, what is used instead.
-[[nodiscard]] Failure unreadableSetting(ErrorNumber number, std::string_view section, std::string_view key,
-                                        std::string_view text, std::string_view defaultText);
+/// The conversion error of one key, in words: where, which key, what it holds, what is used instead.
+[[nodiscard]] Failure unreadableSetting(ErrorNumber number, const SettingsStore& store,
+                                        std::string_view section, std::string_view key, std::string_view text,
+                                        std::string_view defaultText);
 
 class StoredSettings {
   public:

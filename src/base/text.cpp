@@ -61,7 +61,8 @@ char32_t takeUtf8(std::string_view& text) {
         point = (point << 6) | (next & 0x3F);
     }
     text.remove_prefix(length);
-    return point;
+    constexpr std::array<char32_t, 5> least{0, 0, 0x80, 0x800, 0x10000}; // less would have been shorter
+    return point < least[length] ? invalid : point;
 }
 
 std::string_view withoutPlus(std::string_view text) {

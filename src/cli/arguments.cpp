@@ -1,8 +1,10 @@
 #include "cli/arguments.h"
 
+#include "base/number_picture.h"
 #include "base/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvik {
 
@@ -24,6 +26,12 @@ bool looksLikeOption(std::string_view word) {
 }
 
 } // namespace
+
+std::string Range::text() const {
+    const Range open;
+    if (most < open.most) return " from " + shortestNumber(least) + " to " + shortestNumber(most);
+    return least > open.least ? " of " + shortestNumber(least) + " or more" : "";
+}
 
 Arguments::Arguments(std::span<const std::string_view> words, std::span<const Option> known) {
     for (std::size_t i = 0; i < words.size(); ++i) {
@@ -72,20 +80,28 @@ std::optional<std::string> Arguments::text(std::string_view option) const {
     return std::move(values.back());
 }
 
-std::optional<double> Arguments::number(std::string_view option) const {
+std::optional<std::string> Arguments::name(std::string_view option) const {
+    auto value = text(option);
+    if (value && value->empty()) throw UsageError(std::string(option) + " expects a name, not an empty text");
+    return value;
+}
+
+std::optional<double> Arguments::number(std::string_view option, const Range& range) const {
     const auto value = text(option);
     if (!value) return std::nullopt;
     const auto parsed = parseNumber(*value);
-    if (!parsed) throw UsageError(expectation(option, *value, "a number"));
+    if (!parsed || !range.holds(*parsed))
+        throw UsageError(expectation(option, *value, "a number" + range.text()));
     return parsed;
 }
 
-std::optional<long> Arguments::whole(std::string_view option) const {
+std::optional<int> Arguments::whole(std::string_view option, const Range& range) const {
     const auto value = text(option);
     if (!value) return std::nullopt;
     const auto parsed = parseInteger(*value);
-    if (!parsed) throw UsageError(expectation(option, *value, "a whole number"));
-    return static_cast<long>(*parsed);
+    if (!parsed || !std::in_range<int>(*parsed) || !range.holds(static_cast<double>(*parsed)))
+        throw UsageError(expectation(option, *value, "a whole number" + range.text()));
+    return static_cast<int>(*parsed);
 }
 
 std::optional<std::string> Arguments::oneOf(std::string_view option,
@@ -107,13 +123,15 @@ const std::string& Arguments::only(std::string_view what) const {
 }
 
 std::string helpText(std::string_view usage, std::string_view purpose, std::span<const Option> options) {
-    constexpr std::size_t column = 24;
+    std::size_t column = 0;
+    for (const Option& option : options)
+        column = std::max(column, option.name.size() + option.valueName.size() + 5);
     std::string text = "usage: tarvik " + std::string(usage) + "\n\n" + std::string(purpose) + "\n";
     if (!options.empty()) text += "\n";
     for (const Option& option : options) {
         std::string left = "  " + std::string(option.name);
         if (!option.valueName.empty()) left += " " + std::string(option.valueName);
-        left.resize(std::max(column, left.size() + 2), ' ');
+        left.resize(column, ' ');
         text += left + std::string(option.help) + "\n";
     }
     return text;

@@ -1,6 +1,7 @@
 // The words behind `tarvik <verb>`: options with and without values, and the rest.
 #pragma once
 
+#include <limits>
 #include <optional>
 #include <span>
 #include <stdexcept>
@@ -23,6 +24,16 @@ struct Option {
     std::string_view help;
 };
 
+/// Both ends belong to it.
+struct Range {
+    double least = std::numeric_limits<double>::lowest();
+    double most = std::numeric_limits<double>::max();
+
+    [[nodiscard]] bool holds(double value) const { return value >= least && value <= most; }
+    /// " from 1 to 20", " of 1 or more", or nothing for a range without limits.
+    [[nodiscard]] std::string text() const;
+};
+
 class Arguments {
   public:
     /// Options may stand anywhere, as "--name value" or "--name=value"; "--" ends them.
@@ -33,8 +44,11 @@ class Arguments {
     /// The last value given; a repeated option's earlier values are in `all`.
     [[nodiscard]] std::optional<std::string> text(std::string_view option) const;
     [[nodiscard]] std::vector<std::string> all(std::string_view option) const;
-    [[nodiscard]] std::optional<double> number(std::string_view option) const;
-    [[nodiscard]] std::optional<long> whole(std::string_view option) const;
+    /// The same for a file, a folder or a device: UsageError when the value is empty.
+    [[nodiscard]] std::optional<std::string> name(std::string_view option) const;
+    /// UsageError when the value is no number, or lies outside the range.
+    [[nodiscard]] std::optional<double> number(std::string_view option, const Range& range = {}) const;
+    [[nodiscard]] std::optional<int> whole(std::string_view option, const Range& range = {}) const;
     /// One of `choices`, told apart without regard to case and returned as written there.
     [[nodiscard]] std::optional<std::string> oneOf(std::string_view option,
                                                    std::span<const std::string_view> choices) const;

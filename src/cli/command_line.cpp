@@ -38,8 +38,15 @@ int usageProblem(std::string_view problem, std::string_view verb) {
     return exitUsage;
 }
 
+/// Behind "--" nothing is an option.
+bool asksForHelp(std::span<const std::string_view> words) {
+    const auto end = std::ranges::find(words, "--");
+    return std::any_of(words.begin(), end,
+                       [](std::string_view word) { return word == "--help" || word == "-h"; });
+}
+
 int runVerb(const Verb& verb, std::span<const std::string_view> words) {
-    if (std::ranges::find(words, "--help") != words.end()) {
+    if (asksForHelp(words)) {
         std::cout << helpText(verb.usage, verb.purpose, allOptions(verb));
         return exitDone;
     }
@@ -56,10 +63,10 @@ int runVerb(const Verb& verb, std::span<const std::string_view> words) {
 } // namespace
 
 std::vector<Option> commonOptions() {
-    return {{"--com1", "DEV", "the device that COM1 is (likewise --com2, --com3, --com4)"},
-            {"--com2", "DEV", ""},
-            {"--com3", "DEV", ""},
-            {"--com4", "DEV", ""},
+    return {{"--com1", "DEV", "the device that COM1 is, such as /dev/ttyUSB0"},
+            {"--com2", "DEV", "the device that COM2 is"},
+            {"--com3", "DEV", "the device that COM3 is"},
+            {"--com4", "DEV", "the device that COM4 is"},
             {"--lcucomms", "N", "ports to search: 12 or 34 for two of them, 1 to 4 for that one"},
             {"--home", "DIR", "everything read or written lies below DIR"},
             {"--no-trap", "", "let run-time errors through (for developers)"}};
@@ -68,8 +75,8 @@ std::vector<Option> commonOptions() {
 ProgramOptions programOptions(const Arguments& arguments) {
     constexpr std::array<std::string_view, 4> names{"--com1", "--com2", "--com3", "--com4"};
     ProgramOptions options;
-    for (std::size_t i = 0; i < names.size(); ++i) options.ports[i] = arguments.text(names[i]);
-    if (const auto home = arguments.text("--home")) options.home = *home;
+    for (std::size_t i = 0; i < names.size(); ++i) options.ports[i] = arguments.name(names[i]);
+    if (const auto home = arguments.name("--home")) options.home = *home;
     options.trapErrors = !arguments.has("--no-trap");
     return options;
 }
@@ -80,13 +87,17 @@ std::int32_t searchedPorts(const Arguments& arguments, const Settings& settings)
     if (std::ranges::find(lcuCommsChoices, *ports) == lcuCommsChoices.end()) {
         throw UsageError("--lcucomms expects 12, 34, 1, 2, 3 or 4");
     }
-    return static_cast<std::int32_t>(*ports);
+    return *ports;
 }
 
 int runCommandLine(std::span<const std::string_view> words) {
-    if (words.empty() || words.front() == "--help" || words.front() == "help") {
-        printOverview(words.empty() ? std::cerr : std::cout);
-        return words.empty() ? exitUsage : exitDone;
+    if (words.empty()) {
+        printOverview(std::cerr);
+        return exitUsage;
+    }
+    if (words.front() == "help" || asksForHelp(words.first(1))) {
+        printOverview(std::cout);
+        return exitDone;
     }
     if (words.front() == "--version") {
         std::cout << "Tarvik " << versionText(programVersion()) << "\n";

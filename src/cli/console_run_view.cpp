@@ -2,12 +2,11 @@
 
 #include "base/number_picture.h"
 
-#include <iostream>
-
 namespace tarvik {
 
 RunChoice ConsoleRunView::chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) {
-    std::cerr << loggingRunsText(runs) << "  " << depthRangeText << "\n";
+    lines_.line(loggingRunsText(runs));
+    if (!depthRangeText.empty()) lines_.line(depthRangeText);
     return choice_;
 }
 
@@ -18,26 +17,40 @@ bool ConsoleRunView::stopRequested() {
 }
 
 void ConsoleRunView::winchPrompt(std::string_view firstLine, std::string_view secondLine) {
-    if (!firstLine.empty()) std::cerr << firstLine << " " << secondLine << "\n";
+    if (!firstLine.empty()) lines_.line(std::string(firstLine) + " " + std::string(secondLine));
 }
 
 void ConsoleRunView::runStarted(const RunHeader& header, const Path& file) {
     setup_ = header.setup;
     file_ = file;
     startTick_ = clock_.tickMs();
-    std::cerr << "Logging with " << header.tool.name << " to " << file.filename().string() << "\n";
+    lines_.line("Logging with " + header.tool.name +
+                (recording_ ? " to " + file.filename().string() : std::string(", nothing is written")));
 }
 
 void ConsoleRunView::LCU_ShowLCUCurrent(float milliamps, float) {
     milliamps_ = milliamps;
 }
 
+std::string ConsoleRunView::progressText(const RunProgress& progress) const {
+    std::string text = elapsedText(progress.elapsedMinutes);
+    if (progress.elapsedMinutes < 1)
+        text += " (" + std::to_string(static_cast<int>(progress.elapsedMinutes * 60)) + " s)";
+    text += ", " + std::to_string(kept_) + (kept_ == 1 ? " scan kept" : " scans kept");
+    if (depth_) {
+        text += ", depth " + formatPicture(fromMetres(*depth_, setup_.units), "###0.00") + " ";
+        text += depthUnitsText(setup_.units);
+    }
+    if (milliamps_) text += ", " + formatPicture(*milliamps_, "##0") + " mA";
+    return text + completionText(progress, setup_.sampling, clock_.now());
+}
+
 void ConsoleRunView::LCU_ShowLoggingProgress(const RunProgress& progress) {
     if (!startTick_) return;
-    std::cerr << elapsedText(progress.elapsedMinutes) << ", " << kept_ << " scans kept, depth "
-              << formatPicture(fromMetres(depth_, setup_.units), "###0.00") << " "
-              << depthUnitsText(setup_.units) << ", " << formatPicture(milliamps_, "##0") << " mA"
-              << completionText(progress, setup_.sampling, clock_.now()) << "\n";
+    if (progress.ended)
+        lines_.line(progressText(progress));
+    else
+        lines_.progress(progressText(progress), clock_.tickMs());
 }
 
 void ConsoleRunView::scanKept(const KeptScanView& scan) {
@@ -46,14 +59,14 @@ void ConsoleRunView::scanKept(const KeptScanView& scan) {
     if (ends_.keptScans && kept_ >= *ends_.keptScans) endReached_ = true;
     if (!ends_.depth) return;
     const bool up = setup_.direction == Direction::up;
-    if (up ? depth_ <= *ends_.depth : depth_ >= *ends_.depth) endReached_ = true;
+    if (up ? scan.depth <= *ends_.depth : scan.depth >= *ends_.depth) endReached_ = true;
 }
 
 void ConsoleRunView::keepingState(KeepingState state, std::string_view words) {
     if (state == KeepingState::kept)
-        std::cerr << "Scans are being written again\n";
+        lines_.line("Scans are being kept again");
     else
-        std::cerr << "NO SCAN WRITTEN " << words << "\n";
+        lines_.line("NO SCAN WRITTEN " + std::string(words));
 }
 
 void ConsoleRunView::runEnded(const Path& file, long scansWritten) {

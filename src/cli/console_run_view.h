@@ -1,12 +1,14 @@
-// A logging run at a terminal: one line of progress on standard error, and the ends that the command line
-// names.
+// A logging run at a terminal: its progress on standard error, and the ends that the command line names.
+// The progress names a depth and a current only once there is one.
 #pragma once
 
+#include "cli/console_lines.h"
 #include "cli/stop_signals.h"
 #include "lcu/run_view.h"
 #include "platform/clock.h"
 
 #include <optional>
+#include <string>
 
 namespace tarvik {
 
@@ -20,8 +22,13 @@ struct RunEnds {
 class ConsoleRunView final : public RunView {
   public:
     ConsoleRunView(const Clock& clock, const StopSignals& signals, const RunEnds& ends, RunChoice choice,
-                   bool recording)
-        : clock_(clock), signals_(signals), ends_(ends), choice_(choice), recording_(recording) {}
+                   bool recording, ConsoleLines& lines)
+        : clock_(clock),
+          signals_(signals),
+          ends_(ends),
+          choice_(choice),
+          recording_(recording),
+          lines_(lines) {}
 
     RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) override;
     bool stopRequested() override;
@@ -31,7 +38,7 @@ class ConsoleRunView final : public RunView {
     void winchPrompt(std::string_view firstLine, std::string_view secondLine) override;
     void runStarted(const RunHeader& header, const Path& file) override;
     void LCU_ShowLCUCurrent(float milliamps, float volts) override;
-    void LCU_ShowDepthSpeed(double, double) override {}
+    void LCU_ShowDepthSpeed(double depthMetres, double) override { depth_ = depthMetres; }
     void LCU_ShowLoggingProgress(const RunProgress& progress) override;
     void scanKept(const KeptScanView& scan) override;
     void keepingState(KeepingState state, std::string_view words) override;
@@ -41,18 +48,21 @@ class ConsoleRunView final : public RunView {
     [[nodiscard]] long scansWritten() const { return scansWritten_; }
 
   private:
+    [[nodiscard]] std::string progressText(const RunProgress& progress) const;
+
     const Clock& clock_;
     const StopSignals& signals_;
     RunEnds ends_;
     RunChoice choice_;
     bool recording_;
+    ConsoleLines& lines_;
 
     RunSetup setup_;
     Path file_;
-    long scansWritten_ = 0;
     long kept_ = 0;
-    double depth_ = 0;
-    float milliamps_ = 0;
+    long scansWritten_ = 0;
+    std::optional<double> depth_; ///< metres
+    std::optional<float> milliamps_;
     std::optional<std::int64_t> startTick_;
     bool endReached_ = false;
 };

@@ -7,9 +7,9 @@
 
 namespace tarvik {
 
+/// Bytes that are no UTF-8 (a file's name may hold them) become U+FFFD.
 [[nodiscard]] std::string jsonString(std::string_view utf8);
-
-/// What is no number is null.
+/// The shortest decimal; null for what JSON has no number for.
 [[nodiscard]] std::string jsonNumber(double value);
 [[nodiscard]] std::string jsonNumber(float value);
 

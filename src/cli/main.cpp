@@ -1,6 +1,9 @@
+#include "cli/process.h"
 #include "cli/verb.h"
 
 int main(int argc, char** argv) {
-    const std::vector<std::string_view> words(argv + 1, argv + argc);
-    return tarvik::runCommandLine(words);
+    tarvik::secureProcess();
+    const std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);
+    const int code = tarvik::runCommandLine(words);
+    return tarvik::resultsDelivered() || code != tarvik::exitDone ? code : tarvik::exitFailed;
 }

@@ -10,25 +10,26 @@ namespace {
 
 constexpr std::array<int, 3> stopping{SIGINT, SIGTERM, SIGHUP};
 
-sigset_t stoppingSet() {
-    sigset_t set{};
-    sigemptyset(&set);
-    for (const int signal : stopping) sigaddset(&set, signal);
-    return set;
+bool isIgnored(int signal) {
+    struct sigaction action {};
+    return ::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
 }
 
 } // namespace
 
+/// An ignored signal must not be blocked: it would wait to be asked for all the same.
 StopSignals::StopSignals() {
-    const sigset_t set = stoppingSet();
-    sigprocmask(SIG_BLOCK, &set, &before_);
+    sigemptyset(&awaited_);
+    for (const int signal : stopping) {
+        if (!isIgnored(signal)) sigaddset(&awaited_, signal);
+    }
+    sigprocmask(SIG_BLOCK, &awaited_, &before_);
 }
 
 /// What arrived has been obeyed by then; left pending it would end the program before its last lines.
 StopSignals::~StopSignals() {
-    const sigset_t set = stoppingSet();
     const timespec atOnce{};
-    while (sigtimedwait(&set, nullptr, &atOnce) > 0) {
+    while (sigtimedwait(&awaited_, nullptr, &atOnce) > 0) {
     }
     sigprocmask(SIG_SETMASK, &before_, nullptr);
 }
@@ -36,7 +37,9 @@ StopSignals::~StopSignals() {
 bool StopSignals::arrived() const {
     sigset_t pending{};
     sigpending(&pending);
-    return std::ranges::any_of(stopping, [&](int signal) { return sigismember(&pending, signal) == 1; });
+    return std::ranges::any_of(stopping, [&](int signal) {
+        return sigismember(&awaited_, signal) == 1 && sigismember(&pending, signal) == 1;
+    });
 }
 
 } // namespace tarvik

@@ -5,7 +5,8 @@
 
 namespace tarvik {
 
-/// While it lives, SIGINT, SIGTERM and SIGHUP wait to be asked for.
+/// While it lives, SIGINT, SIGTERM and SIGHUP wait to be asked for. One that the program was started with as
+/// ignored (nohup, a job in the background of a script) stays ignored.
 class StopSignals {
   public:
     StopSignals();
@@ -16,6 +17,7 @@ class StopSignals {
     [[nodiscard]] bool arrived() const;
 
   private:
+    sigset_t awaited_{};
     sigset_t before_{};
 };
 

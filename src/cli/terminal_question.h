@@ -8,8 +8,7 @@
 
 namespace tarvik {
 
-/// Yes to a word that begins with "y", no to everything else; nothing when there is no terminal. Ctrl-C ends
-/// the program while it waits.
+/// Yes to a word that begins with "y", no to everything else; nothing when there is no terminal.
 [[nodiscard]] std::optional<Answer> askOnTerminal(std::string_view question);
 
 } // namespace tarvik

@@ -108,6 +108,8 @@ int runCalibrate(const Arguments& arguments) {
         return order.askFirst ? askOnTerminal(question).value_or(Answer::no) : Answer::yes;
     });
     Program program(programOptions(arguments), terminal.shell());
+    RedLines damage(terminal.lines());
+    program.log.addViewer(damage);
     const ToolRecord& tool = ownTool(program.equipment, order.tool);
     const std::string sensor = sensorOf(tool, order.sensor);
 

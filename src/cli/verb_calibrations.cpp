@@ -37,6 +37,8 @@ int runCalibrations(const Arguments& arguments) {
                                    arguments.text("--sensor")};
     Terminal terminal;
     Program program(programOptions(arguments), terminal.shell());
+    RedLines damage(terminal.lines());
+    program.log.addViewer(damage);
     return act == "list" ? list(program.calibrations, filter) : exportText(program, filter);
 }
 

@@ -3,6 +3,8 @@
 
 #include "base/text.h"
 
+#include <algorithm>
+#include <array>
 #include <iostream>
 
 namespace tarvik {
@@ -24,8 +26,15 @@ void print(std::string_view title, const UserList& list) {
     }
 }
 
-int list(Program& program) {
-    ToolWinchData& equipment = program.equipment;
+/// What a verb's act works with; `operands` are the words behind its name.
+struct Call {
+    Program& program;
+    const ConsoleOperator& console;
+    std::span<const std::string> operands;
+};
+
+int list(const Call& call) {
+    ToolWinchData& equipment = call.program.equipment;
     print("Tools of the maker", equipment.ToolWinchData_loadbrennatoollist());
     print("Winches of the maker", equipment.ToolWinchData_loadbrennawinchlist());
     print("Your tools", equipment.ToolWinchData_loadusertoollist());
@@ -42,69 +51,89 @@ int makerIndex(const MakerList& list, std::string_view code, std::string_view wh
                                             std::string(code) + "\". See: tarvik equipment list");
 }
 
-void checkSerial(ToolWinchData& equipment, std::string_view serial) {
-    if (trimmed(serial).empty()) throw UsageError("the serial number is empty");
-    if (!equipment.ToolWinchData_checkserialnumber(serial)) {
-        throw Failure(ErrorNumber::badFile, "The serial number \"" + std::string(serial) +
-                                                "\" is taken by another tool or winch of yours.");
-    }
+/// False when the user's equipment cannot be read; the operator has been told by then.
+bool isFree(const Call& call, const std::string& serial) {
+    if (call.program.equipment.ToolWinchData_checkserialnumber(serial)) return true;
+    if (call.console.hasShownErrors()) return false;
+    throw Failure(ErrorNumber::badFile,
+                  "The serial number \"" + serial + "\" is taken by another tool or winch of yours.");
 }
 
-int add(Program& program, bool isTool, const std::string& code, const std::string& serial) {
-    ToolWinchData& equipment = program.equipment;
-    checkSerial(equipment, serial);
-    const auto models =
-        isTool ? equipment.ToolWinchData_loadbrennatoollist() : equipment.ToolWinchData_loadbrennawinchlist();
-    const int index = makerIndex(models, code, isTool ? "tool" : "winch");
-    const bool added = isTool ? equipment.ToolWinchData_addusertool(index, serial)
-                              : equipment.ToolWinchData_adduserwinch(index, serial);
-    if (!added) return exitFailed;
+void updateMakerList(ToolWinchData& equipment, bool isTool) {
     if (isTool)
         equipment.ToolWinchData_updatebrennatoollist();
     else
         equipment.ToolWinchData_updatebrennawinchlist();
-    return exitDone;
 }
 
-int remove(Program& program, bool isTool, const std::string& position) {
-    ToolWinchData& equipment = program.equipment;
+template <bool isTool>
+int add(const Call& call) {
+    ToolWinchData& equipment = call.program.equipment;
+    const std::string& serial = call.operands[1];
+    if (trimmed(serial).empty()) throw UsageError("the serial number is empty");
+    if (!isFree(call, serial)) return exitFailed;
+    const auto models =
+        isTool ? equipment.ToolWinchData_loadbrennatoollist() : equipment.ToolWinchData_loadbrennawinchlist();
+    const int index = makerIndex(models, call.operands[0], isTool ? "tool" : "winch");
+    const bool added = isTool ? equipment.ToolWinchData_addusertool(index, serial)
+                              : equipment.ToolWinchData_adduserwinch(index, serial);
+    if (added) updateMakerList(equipment, isTool);
+    return added ? exitDone : exitFailed;
+}
+
+template <bool isTool>
+int remove(const Call& call) {
+    ToolWinchData& equipment = call.program.equipment;
+    const std::string& position = call.operands[0];
     const auto number = parseInteger(position);
+    if (!number) throw UsageError("\"" + position + "\" is not a number of the list");
     const auto rows =
         (isTool ? equipment.ToolWinchData_loadusertoollist() : equipment.ToolWinchData_loaduserwinchlist())
             .rows;
-    if (!number || *number < 1 || *number > static_cast<long long>(rows.size())) {
+    if (*number < 1 || *number > static_cast<long long>(rows.size())) {
         throw Failure(ErrorNumber::subscriptOutOfRange,
                       "There is no number " + position + " in the list; see: tarvik equipment list");
     }
     const int index = static_cast<int>(*number);
     const bool removed = isTool ? equipment.ToolWinchData_removeusertool(index)
                                 : equipment.ToolWinchData_removeuserwinch(index);
-    if (!removed) return exitFailed;
-    if (isTool)
-        equipment.ToolWinchData_updatebrennatoollist();
-    else
-        equipment.ToolWinchData_updatebrennawinchlist();
-    return exitDone;
+    if (removed) updateMakerList(equipment, isTool);
+    return removed ? exitDone : exitFailed;
 }
 
+struct Act {
+    std::string_view name;
+    std::size_t operands;
+    std::string_view expected;
+    int (*run)(const Call& call);
+};
+
+constexpr std::array acts{
+    Act{"list", 0, "nothing behind it", list},
+    Act{"add-tool", 2, "a code and a serial number", add<true>},
+    Act{"add-winch", 2, "a code and a serial number", add<false>},
+    Act{"remove-tool", 1, "a number of the list", remove<true>},
+    Act{"remove-winch", 1, "a number of the list", remove<false>},
+};
+
 int runEquipment(const Arguments& arguments) {
-    const auto& words = arguments.rest();
-    const std::string act = words.empty() ? "list" : words.front();
-    const auto expect = [&](std::size_t count, std::string_view what) {
-        if (words.size() != count) throw UsageError(act + " expects " + std::string(what));
-    };
+    const std::span words = arguments.rest();
+    const std::string_view name = words.empty() ? "list" : std::string_view(words.front());
+    const auto* const act = std::ranges::find(acts, name, &Act::name);
+    if (act == acts.end()) {
+        throw UsageError("\"" + std::string(name) +
+                         "\" is none of list, add-tool, add-winch, remove-tool, remove-winch");
+    }
+    const std::span operands = words.empty() ? words : words.subspan(1);
+    if (operands.size() != act->operands)
+        throw UsageError(std::string(name) + " expects " + std::string(act->expected));
+
     Terminal terminal;
     Program program(programOptions(arguments), terminal.shell());
-    if (act == "list") return list(program);
-    if (act == "add-tool" || act == "add-winch") {
-        expect(3, "a code and a serial number");
-        return add(program, act == "add-tool", words[1], words[2]);
-    }
-    if (act == "remove-tool" || act == "remove-winch") {
-        expect(2, "a number of the list");
-        return remove(program, act == "remove-tool", words[1]);
-    }
-    throw UsageError("\"" + act + "\" is none of list, add-tool, add-winch, remove-tool, remove-winch");
+    RedLines damage(terminal.lines());
+    program.log.addViewer(damage);
+    const int code = act->run({program, terminal.console(), operands});
+    return terminal.console().hasShownErrors() ? exitFailed : code;
 }
 
 } // namespace

@@ -11,14 +11,10 @@ int runFind(const Arguments& arguments) {
     if (!arguments.rest().empty()) throw UsageError("\"" + arguments.rest().front() + "\" is not expected");
     Terminal terminal;
     Session session(arguments, terminal);
-    Program& program = session.program;
-    if (!program.hooks.searchForLcu()) {
-        std::cerr << noLcuAdvice;
-        return exitFailed;
-    }
-    std::cout << "model " << program.link.model << "\nport COM" << program.link.port << "\nbaud "
-              << program.link.baud << "\nfirmware "
-              << (program.link.firmware.empty() ? "-N/A-" : program.link.firmware) << "\n";
+    if (!session.find()) return exitFailed;
+    const LinkState& link = session.program().link;
+    std::cout << "model " << link.model << "\nport COM" << link.port << "\nbaud " << link.baud
+              << "\nfirmware " << (link.firmware.empty() ? "-N/A-" : link.firmware) << "\n";
     return exitDone;
 }
 

@@ -24,12 +24,12 @@ int runFit(const Arguments& arguments) {
     TerminalReporter reporter;
     ErrorTrap errors(reporter);
     const auto points = readPoints(std::cin);
-    const PolynomialFit fit = PolyCalibration_getpolycoefficients(errors, static_cast<int>(*order), points);
+    const PolynomialFit fit = PolyCalibration_getpolycoefficients(errors, *order, points);
     if (!fit.ok) {
         if (!fit.message.empty()) std::cerr << "tarvik: " << trimmed(fit.message) << "\n";
         return exitFailed;
     }
-    for (long k = 0; k <= *order; ++k) {
+    for (int k = 0; k <= *order; ++k) {
         std::cout << exactNumber(fit.coefficients[static_cast<std::size_t>(k)]) << "\n";
     }
     return exitDone;

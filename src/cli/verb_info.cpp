@@ -89,7 +89,7 @@ void printJson(const RunFacts& facts) {
     const RunHeader& header = facts.info.header;
     const auto depthOr = [&](bool first) -> std::string {
         if (facts.log.steps() == 0) return "null";
-        return shortestNumber(first ? facts.log.depth.front() : facts.log.depth.back());
+        return jsonNumber(first ? facts.log.depth.front() : facts.log.depth.back());
     };
     JsonObject object;
     object.add("file", facts.file.string());
@@ -104,7 +104,7 @@ void printJson(const RunFacts& facts) {
     object.add("date", header.runDate);
     object.add("units", depthUnitsText(header.setup.units));
     object.add("method", samplingText(header.setup.sampling));
-    object.raw("interval", shortestNumber(header.setup.interval)); // as it was entered, not its binary tail
+    object.raw("interval", jsonNumber(header.setup.interval)); // as it was entered, not its binary tail
     object.add("direction", directionText(header.setup.direction));
     object.add("scans", static_cast<double>(facts.log.steps()));
     object.raw("depth_from", depthOr(true));
@@ -153,6 +153,8 @@ int runInfo(const Arguments& arguments) {
     const Path file = arguments.only("run file");
     Terminal terminal;
     Program program(programOptions(arguments), terminal.shell());
+    RedLines damage(terminal.lines());
+    program.log.addViewer(damage);
     auto log = program.runReader.Tarvikfileopen(file);
     if (!log) return exitFailed;
     const RunFacts facts{file, readRunHeader(program.files, file), std::move(*log)};

@@ -22,7 +22,7 @@ LasExportOptions exportOptions(const Arguments& arguments) {
     options.stop = arguments.number("--stop");
     options.step = arguments.number("--step");
     if (const auto text = arguments.text("--null")) options.nullText = *text;
-    if (const auto decimals = arguments.whole("--decimals")) options.decimals = static_cast<int>(*decimals);
+    if (const auto decimals = arguments.whole("--decimals")) options.decimals = *decimals;
     for (const std::string& filter : arguments.all("--filter")) options.filters.push_back(filterFrom(filter));
     options.channels = arguments.all("--channel");
     options.holeAzimuth = arguments.text("--azimuth").value_or("");
@@ -32,11 +32,13 @@ LasExportOptions exportOptions(const Arguments& arguments) {
 
 int runLas(const Arguments& arguments) {
     const Path run = arguments.only("run file");
-    const auto output = arguments.text("-o");
+    const auto output = arguments.name("-o");
     if (!output) throw UsageError("-o OUT.las is missing");
     const LasExportOptions options = exportOptions(arguments);
     Terminal terminal;
     Program program(programOptions(arguments), terminal.shell());
+    RedLines damage(terminal.lines());
+    program.log.addViewer(damage);
     const auto log = program.runReader.Tarvikfileopen(run);
     if (!log) return exitFailed;
     const auto show = [](std::string_view line) { std::cerr << line << "\n"; };

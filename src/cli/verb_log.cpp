@@ -18,6 +18,8 @@ constexpr std::array<std::string_view, 2> unitNames{"Metres", "Feet"};
 constexpr std::array<std::string_view, 2> samplingNames{"TIME", "DEPTH"};
 constexpr std::array<std::string_view, 2> directionNames{"DOWN", "UP"};
 
+constexpr Range depths{-83'886, 83'886}; // metres: how far the depth counter of an LCU reaches
+
 /// "CODE" or "CODE:SERIAL".
 void choose(const std::optional<std::string>& option, std::string& code, std::string& serial) {
     if (!option) return;
@@ -38,15 +40,16 @@ void applyOptions(const Arguments& arguments, Settings& settings) {
     if (const auto interval = arguments.number("--interval")) settings.samplingInterval = *interval;
     if (const auto direction = arguments.oneOf("--direction", directionNames))
         settings.logDirection = *direction;
-    if (const auto declination = arguments.number("--declination")) settings.declination = *declination;
+    if (const auto declination = arguments.number("--declination", {-360, 360}))
+        settings.declination = *declination;
 }
 
 /// One limit given leaves the other side open.
 void applyLimits(const Arguments& arguments, RunSetup& setup) {
     constexpr double open = 1e9;
-    const auto top = arguments.number("--top");
-    const auto bottom = arguments.number("--bottom");
-    setup.endDistance = arguments.number("--end-distance").value_or(0);
+    const auto top = arguments.number("--top", depths);
+    const auto bottom = arguments.number("--bottom", depths);
+    setup.endDistance = arguments.number("--end-distance", {0, depths.most}).value_or(0);
     setup.limitsOverride = !top && !bottom;
     setup.topDepth = top.value_or(-open);
     setup.bottomDepth = bottom.value_or(open);
@@ -55,22 +58,28 @@ void applyLimits(const Arguments& arguments, RunSetup& setup) {
     }
 }
 
+/// Throws UsageError for an interval that no box could step by.
+float sampledEvery(const Settings& settings) {
+    const bool byDepth = settings.sampling() == Sampling::depth;
+    const Range intervals = byDepth ? Range{1, 10'000} : Range{0.01, 3600};
+    if (!intervals.holds(settings.samplingInterval.value())) {
+        throw UsageError("the sampling interval must be a number" + intervals.text() +
+                         (byDepth ? " centimetres" : " seconds") + " (--interval), not " +
+                         settings.samplingInterval.text());
+    }
+    return static_cast<float>(settings.samplingInterval.value());
+}
+
 RunSetup setupFrom(const Arguments& arguments, const Settings& settings) {
     RunSetup setup;
     setup.sampling = settings.sampling();
-    setup.interval = static_cast<float>(settings.samplingInterval.value());
+    setup.interval = sampledEvery(settings);
     setup.direction = settings.direction();
     setup.units = settings.units();
     setup.winchDepthFactor = settings.winchScaleFactor.value();
     setup.declination = static_cast<float>(settings.declination.value());
     setup.magneticMarker = settings.magneticMarker;
     applyLimits(arguments, setup);
-    const bool byDepth = setup.sampling == Sampling::depth;
-    const float least = byDepth ? 1.0F : 0.01F;
-    if (!(setup.interval >= least)) {
-        throw UsageError(byDepth ? "the sampling interval must be 1 cm or more (--interval)"
-                                 : "the sampling interval must be 0.01 s or more (--interval)");
-    }
     return setup;
 }
 
@@ -83,6 +92,8 @@ RunOrder orderFrom(const Program& program, const RunSetup& setup) {
     const Settings& settings = program.settings;
     const std::string project(trimmed(settings.currentProject));
     if (project.empty()) throw UsageError("You must select a project (--project P)");
+    if (project == "." || project == ".." || project.find_first_of("/\\") != std::string::npos)
+        throw UsageError("a project is a single folder, which \"" + project + "\" cannot be the name of");
     const std::string hole(trimmed(settings.hole.holeId));
     if (hole.empty()) throw UsageError("You must select a hole (--hole H)");
     return {.project = project,
@@ -94,9 +105,9 @@ RunOrder orderFrom(const Program& program, const RunSetup& setup) {
 }
 
 int toolMode(const Arguments& arguments) {
-    const long mode = arguments.whole("--mode").value_or(1);
+    const int mode = arguments.whole("--mode").value_or(1);
     if (mode != 1 && mode != 2) throw UsageError("--mode expects 1 or 2");
-    return static_cast<int>(mode);
+    return mode;
 }
 
 void loadEquipment(const Settings& settings, int mode, ToolWinchData& equipment) {
@@ -111,13 +122,14 @@ void loadEquipment(const Settings& settings, int mode, ToolWinchData& equipment)
                            ? "You must select a " + std::string(what) + " (--" + std::string(what) + " CODE)"
                            : "You have no " + std::string(what) + " " + name +
                                  ". Add it: tarvik equipment add-" + std::string(what) + " " + choice.code +
-                                 " SERIAL");
+                                 " " + (choice.serialNumber.empty() ? "SERIAL" : choice.serialNumber));
     };
     if (equipment.currentTool().record.get(tool::code).empty()) throw missing("tool", tool);
     if (equipment.currentWinch().record.get(winch::code).empty()) throw missing("winch", winch);
     if (equipment.currentTool().channels() == 0) {
         throw Failure(ErrorNumber::badFile, "The tool " + equipment.currentTool().record.get(tool::code) +
-                                                " has no mode " + std::to_string(mode));
+                                                " has no mode " + std::to_string(mode) +
+                                                "; leave --mode out, or name the other one");
     }
 }
 
@@ -126,15 +138,15 @@ int runLog(const Arguments& arguments) {
     const bool recording = !arguments.has("--no-record");
     const RunChoice choice = runChoice(arguments);
     const int mode = toolMode(arguments);
-    const RunEnds ends{.keptScans = arguments.whole("--scans"),
-                       .seconds = arguments.number("--seconds"),
-                       .depth = arguments.number("--until-depth")};
-    const auto depthToSet = arguments.number("--set-depth");
+    const RunEnds ends{.keptScans = arguments.whole("--scans", {.least = 1}),
+                       .seconds = arguments.number("--seconds", {.least = 0.1}),
+                       .depth = arguments.number("--until-depth", depths)};
+    const auto depthToSet = arguments.number("--set-depth", depths);
 
     // Whoever switches recording off on the command line has answered the question whether that is right.
     Terminal terminal(recording ? Answer::no : Answer::yes);
     Session session(arguments, terminal);
-    Program& program = session.program;
+    Program& program = session.program();
     applyOptions(arguments, program.settings);
     const RunOrder order = orderFrom(program, setupFrom(arguments, program.settings));
     loadEquipment(program.settings, mode, program.equipment);
@@ -145,26 +157,16 @@ int runLog(const Arguments& arguments) {
         return exitFailed;
     }
 
-    ConsoleRunView view(program.clock, terminal.signals(), ends, choice, recording);
-    RunModules modules{program.errors,
-                       program.errorLog,
-                       program.log,
-                       terminal.operatorSide(),
-                       view,
-                       program.state,
-                       program.clock,
-                       program.files,
-                       program.serial,
-                       program.link,
-                       program.port,
-                       program.lcu,
-                       program.equipment,
-                       program.runReader,
-                       program.runWriter};
+    ConsoleRunView view(program.clock, session.signals(), ends, choice, recording, terminal.lines());
+    RunModules modules{
+        program.errors, program.errorLog, program.log,       terminal.console(), view,
+        program.state,  program.clock,    program.files,     program.serial,     program.link,
+        program.port,   program.lcu,      program.equipment, program.runReader,  program.runWriter};
     const RunResult result = LoggingRun(modules).comstartlogging(order);
-    if (result != RunResult::finished) return exitFailed;
-    if (recording) std::cout << view.file().string() << "\n";
-    return exitDone;
+    // A run that failed half-way has a file, too.
+    const bool finished = result == RunResult::finished;
+    if (recording && (finished || view.scansWritten() > 0)) std::cout << view.file().string() << "\n";
+    return finished ? exitDone : exitFailed;
 }
 
 } // namespace

@@ -11,6 +11,9 @@ namespace tarvik {
 namespace {
 
 constexpr double versionWithoutUserFile = 1000;
+/// The counts of the header are 16-bit numbers.
+constexpr std::uint64_t longestEquipmentFile =
+    EquipmentHeader::size + std::uint64_t{32767} * (ToolRecord::size + WinchRecord::size);
 constexpr std::string_view noWinch = "Current winch : -- none selected --";
 
 template <class Record>
@@ -334,6 +337,12 @@ void ToolWinchData::writeCurrentTool() {
 }
 
 EquipmentFile ToolWinchData::load(const Path& file) {
+    if (const std::uint64_t size = files_.size(file); size > longestEquipmentFile) {
+        throw Failure(ErrorNumber::badFile, file.string() + " has " + std::to_string(size) +
+                                                " bytes, more than an equipment file can need (" +
+                                                std::to_string(longestEquipmentFile) +
+                                                "). Bring back a sound copy of the file.");
+    }
     EquipmentFile read = readEquipment(files_.read(file), file.string());
     for (const std::string& fault : read.faults) {
         if (said_.insert(fault).second) log_.red(fault);

@@ -93,7 +93,7 @@ bool LoggingRun::chooseFile(const RunOrder& order) {
         if (choice == RunChoice::cancel) return false;
         appending_ = choice == RunChoice::append;
     }
-    if (appending_ && !mayAppend(runs.latestFile)) return false;
+    if (appending_ && !(mayAppend(runs.latestFile) && continueWay(runs.latestFile))) return false;
     run_.file =
         appending_ ? runs.latestFile : order.projectFolder / runFileName(order.hole, code, runs.next());
     modules_.state.runFileName = run_.file.filename().string();
@@ -111,6 +111,15 @@ bool LoggingRun::mayAppend(const Path& latest) {
     if (!refusal) return true;
     modules_.operatorSide.message("Check previous run", *refusal, Icon::critical);
     return false;
+}
+
+/// The way of the hole goes on where the latest run left it; without that the rest of the plan would be displaced.
+bool LoggingRun::continueWay(const Path& latest) {
+    if (!toolRule(run_.header.tool.code).deviation) return true;
+    const auto earlier = modules_.reader.Tarvikfileopen(latest);
+    if (!earlier) return false; // reported
+    run_.way = wayAtEnd(*earlier);
+    return true;
 }
 
 void LoggingRun::logHead(const RunOrder& order) {

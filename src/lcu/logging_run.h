@@ -31,6 +31,7 @@ class LoggingRun {
     void showToolButtons();
     [[nodiscard]] bool chooseFile(const RunOrder& order);
     [[nodiscard]] bool mayAppend(const Path& latest);
+    [[nodiscard]] bool continueWay(const Path& latest);
     void logHead(const RunOrder& order);
     [[nodiscard]] bool prepareAndStream();
     [[nodiscard]] bool openFile();

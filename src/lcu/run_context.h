@@ -13,6 +13,7 @@
 #include "files/run_file_reader.h"
 #include "files/run_file_writer.h"
 #include "lcu/acquisition_ring.h"
+#include "lcu/deviation.h"
 #include "lcu/lcu_commands.h"
 #include "lcu/run_tally.h"
 #include "lcu/run_view.h"
@@ -61,6 +62,7 @@ struct RunState {
     Path file;
     ScanSetup scanSetup;
     ScanState scan;
+    HoleWay way; ///< of the deviation tool, from the start of the run file
     AcquisitionRing ring;
     RunTally tally;
     std::optional<std::int64_t> startTick; ///< when the stream was started

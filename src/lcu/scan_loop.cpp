@@ -24,7 +24,8 @@ ScanLoop::ScanLoop(RunModules& modules, RunState& run, LinkWatch& watch)
       run_(run),
       watch_(watch),
       scanReader_(modules.serial, modules.clock, modules.link),
-      decoder_(modules.errors, modules.log, run.scanSetup, run.scan) {}
+      deviation_(run.scanSetup.run, run.way),
+      decoder_(modules.errors, modules.log, run.scanSetup, run.scan, &deviation_) {}
 
 void ScanLoop::run() {
     lastByteTick_ = modules_.clock.tickMs();

@@ -48,6 +48,7 @@ class ScanLoop {
     RunState& run_;
     LinkWatch& watch_;
     ScanReader scanReader_;
+    Deviation deviation_;
     ScanDecoder decoder_;
     RunSpeed speed_;
 

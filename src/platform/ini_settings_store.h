@@ -25,6 +25,7 @@ class IniSettingsStore final : public SettingsStore {
     void set(std::string_view section, std::string_view key, std::string_view value) override;
     /// Throws a Failure and keeps what was set when the file cannot be written.
     void commit() override;
+    [[nodiscard]] std::string where() const override { return file_.string(); }
 
   private:
     [[nodiscard]] std::string readText() const;

@@ -114,9 +114,9 @@ void fillProgramFolder(const Places& places, Files& files) {
     }
     if (const Path equipment = places.programFolder / makersEquipment; !files.exists(equipment)) {
         throw Failure(ErrorNumber::fileNotFound,
-                      equipment.string() + ": is missing, and so is the installed one in " +
+                      equipment.string() + ": the maker's equipment file is missing, here and in " +
                           places.installedData.string() +
-                          "; copy it there from the maker's disk or install Tarvik again");
+                          "; copy it here from the maker's disk, or install Tarvik again");
     }
 }
 

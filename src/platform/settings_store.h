@@ -19,6 +19,8 @@ class SettingsStore {
     virtual void set(std::string_view section, std::string_view key, std::string_view value) = 0;
     /// Everything set so far, at once: after a crash at any moment the store holds all of it or none.
     virtual void commit() = 0;
+    /// Where the texts lie, for messages.
+    [[nodiscard]] virtual std::string where() const = 0;
 };
 
 class MemorySettingsStore final : public SettingsStore {
@@ -33,6 +35,7 @@ class MemorySettingsStore final : public SettingsStore {
         values_.insert_or_assign({std::string(section), std::string(key)}, std::string(value));
     }
     void commit() override {}
+    [[nodiscard]] std::string where() const override { return "the settings"; }
 
   private:
     std::map<std::pair<std::string, std::string>, std::string> values_;

@@ -121,7 +121,10 @@ std::string lasParameterSection(std::string_view azimuth, std::string_view incli
 
 std::string lasColumnLine(std::span<const LasCurve> curves) {
     std::string text = padded("~A     Depth", columnWidth);
-    for (const LasCurve& curve : curves) text += inColumn(nameOf(curve));
+    for (const LasCurve& curve : curves) {
+        const std::string name = nameOf(curve);
+        text += name.size() <= columnWidth ? rightAligned(name, columnWidth) : " " + name;
+    }
     return text.append(lineEnd);
 }
 

@@ -36,7 +36,8 @@ struct LasCurve {
 [[nodiscard]] std::string lasCurveSection(DepthUnits units, std::span<const LasCurve> curves);
 [[nodiscard]] std::string lasFilterNote(std::span<const LasCurve> curves);
 [[nodiscard]] std::string lasParameterSection(std::string_view azimuth, std::string_view inclination);
-/// "~A     Depth" and the names over their columns.
+/// "~A     Depth" and the names over their columns, which a name of 12 characters fills; a longer one has a
+/// blank in front.
 [[nodiscard]] std::string lasColumnLine(std::span<const LasCurve> curves);
 
 /// One data line: the depth, then the value of each column at `row`. A column is 12 wide and grows, with a

@@ -24,6 +24,7 @@ struct WritingStore final : SettingsStore {
         writes.push_back(std::string(section) + "/" + std::string(key) + "=" + std::string(value));
         values.set(section, key, value);
     }
+    [[nodiscard]] std::string where() const override { return "store"; }
     void commit() override {
         if (broken) throw Failure(ErrorNumber::diskFull, "no room");
         ++commits;
@@ -158,7 +159,7 @@ TEST_F(SettingsInStore, AValueThatDoesNotConvertCostsOnlyItself) {
     ASSERT_EQ(kept.errors.size(), 4U);
     EXPECT_EQ(kept.errors[0].number, static_cast<int>(ErrorNumber::typeMismatch));
     EXPECT_EQ(kept.errors[0].routine, "Utilities_loadregsettings");
-    EXPECT_THAT(kept.errors[0].description, HasSubstr("[WinchTool] SamplingInterval = \"half\""));
+    EXPECT_THAT(kept.errors[0].description, HasSubstr("[WinchTool] SamplingInterval=\"half\""));
     EXPECT_EQ(kept.errors[1].number, static_cast<int>(ErrorNumber::overflow));
 }
 

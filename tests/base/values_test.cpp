@@ -48,6 +48,7 @@ TEST(Text, AnsiRoundTripAndReplacement) {
     EXPECT_EQ(toAnsi("a\u0436b"), "a?b");         // outside the code page
     EXPECT_EQ(toAnsi("a\xC3"), "a?");             // torn UTF-8
     EXPECT_EQ(toAnsi("\xF0\x9F\x98\x80!"), "?!"); // one character, one question mark
+    EXPECT_EQ(toAnsi("\xC0\x80!"), "?!");         // no zero byte by the back door
     for (int byte = 1; byte < 256; ++byte) {
         const std::string one(1, static_cast<char>(byte));
         EXPECT_EQ(toAnsi(fromAnsi(one)), one) << byte;

@@ -28,6 +28,33 @@ TEST(EquipmentFile, RecordsLieWhereTheyShould) {
     EXPECT_EQ(equipmentBytes(back), bytes);
 }
 
+TEST(EquipmentFile, ToolFieldsLieAtTheirBytes) {
+    const struct {
+        TextField field;
+        std::size_t offset, width;
+    } texts[]{{tool::code, 4, 8},
+              {tool::kind(2), 62, 10},
+              {tool::channelName(2, 1), 162, 20}, // the mode varies fastest
+              {tool::channelName(1, 2), 182, 20},
+              {tool::channelUnit(2, 20), 1566, 16},
+              {tool::modeName(2), 1772, 30},
+              {tool::sensorFactors(2), 3182, 20},
+              {tool::parameter(1, 2), 3212, 10},
+              {tool::parameter(7, 1), 3322, 10}};
+    for (const auto& text : texts) {
+        EXPECT_EQ(text.field.offset, text.offset);
+        EXPECT_EQ(text.field.width, text.width) << text.offset;
+    }
+    EXPECT_EQ(tool::selected.offset, 122U);
+    EXPECT_EQ(tool::channelCount(2).offset, 140U);
+    EXPECT_EQ(tool::uncalibratedLeft(1, 2).offset, 2530U);
+    EXPECT_EQ(tool::uncalibratedRight(2, 1).offset, 2686U);
+    EXPECT_EQ(tool::calibratedLeft(1, 20).offset, 2994U);
+    EXPECT_EQ(tool::calibratedRight(2, 2).offset, 3014U);
+    EXPECT_EQ(tool::maximumCurrent.offset, 3622U);
+    EXPECT_EQ(winch::selected.offset, 68U);
+}
+
 TEST(EquipmentFile, ReadsWhatIsThereAtEveryLength) {
     const auto whole = goodBytes();
     for (std::size_t size = 0; size < whole.size(); size += size < 200 ? 1 : 37) {

@@ -200,6 +200,14 @@ TEST_F(PolynomialFitTest, InvertsInPlaceWithRowsExchanged) {
     }
 }
 
+TEST_F(PolynomialFitTest, OfEqualPivotsTheFirstRowIsTaken) {
+    FitMatrix a{};
+    a[0] = {3, 1};
+    a[1] = {3, 3};
+    ASSERT_TRUE(PolyCalibration_invdet(trap, a, 2).ok);
+    EXPECT_EQ(a[0][1], -0.16666666666666666) << "the second row would give ...669";
+}
+
 TEST_F(PolynomialFitTest, AZeroPivotIsNoInverse) {
     FitMatrix a{};
     a[0] = {1, 2};

