@@ -246,6 +246,22 @@ TEST_F(CalibrationHistoryTest, TheToolOfARunTakesTheLastRecordsOfItsSensorsInBot
     EXPECT_EQ(tool.calibrations[0][1].state, "None");
 }
 
+TEST_F(CalibrationHistoryTest, AHistoryThatCannotBeReadLeavesTheToolItsCounts) {
+    putUser();
+    files.createFolder(file); // there, but no file
+    ToolWinchData equipment{trap, files, log, box, shelf, folder};
+    EXPECT_EQ(equipment.ToolWinchData_loadcurrentttoolwinch({"K201", "G-1"}, {"W240", ""}, 1),
+              "Current winch : Truck winch");
+    EXPECT_EQ(equipment.currentTool().calibration(1).sensorName, "Gamma");
+    EXPECT_EQ(equipment.currentTool().calibration(1).state, "None");
+    ASSERT_EQ(errors.kept.size(), 1U);
+    EXPECT_EQ(errors.kept[0].routine, "ToolWinchData_loadcurrentttoolwinch");
+    EXPECT_EQ(summary(), "");
+    EXPECT_FALSE(save());
+    EXPECT_FALSE(shelf.PolyCalibration_exportcalibrationhistorydata({}, "/c/x.txt"));
+    EXPECT_EQ(errors.kept.size(), 4U);
+}
+
 TEST_F(CalibrationHistoryTest, TheExportHasAColumnForEverything) {
     Calibration one;
     one.sensorName = "Gam\tma";
