@@ -1,9 +1,12 @@
 #include "cli/verb.h"
 #include "platform/temporary_folder.h"
 
+#include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iostream>
+#include <sstream>
 
 namespace tarvik {
 namespace {
@@ -49,6 +52,13 @@ TEST_F(CommandLine, WrongUsageIsTwoWithTheReasonAndTheWayToTheHelp) {
         {{"las", "a.kvx"}, "-o OUT.las is missing"},
         {{"las", "a.kvx", "-o", "b", "--filter", "Gamma="}, "--filter expects NAME=POINTS"},
         {{"fit"}, "--order is missing"},
+        {{"calibrate", "--serial", "1", "--sensor", "G", "--order", "1", "--by", "M"}, "--tool is missing"},
+        {{"calibrate", "--tool", "K", "--serial", "1", "--sensor", "G", "--order", "8", "--by", "M"},
+         "--order expects 1 to 7"},
+        {{"calibrate", "--tool", "K", "--serial", "1", "--sensor", "G", "--order", "1", "--by",
+          "a name of 21 letters."},
+         "--by has room for 20 characters"},
+        {{"calibrations", "print"}, "calibrations expects list or export"},
         {{"equipment", "list", "all"}, "list expects nothing behind it"},
         {{"equipment", "add-tool", "K240"}, "add-tool expects a code and a serial number"},
         {{"equipment", "remove-tool", "first"}, "\"first\" is not a number of the list"},
@@ -123,6 +133,55 @@ TEST_F(CommandLine, ASettingThatCannotBeReadNamesItsFile) {
     EXPECT_THAT(done.err,
                 HasSubstr("settings.ini: [Setup] LCUComms=\"all\" is not what this setting can hold; "
                           "its default \"12\" is used."));
+}
+
+/// Feeds standard input for as long as it lives.
+class StandardInput {
+  public:
+    explicit StandardInput(const std::string& text) : text_(text), before_(std::cin.rdbuf(text_.rdbuf())) {}
+    ~StandardInput() {
+        std::cin.rdbuf(before_);
+        std::cin.clear();
+    }
+    StandardInput(const StandardInput&) = delete;
+    StandardInput& operator=(const StandardInput&) = delete;
+
+  private:
+    std::istringstream text_;
+    std::streambuf* before_;
+};
+
+TEST_F(CommandLine, ACalibrationIsShownAndSavedOrRefusedWithTheReason) {
+    ASSERT_EQ(atHome({"equipment", "add-tool", "K240", "77"}).code, exitDone);
+    const auto calibrate = [&](const std::string& points, const std::string& serial,
+                               const std::string& sensor, const std::string& order) {
+        const StandardInput input(points);
+        return atHome({"calibrate", "--tool", "K240", "--serial", serial, "--sensor", sensor, "--order",
+                       order, "--by", "Me", "--yes"});
+    };
+    const std::string line = "0 1\n10 6\n";
+    EXPECT_THAT(calibrate(line, "78", "SP", "1").err, HasSubstr("You have no tool K240"));
+    EXPECT_THAT(calibrate(line, "77", "Spin", "1").err,
+                HasSubstr("no sensor \"Spin\"; it has \"Res 8 inch\""));
+    EXPECT_THAT(calibrate("0 1\n10 x\n", "77", "SP", "1").err, HasSubstr("line 2"));
+    EXPECT_THAT(calibrate(line, "77", "SP", "2").err, HasSubstr("Invalid polynomial order"));
+    std::string many;
+    for (int i = 0; i <= 20; ++i) many += std::to_string(i) + " " + std::to_string(i) + "\n";
+    EXPECT_THAT(calibrate(many, "77", "SP", "1").err, HasSubstr("room for 20 points, not 21"));
+    EXPECT_THAT(atHome({"calibrations", "--serial", "77"}).out, testing::Not(HasSubstr("SP")));
+
+    const Done bent = calibrate("0 0\n1 3\n2 0\n3 0\n", "77", "sp", "1");
+    EXPECT_EQ(bent.code, exitDone);
+    // The line 1.2 - 0.3x is off by 2.1 in its second point.
+    EXPECT_THAT(bent.out, AllOf(HasSubstr("\n1\t3\t-2.1\n"), HasSubstr("largest error\t2.1\n"),
+                                HasSubstr("Linear fit"), HasSubstr("\tField\n")));
+    EXPECT_THAT(calibrate("0 0\n1 3\n2 0\n", "77", "SP", "2").err, HasSubstr("turns back near"));
+
+    const auto history = folder / "home" / "program" / "Brenna-Calibrations.dat";
+    std::filesystem::resize_file(history, std::filesystem::file_size(history) - 1);
+    const Done torn = atHome({"calibrations", "--serial", "77"});
+    EXPECT_THAT(torn.err, HasSubstr("the last record is torn (599 of 600 bytes)"));
+    EXPECT_THAT(torn.out, HasSubstr("K240 SN-77\tSP\tCalibrated\t"));
 }
 
 } // namespace

@@ -100,6 +100,22 @@ TEST_F(PolynomialFitTest, AgreesWithAnotherMethodOnOrdinaryPoints) {
     }
 }
 
+TEST_F(PolynomialFitTest, OrdersUpTo10AgreeWithAnotherMethod) {
+    Points points;
+    for (int i = 0; i <= 14; ++i) {
+        const double x = std::cos(i * 0.21) * 1.25; // closer together at the ends
+        points.push_back({x, 1 / (1 + x * x) + (i % 3) * 0.01});
+    }
+    for (int order = 1; order <= 10; ++order) {
+        const PolynomialFit curve = fit(order, points);
+        ASSERT_TRUE(curve.ok) << order;
+        const auto expected = referenceFit(order, points);
+        for (std::size_t k = 0; k < expected.size(); ++k) {
+            EXPECT_NEAR(curve.coefficients[k], static_cast<double>(expected[k]), 1e-6) << order << ", " << k;
+        }
+    }
+}
+
 TEST_F(PolynomialFitTest, TheSumsSeeSinglePrecision) {
     // The readings differ by less than a single can hold: unequal as they stand, one and the same in the
     // sums.
