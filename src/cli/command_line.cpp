@@ -12,7 +12,8 @@ namespace tarvik {
 namespace {
 
 std::vector<Verb> verbs() {
-    return {findVerb(), logVerb(), infoVerb(), lasVerb(), fitVerb(), equipmentVerb()};
+    return {findVerb(), logVerb(),       infoVerb(),         lasVerb(),
+            fitVerb(),  calibrateVerb(), calibrationsVerb(), equipmentVerb()};
 }
 
 std::vector<Option> allOptions(const Verb& verb) {
@@ -27,7 +28,7 @@ void printOverview(std::ostream& out) {
         << "usage: tarvik <verb> [options]; tarvik <verb> --help\n\n";
     for (const Verb& verb : verbs()) {
         std::string name(verb.name);
-        name.resize(12, ' ');
+        name.resize(14, ' ');
         out << "  " << name << verb.purpose.substr(0, verb.purpose.find('\n')) << "\n";
     }
 }

@@ -25,8 +25,9 @@ void ConsoleOperator::message(std::string_view title, std::string_view text, Ico
 }
 
 Answer ConsoleOperator::ask(std::string_view title, std::string_view text, Icon) {
-    lines_.line(std::string(title) + ": " + onOneLine(text) +
-                (answer_ == Answer::yes ? " -> yes" : " -> no"));
+    const std::string question = std::string(title) + ": " + onOneLine(text);
+    if (asker_) return asker_(question);
+    lines_.line(question + (answer_ == Answer::yes ? " -> yes" : " -> no"));
     return answer_;
 }
 

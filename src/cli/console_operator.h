@@ -5,16 +5,22 @@
 #include "app/status_log.h"
 #include "cli/console_lines.h"
 
+#include <functional>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace tarvik {
 
 class ConsoleOperator final : public OperatorSide {
   public:
+    using Asker = std::function<Answer(std::string_view question)>;
+
     /// `answer` goes to every question: what the command line asked for has been thought about.
     explicit ConsoleOperator(ConsoleLines& lines, Answer answer = Answer::no)
         : lines_(lines), answer_(answer) {}
+    /// `asker` is asked instead.
+    ConsoleOperator(ConsoleLines& lines, Asker asker) : lines_(lines), asker_(std::move(asker)) {}
 
     void message(std::string_view title, std::string_view text, Icon icon) override;
     Answer ask(std::string_view title, std::string_view text, Icon icon) override;
@@ -30,7 +36,8 @@ class ConsoleOperator final : public OperatorSide {
 
   private:
     ConsoleLines& lines_;
-    Answer answer_;
+    Answer answer_ = Answer::no;
+    Asker asker_;
     std::set<std::string> notices_; ///< said once
     bool errorShown_ = false;
 };

@@ -56,4 +56,10 @@ std::string jsonNumber(float value) {
     return std::isfinite(value) ? shortestNumber(value) : "null";
 }
 
+std::string JsonObject::joined(std::string_view separator) const {
+    std::string text;
+    for (const std::string& member : members_) text.append(text.empty() ? "" : separator).append(member);
+    return text;
+}
+
 } // namespace tarvik

@@ -15,6 +15,8 @@ class Terminal {
   public:
     explicit Terminal(Answer answer = Answer::no)
         : lines_(std::cerr, terminalColumns()), console_(lines_, answer) {}
+    explicit Terminal(ConsoleOperator::Asker asker)
+        : lines_(std::cerr, terminalColumns()), console_(lines_, std::move(asker)) {}
 
     [[nodiscard]] Shell shell() {
         return {.operatorSide = console_,

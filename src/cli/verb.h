@@ -28,6 +28,8 @@ struct Verb {
 [[nodiscard]] Verb infoVerb();
 [[nodiscard]] Verb lasVerb();
 [[nodiscard]] Verb fitVerb();
+[[nodiscard]] Verb calibrateVerb();
+[[nodiscard]] Verb calibrationsVerb();
 [[nodiscard]] Verb equipmentVerb();
 
 /// Understood by every verb: where the program lives and which device a COM port is.

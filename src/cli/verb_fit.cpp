@@ -1,45 +1,14 @@
 // tarvik fit: a calibration polynomial through points from standard input.
 #include "app/error_trap.h"
-#include "base/number_picture.h"
 #include "base/text.h"
+#include "cli/calibration_points.h"
 #include "cli/verb.h"
-#include "equipment/polynomial_fit.h"
 
-#include <array>
-#include <charconv>
 #include <iostream>
-#include <sstream>
 
 namespace tarvik {
 
 namespace {
-
-/// One "x y" per line; blank lines and lines that begin with "#" are passed over.
-std::vector<FitPoint> readPoints(std::istream& in) {
-    std::vector<FitPoint> points;
-    std::string line;
-    for (int number = 1; std::getline(in, line); ++number) {
-        std::istringstream words(line);
-        std::string x, y, more;
-        if (!(words >> x) || x.front() == '#') continue;
-        words >> y >> more;
-        const auto xValue = parseNumber(x), yValue = parseNumber(y);
-        if (!xValue || !yValue || !more.empty()) {
-            throw Failure(ErrorNumber::typeMismatch, "standard input, line " + std::to_string(number) +
-                                                         ": expected two numbers \"x y\", found \"" + line +
-                                                         "\"");
-        }
-        points.push_back({*xValue, *yValue});
-    }
-    return points;
-}
-
-/// 17 digits: every coefficient reads back as it is.
-std::string exactNumber(double value) {
-    std::array<char, 40> text{};
-    return {text.data(),
-            std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 17).ptr};
-}
 
 /// No program is started for a fit: an error goes straight to the terminal.
 class TerminalReporter final : public ErrorReporter {

@@ -1,9 +1,11 @@
 // tarvik info: what a run file holds.
-#include "base/number_picture.h"
 #include "cli/json.h"
 #include "cli/terminal.h"
 
+#include "base/number_picture.h"
+
 #include <iostream>
+#include <span>
 
 namespace tarvik {
 
@@ -19,13 +21,68 @@ std::string depthText(double depth) {
     return formatPicture(depth, "###0.00");
 }
 
+/// Of the channels as recorded; those behind them are worked out and have none.
+const Calibration* calibrationOf(const RunFacts& facts, std::size_t channel) {
+    const auto& recorded = facts.info.header.channels;
+    return channel < recorded.size() ? &recorded[channel].calibration : nullptr;
+}
+
+std::span<const double> coefficientsOf(const Calibration& calibration) {
+    return std::span(calibration.coefficients).first(static_cast<std::size_t>(calibration.order) + 1);
+}
+
+std::span<const std::pair<float, float>> pointsOf(const Calibration& calibration) {
+    return std::span(calibration.points).first(static_cast<std::size_t>(calibration.pointCount));
+}
+
+std::string calibrationJson(const Calibration* calibration) {
+    if (calibration == nullptr) return "null";
+    JsonObject members;
+    members.add("fit", calibration->fitName);
+    members.add("identifier", calibration->identifier);
+    members.add("date", calibration->date);
+    members.add("time", calibration->time);
+    members.add("calibrated_by", calibration->calibratedBy);
+    members.add("kind", calibration->kind);
+    members.add("state", calibration->state);
+    members.add("sensor", calibration->sensorName);
+    members.add("serial", calibration->serialNumber);
+    members.add("order", static_cast<double>(calibration->order));
+    members.raw("coefficients",
+                jsonArray(coefficientsOf(*calibration), [](double c) { return jsonNumber(c); }));
+    members.raw("points", jsonArray(pointsOf(*calibration), [](const std::pair<float, float>& point) {
+                    return "[" + jsonNumber(point.first) + ", " + jsonNumber(point.second) + "]";
+                }));
+    return members.inLine();
+}
+
 std::string channelsJson(const RunFacts& facts) {
-    std::string json = "[";
-    for (const ReviewChannel& channel : facts.log.channels) {
-        json += std::string(json.size() > 1 ? ", " : "") + "{\"name\": " + jsonString(channel.name) +
-                ", \"unit\": " + jsonString(channel.unit) + "}";
+    std::size_t index = 0;
+    return jsonArray(facts.log.channels, [&](const ReviewChannel& channel) {
+        JsonObject members;
+        members.add("name", channel.name);
+        members.add("unit", channel.unit);
+        members.raw("calibration", calibrationJson(calibrationOf(facts, index++)));
+        return members.inLine();
+    });
+}
+
+/// A line on where the calibration comes from, one on the polynomial, one on its points.
+void printCalibration(const Calibration& calibration) {
+    constexpr std::string_view indent = "             ";
+    std::cout << indent << calibration.fitName << " " << calibration.identifier << ", " << calibration.date
+              << " " << calibration.time << " by " << calibration.calibratedBy << ", " << calibration.kind
+              << ", " << calibration.state << "\n"
+              << indent << "order " << calibration.order << ":";
+    for (const double coefficient : coefficientsOf(calibration))
+        std::cout << " " << shortestNumber(coefficient);
+    std::cout << "\n";
+    if (calibration.pointCount == 0) return;
+    std::cout << indent << "points:";
+    for (const auto& [reading, reference] : pointsOf(calibration)) {
+        std::cout << " (" << shortestNumber(reading) << ", " << shortestNumber(reference) << ")";
     }
-    return json + "]";
+    std::cout << "\n";
 }
 
 void printJson(const RunFacts& facts) {
@@ -83,9 +140,12 @@ void printText(const RunFacts& facts) {
     if (facts.info.shape.partialBytes > 0) {
         std::cout << "Torn       " << facts.info.shape.partialBytes << " bytes of a last record, not read\n";
     }
-    for (const ReviewChannel& channel : facts.log.channels) {
+    for (std::size_t i = 0; i < facts.log.channels.size(); ++i) {
+        const ReviewChannel& channel = facts.log.channels[i];
         std::cout << "Channel    " << channel.name << "  " << channel.unit
                   << (channel.calibrated ? "" : "  (not calibrated: counts)") << "\n";
+        const Calibration* const calibration = calibrationOf(facts, i);
+        if (calibration != nullptr) printCalibration(*calibration);
     }
 }
 

@@ -87,7 +87,11 @@ CalibrationHistory::PolyCalibration_savecalibrationhistorydata(const ToolRecord&
         level = 2; // writing
         makeRoom(found);
         files_.append(file_, record.bytes());
-        return calibrationOf(record);
+        saved = calibrationOf(record);
+        log_.black("Calibration " + saved.identifier + " of " + record.get(calibration::toolCode) + " SN-" +
+                   saved.serialNumber + " " + saved.sensorName + " saved : " + saved.fitName + ", " +
+                   saved.kind);
+        return saved;
     });
 }
 

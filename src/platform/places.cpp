@@ -10,6 +10,7 @@ namespace tarvik {
 namespace {
 
 constexpr const char* makersEquipment = "BrennaTools-Winches.dat";
+constexpr const char* makersCalibrations = "Brenna-Calibrations.dat";
 constexpr const char* companyLogo = "complogo.bmp";
 
 /// The folder that an XDG variable names; by its rules a relative one does not count.
@@ -106,7 +107,7 @@ Path runningExecutable() {
 
 void fillProgramFolder(const Places& places, Files& files) {
     files.createFolder(places.programFolder);
-    for (const char* const name : {makersEquipment, companyLogo}) {
+    for (const char* const name : {makersEquipment, makersCalibrations, companyLogo}) {
         const Path wanted = places.programFolder / name;
         const Path installed = places.installedData / name;
         if (!files.exists(wanted) && files.exists(installed)) files.copy(installed, wanted);

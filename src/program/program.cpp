@@ -59,6 +59,7 @@ Program::Program(const ProgramOptions& options, const Shell& theShell)
       port(serial, log, link),
       lcu(errors, log, shell.operatorSide, port, link),
       search(errors, log, shell.operatorSide, port, lcu, link),
+      calibrations(errors, files, log, shell.operatorSide, clock, places.programFolder),
       equipment(errors, files, log, shell.operatorSide, calibrations, places.programFolder),
       runReader(errors, log, files),
       runWriter(errors, files),
@@ -81,6 +82,7 @@ FrameHooks Program::connectHooks() {
     };
     to.stopDataStream = [this] { lcu.stopStream(); };
     to.closePort = [this] { port.close(); };
+    to.loadCalibrationHistory = [this] { calibrations.open(); };
     to.sleep = [this](int milliseconds) { serial.ComSleepMS(link.port, milliseconds); };
     return to;
 }

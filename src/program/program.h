@@ -18,6 +18,7 @@
 #include "app/start_up.h"
 #include "app/status_log.h"
 #include "app/stored_settings.h"
+#include "equipment/calibration_history.h"
 #include "equipment/tool_winch_data.h"
 #include "files/run_file_reader.h"
 #include "files/run_file_writer.h"
@@ -89,7 +90,7 @@ class Program {
     LcuCommands lcu;
     LcuSearch search;
 
-    NoCalibrations calibrations;
+    CalibrationHistory calibrations;
     ToolWinchData equipment;
     RunFileReader runReader;
     RunFileWriter runWriter;

@@ -105,4 +105,20 @@ Compiled<EquipmentFile> compileDatabase(const std::filesystem::path& folder) {
     return {std::move(database), std::move(compiler.problems)};
 }
 
+Compiled<CalibrationFile> compileHistory(const std::filesystem::path& folder,
+                                         std::span<const ToolRecord> tools) {
+    CalibrationFile history;
+    history.header = newCalibrationHeader();
+    std::vector<CalibrationRecord>& records = history.records;
+    DatabaseCompiler compiler;
+    for (const FilePath& file : filesOf(folder / "calibrations", ".calibration")) {
+        const auto compiled = compiler.compileFile(file, [&](std::string_view text, std::string_view name) {
+            return compileCalibrations(text, name, tools, records.size());
+        });
+        records.insert(records.end(), compiled.record.begin(), compiled.record.end());
+    }
+    history.count = records.size();
+    return {std::move(history), std::move(compiler.problems)};
+}
+
 } // namespace equipmentc

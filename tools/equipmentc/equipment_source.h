@@ -1,9 +1,12 @@
-// Turns the readable source of the maker's equipment (data/) into the records of the database.
+// Turns the readable source of the maker's equipment (data/) into the records of the database and of the
+// calibration history.
 #pragma once
 
+#include "equipment/calibration_history_file.h"
 #include "equipment/equipment_file.h"
 
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,7 +25,17 @@ struct Compiled {
 [[nodiscard]] Compiled<tarvik::EquipmentHeader> compileHeader(std::string_view text,
                                                               std::string_view fileName);
 
+/// The factory calibrations of one tool of the maker's `tools`, fitted through their points. Identifiers go
+/// on from the number of records `before` them.
+[[nodiscard]] Compiled<std::vector<tarvik::CalibrationRecord>>
+compileCalibrations(std::string_view text, std::string_view fileName,
+                    std::span<const tarvik::ToolRecord> tools, std::size_t before);
+
 /// database.ini, tools/*.tool and winches/*.winch of a folder, in the order of their file names.
 [[nodiscard]] Compiled<tarvik::EquipmentFile> compileDatabase(const std::filesystem::path& folder);
+
+/// calibrations/*.calibration of a folder, in the order of their file names.
+[[nodiscard]] Compiled<tarvik::CalibrationFile> compileHistory(const std::filesystem::path& folder,
+                                                               std::span<const tarvik::ToolRecord> tools);
 
 } // namespace equipmentc
