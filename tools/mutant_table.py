@@ -165,4 +165,17 @@ MUTANTS = [
            "text.find(\"Project :\") != std::string_view::npos", "false"),
     Mutant("LogInches is written", "app_tests", "src/app/stored_settings.cpp",
            "&Settings::logInches, Saving::never", "&Settings::logInches, Saving::always"),
+
+    # ---- calibration history
+    Mutant("half a torn record counts", "equipment_tests", "src/equipment/calibration_history_file.cpp",
+           "roundedQuotient(static_cast<std::int64_t>(rest.size()), CalibrationRecord::size)",
+           "(rest.size() + 300) / CalibrationRecord::size"),
+    Mutant("identifiers count from 0", "equipment_tests", "src/equipment/calibration_history.cpp",
+           "formatPicture(found.count + 1,", "formatPicture(found.count,"),
+    Mutant("a factory calibration needs no confirmation", "equipment_tests", "src/equipment/calibration_history.cpp",
+           "made.kind == factory &&", "made.kind == factory ||"),
+    Mutant("a torn record stays before the next", "equipment_tests", "src/equipment/calibration_history.cpp",
+           "if (!found.headerTorn && found.tornBytes == 0) return;", "if (!found.headerTorn) return;"),
+    Mutant("order 20 is evaluated", "equipment_tests", "src/equipment/calibration_record.cpp",
+           "calibration.order >= maxCoefficients", "calibration.order > maxCoefficients"),
 ]

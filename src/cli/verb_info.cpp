@@ -21,12 +21,6 @@ std::string depthText(double depth) {
     return formatPicture(depth, "###0.00");
 }
 
-/// Of the channels as recorded; those behind them are worked out and have none.
-const Calibration* calibrationOf(const RunFacts& facts, std::size_t channel) {
-    const auto& recorded = facts.info.header.channels;
-    return channel < recorded.size() ? &recorded[channel].calibration : nullptr;
-}
-
 std::span<const double> coefficientsOf(const Calibration& calibration) {
     return std::span(calibration.coefficients).first(static_cast<std::size_t>(calibration.order) + 1);
 }
@@ -35,34 +29,32 @@ std::span<const std::pair<float, float>> pointsOf(const Calibration& calibration
     return std::span(calibration.points).first(static_cast<std::size_t>(calibration.pointCount));
 }
 
-std::string calibrationJson(const Calibration* calibration) {
-    if (calibration == nullptr) return "null";
+std::string calibrationJson(const Calibration& calibration) {
     JsonObject members;
-    members.add("fit", calibration->fitName);
-    members.add("identifier", calibration->identifier);
-    members.add("date", calibration->date);
-    members.add("time", calibration->time);
-    members.add("calibrated_by", calibration->calibratedBy);
-    members.add("kind", calibration->kind);
-    members.add("state", calibration->state);
-    members.add("sensor", calibration->sensorName);
-    members.add("serial", calibration->serialNumber);
-    members.add("order", static_cast<double>(calibration->order));
+    members.add("fit", calibration.fitName);
+    members.add("identifier", calibration.identifier);
+    members.add("date", calibration.date);
+    members.add("time", calibration.time);
+    members.add("calibrated_by", calibration.calibratedBy);
+    members.add("kind", calibration.kind);
+    members.add("state", calibration.state);
+    members.add("sensor", calibration.sensorName);
+    members.add("serial", calibration.serialNumber);
+    members.add("order", static_cast<double>(calibration.order));
     members.raw("coefficients",
-                jsonArray(coefficientsOf(*calibration), [](double c) { return jsonNumber(c); }));
-    members.raw("points", jsonArray(pointsOf(*calibration), [](const std::pair<float, float>& point) {
+                jsonArray(coefficientsOf(calibration), [](double c) { return jsonNumber(c); }));
+    members.raw("points", jsonArray(pointsOf(calibration), [](const std::pair<float, float>& point) {
                     return "[" + jsonNumber(point.first) + ", " + jsonNumber(point.second) + "]";
                 }));
     return members.inLine();
 }
 
-std::string channelsJson(const RunFacts& facts) {
-    std::size_t index = 0;
-    return jsonArray(facts.log.channels, [&](const ReviewChannel& channel) {
+std::string channelsJson(const ReviewLog& log) {
+    return jsonArray(log.header.channels, [](const RunChannel& channel) {
         JsonObject members;
         members.add("name", channel.name);
         members.add("unit", channel.unit);
-        members.raw("calibration", calibrationJson(calibrationOf(facts, index++)));
+        members.raw("calibration", calibrationJson(channel.calibration));
         return members.inLine();
     });
 }
@@ -112,7 +104,7 @@ void printJson(const RunFacts& facts) {
     object.add("record_length", static_cast<double>(facts.info.shape.recordLength));
     object.add("skipped_scans", static_cast<double>(facts.log.skippedScans));
     object.add("partial_bytes", static_cast<double>(facts.info.shape.partialBytes));
-    object.raw("channels", channelsJson(facts));
+    object.raw("channels", channelsJson(facts.log));
     std::cout << object.text();
 }
 
@@ -144,8 +136,7 @@ void printText(const RunFacts& facts) {
         const ReviewChannel& channel = facts.log.channels[i];
         std::cout << "Channel    " << channel.name << "  " << channel.unit
                   << (channel.calibrated ? "" : "  (not calibrated: counts)") << "\n";
-        const Calibration* const calibration = calibrationOf(facts, i);
-        if (calibration != nullptr) printCalibration(*calibration);
+        printCalibration(facts.log.header.channels[i].calibration);
     }
 }
 

@@ -113,7 +113,7 @@ CalibrationHistory::PolyCalibration_getselectedpreviouscalibdata(std::size_t rec
         const auto records = load().records;
         if (record >= records.size()) {
             throw Failure(ErrorNumber::subscriptOutOfRange,
-                          file_.string() + ": there is no record " + std::to_string(record) + "; it holds " +
+                          file_.string() + ": there is no record " + std::to_string(record + 1) + "; it holds " +
                               std::to_string(records.size()) + ". List the calibrations afresh.");
         }
         return calibrationOf(records[record]);
@@ -173,7 +173,7 @@ std::vector<Calibration> CalibrationHistory::calibrationsOf(std::string_view too
             if (canBeEvaluated(one)) {
                 calibrations.push_back(std::move(one));
             } else {
-                log_.red(file_.string() + ": record " + std::to_string(i) + " (" + one.sensorName + ", " +
+                log_.red(file_.string() + ": record " + std::to_string(i + 1) + " (" + one.sensorName + ", " +
                          one.date + ") holds no polynomial and is not used; calibrate the sensor again");
             }
         }

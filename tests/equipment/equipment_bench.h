@@ -60,13 +60,17 @@ class MessageKeeper final : public OperatorSide {
         texts.emplace_back(text);
         icons.push_back(icon);
     }
-    Answer ask(std::string_view, std::string_view, Icon) override { return Answer::no; }
+    Answer ask(std::string_view title, std::string_view text, Icon icon) override {
+        message(title, text, icon);
+        return answer;
+    }
     void notice(std::string_view, std::string_view, Icon) override {}
     void showError(const ErrorReport&, std::string_view, std::string_view) override {}
     void beep() override {}
     void statusText(std::string_view) override {}
     void linkPanel(std::string_view) override {}
 
+    Answer answer = Answer::no;
     std::vector<std::string> titles;
     std::vector<std::string> texts;
     std::vector<Icon> icons;

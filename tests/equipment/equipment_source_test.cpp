@@ -121,5 +121,58 @@ TEST(EquipmentSource, AnEmptyFolderAndASharedCodeAreProblems) {
     std::filesystem::remove_all(folder);
 }
 
+const std::string calibrationHead = "[calibration]\ntool = K9\nserial = S-1\ndate = 2026-01-02\n";
+
+Compiled<std::vector<CalibrationRecord>> calibrations(const std::string& text, std::size_t before = 0) {
+    const ToolRecord tools[] = {
+        compileTool("[tool]\ncode = K8\nname = Eight\n[mode 1]\n" + oneChannel, "k8.tool").record,
+        compileTool("[tool]\ncode = K9\nname = Nine\n[mode 1]\n" + oneChannel, "k9.tool").record};
+    return compileCalibrations(text, "k9.calibration", tools, before);
+}
+
+TEST(CalibrationSourceText, PointsBecomeAFactoryRecord) {
+    const auto [records, problems] =
+        calibrations(calibrationHead + "by = Shop\ntime = 10:11:12\nsensor = A | 1 | 10 1 | 20 -3\n"
+                                       "sensor = A | 2 | 0 0 | 1 1 | 2 4\n",
+                     41);
+    EXPECT_TRUE(problems.empty()) << testing::PrintToString(problems);
+    ASSERT_EQ(records.size(), 2U);
+    const Calibration first = calibrationOf(records[0]);
+    EXPECT_EQ(records[0].get(calibration::toolCode) + first.serialNumber + first.sensorName, "K9S-1A");
+    EXPECT_EQ(first.identifier, "020126-00042");
+    EXPECT_EQ(first.date + first.time + first.calibratedBy, "02-Jan-202610:11:12Shop");
+    EXPECT_EQ(first.kind + first.state + first.fitName, "FactoryCalibratedLinear fit");
+    EXPECT_EQ(first.coefficients[1], -0.4);
+    EXPECT_EQ(first.pointCount, 2);
+    EXPECT_EQ(calibrationOf(records[1]).identifier, "020126-00043");
+    EXPECT_EQ(records[1].get(calibration::marked), -1);
+}
+
+TEST(CalibrationSourceText, ProblemsNameTheirLine) {
+    struct Case {
+        std::string text;
+        std::string place;
+    };
+    const Case cases[] = {
+        {"[calibration]\nserial = S\ndate = 2026-01-02\n", ":1: no tool"},
+        {"[calibration]\ntool = K9\ndate = 2026-01-02\n", ":1: no serial"},
+        {"[calibration]\ntool = K9\nserial = S\n", ":1: no date"},
+        {"[calibration]\ntool = K7\nserial = S\ndate = 2026-01-02\n", ":2: there is no tool"},
+        {"[calibration]\ntool = K9\nserial = S\ndate = 2026-13-02\n", ":4: \"2026-13-02\""},
+        {"[calibration]\ntool = K9\nserial = S\ndate = 02-Jan-2026\n", ":4: "},
+        {calibrationHead + "sensor = B | 1 | 0 0 | 1 1\n", ":5: the tool has no sensor \"B\""},
+        {calibrationHead + "sensor = A\n", ":5: after the sensor's name"},
+        {calibrationHead + "sensor = A | 8 | 0 0 | 1 1\n", ":5: after the sensor's name"},
+        {calibrationHead + "sensor = A | 1 | 0 0 | 1\n", ":5: \"1\" is no point"},
+        {calibrationHead + "sensor = A | 1 | 1 0 | 1 1\n", ":5: no polynomial"},
+        {calibrationHead + "by = A name of twenty-one ch\n", ":5: "},
+    };
+    for (const Case& c : cases) {
+        const auto problems = calibrations(c.text).problems;
+        ASSERT_FALSE(problems.empty()) << c.text;
+        EXPECT_EQ(problems[0].find("k9.calibration" + c.place), 0U) << problems[0];
+    }
+}
+
 } // namespace
 } // namespace equipmentc

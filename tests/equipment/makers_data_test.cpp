@@ -1,11 +1,14 @@
 // The database that ships: built from data/, and in keeping with what the program knows of single tools.
 #include "equipmentc/equipment_source.h"
 
+#include "equipment/calibration_fit.h"
 #include "equipment/sensor_factors.h"
 #include "platform/files.h"
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -15,11 +18,14 @@ namespace {
 
 class MakersData : public testing::Test {
   protected:
-    static EquipmentFile built() {
-        std::ifstream in(EQUIPMENT_DATABASE, std::ios::binary);
+    static std::string contentOf(const char* file) {
+        std::ifstream in(file, std::ios::binary);
         std::ostringstream bytes;
         bytes << in.rdbuf();
-        return readEquipment(asBytes(bytes.str()), EQUIPMENT_DATABASE);
+        return bytes.str();
+    }
+    static EquipmentFile built() {
+        return readEquipment(asBytes(contentOf(EQUIPMENT_DATABASE)), EQUIPMENT_DATABASE);
     }
     static ToolRecord toolOf(std::string_view code) {
         for (const ToolRecord& record : built().tools) {
@@ -117,6 +123,38 @@ TEST_F(MakersData, TheInductionToolsReadAsPulsesOrLevels) {
     }
     EXPECT_EQ(tool::channels(toolOf("K551"), 1), 2);
     EXPECT_GT(tool::channels(toolOf("K553"), 1), 2) << "a plain level among the channels";
+}
+
+/// Over the whole of its uncalibrated scale a calibration stays near the tool's calibrated one and does not
+/// turn back.
+TEST_F(MakersData, FactoryCalibrationsAgreeWithTheScales) {
+    const std::string bytes = contentOf(FACTORY_CALIBRATIONS);
+    const CalibrationFile history = readCalibrations(asBytes(bytes));
+    EXPECT_EQ(history.tornBytes, 0U);
+    const auto source =
+        equipmentc::compileHistory(std::filesystem::path(TARVIK_SOURCE_DIR) / "data", built().tools);
+    EXPECT_TRUE(source.problems.empty()) << testing::PrintToString(source.problems);
+    EXPECT_EQ(asText(calibrationBytes(source.record)), bytes);
+    std::set<std::string> sensorsOfTheDemo;
+    for (const CalibrationRecord& record : history.records) {
+        const Calibration one = calibrationOf(record);
+        const std::string code = record.get(calibration::toolCode);
+        SCOPED_TRACE(code + " " + one.sensorName);
+        if (code == "K240" && one.serialNumber == "2041") sensorsOfTheDemo.insert(one.sensorName);
+        EXPECT_FALSE(turningPoint(one));
+        const ToolRecord tool = toolOf(code);
+        int channel = 1;
+        while (channel < maxChannels && tool.get(tool::channelName(1, channel)) != one.sensorName) ++channel;
+        const float left = tool.get(tool::calibratedLeft(1, channel));
+        const float right = tool.get(tool::calibratedRight(1, channel));
+        const auto value = [&](float reading) {
+            return evaluateCalibration(one.order, one.coefficients, reading);
+        };
+        const float slack = 0.08F * std::abs(right - left);
+        EXPECT_NEAR(value(tool.get(tool::uncalibratedLeft(1, channel))), left, slack);
+        EXPECT_NEAR(value(tool.get(tool::uncalibratedRight(1, channel))), right, slack);
+    }
+    EXPECT_EQ(sensorsOfTheDemo.size(), 6U) << "all that the tool measures";
 }
 
 TEST_F(MakersData, EveryToolHasAName) {

@@ -5,7 +5,9 @@ Usage: road_test.py CASE --bin DIR --tools DIR
 """
 import argparse
 import json
+import os
 import pathlib
+import pty
 import signal
 import subprocess
 import sys
@@ -14,6 +16,7 @@ import time
 
 import scans
 
+SERIAL = "9001"  # of a tool that the maker has no calibrations of
 RECORD = 12 + 4 * 7 + 20  # bytes of a scan of the tool K240
 
 
@@ -51,8 +54,38 @@ class Field:
         check(done.returncode == expect, f"{words} ended with {done.returncode}, not {expect}: {done.stderr}")
         return done
 
+    def _calibrate_words(self, sensor, order, *words):
+        return self._words(["calibrate", "--tool", "K240", "--serial", SERIAL, "--sensor", sensor, "--order", order,
+                            "--by", "Road test", *words])
+
+    def calibrate(self, sensor, order, points, *words):
+        """Away from any terminal, so that no question can be asked: exit code, what was said, coefficients."""
+        text = "".join(f"{x} {y}\n" for x, y in points)
+        done = subprocess.run(self._calibrate_words(sensor, order, *words), input=text, capture_output=True, text=True,
+                              timeout=30, start_new_session=True)
+        coefficients = [float(line) for line in done.stdout.splitlines()[1 : order + 2]]
+        return done.returncode, done.stderr, coefficients
+
+    def calibrate_at_a_terminal(self, sensor, order, points, answers):
+        """Points from a file, the questions answered on the terminal: what the terminal showed."""
+        file = self.home / "points.txt"
+        file.write_text("".join(f"{x} {y}\n" for x, y in points))
+        child, terminal = pty.fork()
+        if child == 0:
+            os.dup2(os.open(file, os.O_RDONLY), 0)
+            words = self._calibrate_words(sensor, order, "--kind", "factory")
+            os.execv(words[0], words)
+        shown = b""
+        for question, answer in answers:
+            while question not in shown:
+                shown += os.read(terminal, 1000)
+            os.write(terminal, answer)
+        os.waitpid(child, 0)
+        os.close(terminal)
+        return shown.decode()
+
     def own_equipment(self):
-        self.tarvik("equipment", "add-tool", "K240", "2041")
+        self.tarvik("equipment", "add-tool", "K240", SERIAL)
         self.tarvik("equipment", "add-winch", "W240", "117")
 
     def log_words(self, *words):
@@ -91,9 +124,9 @@ class Field:
         self._wait_for(lambda: file.exists() and file.stat().st_size >= enough, f"{count} records did not come", 60)
 
 
-def compare(field, file, model, sampling, up, feet, count):
+def compare(field, file, model, sampling, up, feet, count, polynomials={}):
     kept = field.records(file)
-    wanted = scans.expected_records(scans.sent_scans(field.record), model, sampling, up, feet)[:count]
+    wanted = scans.expected_records(scans.sent_scans(field.record), model, sampling, up, feet, polynomials)[:count]
     check(len(kept) == count and len(wanted) == count, f"{len(kept)} records, {len(wanted)} expected, not {count}")
     for number, (got, want) in enumerate(zip(kept, wanted), start=1):
         check(got == want, f"record {number}:\n  {got.hex()} is not\n  {want.hex()}")
@@ -159,6 +192,40 @@ def time_down_metres_lcu4(field):
     logged(field, "LCU4", "TIME", 0.1, up=False, feet=False)
 
 
+def calibrated(field):
+    """Calibrated on the command line, then logged: the file holds engineering units and says where they come from."""
+    line = [(0, 5), (100, 55)]
+    truth = [1.0, 0.01, 1e-7]
+    bent = [(x, sum(c * x**k for k, c in enumerate(truth))) for x in (500, 4000, 9000, 15000, 20500)]
+    status, said, _ = field.calibrate("Gamma", 1, line)
+    check(status == 1 and "not saved" in said and "--yes" in said, "without a terminal it was not refused")
+    status, _, gamma = field.calibrate("gAMMA", 1, line, "--yes")
+    check(status == 0 and gamma == [5.0, 0.5], f"the line is {gamma}")
+    status, said, resistivity = field.calibrate("Res 8 inch", 2, bent, "--yes", "--kind", "factory")
+    near = all(abs(got - want) <= 1e-5 * want for got, want in zip(resistivity, truth))
+    check(status == 0 and near and "Warning" not in said, f"the parabola is {resistivity}, {said}")
+    shown = field.calibrate_at_a_terminal("SP", 2, [(0, 0), (1, 1), (2, 0)], [(b"Save this", b"y\n"),
+                                                                             (b"FACTORY calibration", b"n\n")])
+    check("Warning" in shown and "Calibration query" in shown, f"the terminal showed {shown}")
+    listed = field.tarvik("calibrations", "list", "--serial", SERIAL).stdout.splitlines()[1:]
+    check([row.rsplit(", ", 1)[1] for row in listed] == ["Field", "Factory", "Field"], f"listed {listed}")
+    status, _, _ = field.calibrate("SP", 1, [(0, 0), (1, 1)], "--yes")  # the last one serves
+    check(status == 0, "the last calibration was not saved")
+
+    field.start_box("--model", "LCU2Plus", "--depth", 10, "--speed", 30, "--seed", 3)
+    file = field.log("--sampling", "TIME", "--interval", "0.1", "--scans", 15)
+    field.stop_box()
+    compare(field, file, "LCU2Plus", "TIME", False, False, 15, {0: resistivity, 4: gamma})
+    calibrations = {channel["name"]: channel["calibration"] for channel in field.info(file)["channels"]}
+    check(calibrations["Res 8 inch"]["coefficients"] == resistivity, "the file has another polynomial")
+    check(calibrations["Res 8 inch"]["points"][1] == [4000, round(bent[1][1], 4)], "the file has other points")
+    check(calibrations["Gamma"]["calibrated_by"] == "Road test" and calibrations["Gamma"]["kind"] == "Field", "Gamma")
+    check(calibrations["Res 16 inch"]["state"] == "None", "a channel without")
+    exported = pathlib.Path(field.tarvik("calibrations", "export", "--serial", SERIAL).stdout.strip())
+    check(exported == field.home / "C" / "kvxcalib.txt", f"exported to {exported}")
+    check(len({line.count(b"\t") for line in exported.read_bytes().splitlines()}) == 1, "columns of the export")
+
+
 def killed_and_appended(field):
     """Killed outright while it writes: every whole record stays, and an append goes on at a record border."""
     field.start_box("--model", "LCU2Plus", "--depth", 10, "--speed", 30)
@@ -213,7 +280,8 @@ def refusals(field):
 
 def main():
     cases = {f.__name__: f for f in (depth_down_metres_lcu2plus, time_up_feet_lcu2plus, depth_up_feet_lcu4,
-                                     time_down_metres_lcu4, killed_and_appended, stopped_by_the_operator, refusals)}
+                                     time_down_metres_lcu4, calibrated, killed_and_appended, stopped_by_the_operator,
+                                     refusals)}
     parser = argparse.ArgumentParser()
     parser.add_argument("case", choices=cases)
     parser.add_argument("--bin", type=pathlib.Path, required=True)

@@ -41,23 +41,30 @@ class Scan:
         else:
             self.current, self.voltage = data[-1], 0
 
-    def values(self):
+    def values(self, polynomials):
+        """`polynomials`: coefficients by channel from 0, lowest power first; a channel without reads as it counts."""
         period = lambda c: single(21 * 1e6 / c) if c else 0.0
         rate = lambda c: single(round(c * 10000 / self.time))
         rules = [period, period, period, period, rate, period]
-        return [rule(count) for rule, count in zip(rules, self.counts)] + [100.0]
+        values = [rule(count) for rule, count in zip(rules, self.counts)] + [100.0]
+        for channel, coefficients in polynomials.items():
+            if rules[channel] is period and self.counts[channel] == 0:
+                continue  # a period of 0 is no reading
+            value = values[channel]
+            values[channel] = single(sum(c * value**power for power, c in enumerate(coefficients)))
+        return values
 
 
-def record_bytes(scan, previous, feet):
+def record_bytes(scan, previous, feet, polynomials):
     per_unit = 1 / 0.3048 if feet else 1.0
     speed = abs(scan.depth - previous.depth) * 600000 / scan.time
     depth = scan.depth * 1000 / 0.3048 if feet else scan.depth * 1000
     fields = [round(depth), scan.time, round(speed * per_unit * 100)]
-    fields += [round(value * 100) for value in scan.values()]
+    fields += [round(value * 100) for value in scan.values(polynomials)]
     return struct.pack(f"<{len(fields)}ihhhi10s", *fields, scan.current, scan.voltage, 0, 0, b" " * 10)
 
 
-def expected_records(data, model, sampling, up, feet):
+def expected_records(data, model, sampling, up, feet, polynomials):
     """The records that a run must hold which saw these scans from the first on."""
     scans = [Scan(one, model) for one in data]
     records, last = [], None
@@ -71,5 +78,5 @@ def expected_records(data, model, sampling, up, feet):
         if sampling == "DEPTH" and not 0 < moved < 1:
             continue
         last = scan.depth
-        records.append(record_bytes(scan, scans[number - 2], feet))
+        records.append(record_bytes(scan, scans[number - 2], feet, polynomials))
     return records
