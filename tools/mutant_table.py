@@ -68,6 +68,28 @@ MUTANTS = [
     Mutant("the status is asked for once only", "lcu_tests", "src/lcu/lcu_commands.cpp",
            "            count = askForStatus();\n", ""),
 
+    # ---- the run
+    Mutant("the greatest current itself shuts the tool down", "lcu_tests", "src/lcu/scan_loop.cpp",
+           "current <= static_cast<float>(limit)", "current < static_cast<float>(limit)"),
+    Mutant("the second scan counts as seen", "lcu_tests", "src/lcu/scan_loop.cpp",
+           "firstScansWithoutValues = 2;", "firstScansWithoutValues = 1;"),
+    Mutant("the append check looks at the interval first", "lcu_tests", "src/lcu/append_check.cpp",
+           "if (now.units != before.units) {", "if (now.units != before.units && now.interval == before.interval) {"),
+    Mutant("a torn tail is not cut off", "lcu_tests", "src/lcu/logging_run.cpp",
+           "cut = cutTornTail(modules_.files, run_.file); cut > 0", "cut = 0; cut > 0"),
+    Mutant("the tool stays powered at the end", "lcu_tests", "src/lcu/logging_run.cpp",
+           "    modules_.lcu.LCU_PowerOFF_Reset();\n", ""),
+    Mutant("ER30 goes to pairs three to seven", "lcu_tests", "src/lcu/run_commands.cpp",
+           "firstEnergyPair = 4;", "firstEnergyPair = 3;"),
+    Mutant("an LCU4 steps by whole centimetres", "lcu_tests", "src/lcu/lcu_models.h",
+           ".depthStepFactor = 4.0,", ".depthStepFactor = 1.0,"),
+    Mutant("a silent box that came back waits half a minute", "lcu_tests", "src/lcu/link_watch.h",
+           "streamAgainAfterMs = 3000;", "streamAgainAfterMs = 30'000;"),
+    Mutant("lines of the notes end with LF alone", "lcu_tests", "src/lcu/run_keeping.cpp",
+           'toAnsi(line) + "\\r\\n"', 'toAnsi(line) + "\\n"'),
+    Mutant("the depth that the box reports back is not compared", "lcu_tests", "src/lcu/depth_setting.cpp",
+           "if (reported != wanted)", "if (!reported)"),
+
     # ---- equipment
     Mutant("an item of period tools loses its constant", "equipment_tests", "src/equipment/sensor_factors.cpp",
            "channel = {period, periodConstant(item)};", "channel = {period, 1 + 0 * periodConstant(item)};"),

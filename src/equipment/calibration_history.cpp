@@ -112,9 +112,10 @@ CalibrationHistory::PolyCalibration_getselectedpreviouscalibdata(std::size_t rec
     return errors_.run("PolyCalibration_getselectedpreviouscalibdata", Selected{}, [&](Level&) -> Selected {
         const auto records = load().records;
         if (record >= records.size()) {
-            throw Failure(ErrorNumber::subscriptOutOfRange,
-                          file_.string() + ": there is no record " + std::to_string(record + 1) + "; it holds " +
-                              std::to_string(records.size()) + ". List the calibrations afresh.");
+            throw Failure(ErrorNumber::subscriptOutOfRange, file_.string() + ": there is no record " +
+                                                                std::to_string(record + 1) + "; it holds " +
+                                                                std::to_string(records.size()) +
+                                                                ". List the calibrations afresh.");
         }
         return calibrationOf(records[record]);
     });

@@ -113,7 +113,8 @@ bool LoggingRun::mayAppend(const Path& latest) {
     return false;
 }
 
-/// The way of the hole goes on where the latest run left it; without that the rest of the plan would be displaced.
+/// The way of the hole goes on where the latest run left it; without that the rest of the plan would be
+/// displaced.
 bool LoggingRun::continueWay(const Path& latest) {
     if (!toolRule(run_.header.tool.code).deviation) return true;
     const auto earlier = modules_.reader.Tarvikfileopen(latest);

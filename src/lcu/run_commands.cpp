@@ -87,8 +87,9 @@ void setEnergyCommands(CurrentTool& tool) {
 std::vector<std::string> toolCommands(const CurrentTool& tool, const LcuModel& model) {
     std::vector<std::string> commands;
     if (model.name == lcu4->name) commands.emplace_back("ER0");
-    if (needsCommandSet(tool.record, model))
-        commands.push_back(tool.record.get(tool::sensorFactors(tool.mode)));
+    if (std::string factors = tool.record.get(tool::sensorFactors(tool.mode));
+        needsCommandSet(tool.record, model) && !factors.empty())
+        commands.push_back(std::move(factors));
     const Signal signal = signalOf(tool);
     if (signal != Signal::levels) {
         CheckThreshholdlevel(commands, tool, signal);

@@ -13,7 +13,7 @@ namespace {
 std::string channelName(const CurrentTool& tool, const ToolRule& rule, int channel) {
     if (const auto name = rule.derivedName(channel); !name.empty()) return std::string(name);
     std::string name = tool.record.get(tool::channelName(tool.mode, channel));
-    if (name.empty()) name = "Channel " + std::to_string(channel + 1);
+    if (name.empty()) name = "Channel " + std::to_string(channel); // as readers name it
     return name;
 }
 

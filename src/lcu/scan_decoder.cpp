@@ -208,7 +208,8 @@ void ScanDecoder::deriveChannels() {
         current.channels[channelIndex(channel)] = 0;
     }
     if (rule_.constantChannel != 0) current.channels[channelIndex(rule_.constantChannel)] = rule_.constant;
-    // A scan with another number of channels is none of this tool's: it must not lengthen the way of the hole.
+    // A scan with another number of channels is none of this tool's: it must not lengthen the way of the
+    // hole.
     if (rule_.deviation && deviation_ && carried == setup_.channels) deviation_->derive(current);
     for (int channel = first; channel <= last; ++channel) {
         calibrate(channelIndex(channel));

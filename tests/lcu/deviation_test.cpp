@@ -44,7 +44,8 @@ HoleWay oneStep(double azimuth, double inclination = 0, Direction direction = Di
 TEST(Deviation, InclinationOfTheAxes) {
     EXPECT_EQ(CalcInclination(scanOf({}, {0, 0, 1})), 0);
     EXPECT_EQ(CalcInclination(scanOf({}, {1, 0, 0})), -900000);
-    EXPECT_NEAR(CalcInclination(scanOf({}, {-1, 0.01, 0})), 900000 - 5730, 1); // upwards: 180 degrees are added
+    EXPECT_NEAR(CalcInclination(scanOf({}, {-1, 0.01, 0})), 900000 - 5730,
+                1);                                            // upwards: 180 degrees are added
     EXPECT_EQ(CalcInclination(scanOf({}, {0.0001, 0, 1})), 0); // too little to divide by
     EXPECT_NEAR(CalcInclination(scanOf({}, {0.5, 0.5, 0})), -450000, 0.1);
     EXPECT_NEAR(CalcInclination(scanOf({}, {-0.5, 0, 0.5})), 450000, 0.1);

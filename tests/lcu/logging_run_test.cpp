@@ -374,6 +374,11 @@ TEST(LoggingRun, AppendIsRefusedAtTheFirstDifference) {
     setup.sampling = same.sampling;
     rig.equipment.currentTool().record.set(tool::channelName(1, 2), "Other");
     EXPECT_EQ(refusal().substr(0, 43), "!Check previous run: Tool mode or channels ");
+    rig.equipment.currentTool().record.set(tool::channelName(1, 2), "");
+    rig.order.hole = "H2"; // a channel without a name has the one that readers give it
+    rig.view.record = true;
+    rig.startLogging();
+    EXPECT_EQ(readRunHeader(rig.files, rig.file()).header.channels[2].name, "Channel 2");
     rig.files.put(rig.file(), "no run file");
     rig.view.record = true;
     EXPECT_EQ(rig.startLogging(), RunResult::notStarted);
