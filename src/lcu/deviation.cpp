@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <string_view>
 
 namespace tarvik {
@@ -103,13 +104,17 @@ void CalcHoleEastNorth(const CurrentScan& scan, const RunSetup& run, HoleWay& wa
 }
 
 HoleWay wayAtEnd(const ReviewLog& run) {
-    // An up-log was turned round for review: its last scan stands first.
-    const auto last = [&](std::string_view name) {
+    const auto valuesOf = [&](std::string_view name) -> std::span<const float> {
         const auto channel = std::ranges::find(run.channels, name, &ReviewChannel::name);
-        if (channel == run.channels.end() || channel->values.empty()) return 0.0F;
-        return run.reversed ? channel->values.front() : channel->values.back();
+        return channel == run.channels.end() ? std::span<const float>{} : std::span(channel->values);
     };
-    return {.east = last("East"), .north = last("North")};
+    const auto east = valuesOf("East"), north = valuesOf("North"), field = valuesOf("Total field");
+    // An up-log was turned round for review: its last scan stands first.
+    for (std::size_t back = 0; back < std::min({east.size(), north.size(), field.size()}); ++back) {
+        const std::size_t i = run.reversed ? back : field.size() - 1 - back;
+        if (field[i] != 0) return {.east = east[i], .north = north[i]};
+    }
+    return {};
 }
 
 void Deviation::derive(CurrentScan& scan) {

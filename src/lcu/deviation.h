@@ -31,7 +31,8 @@ struct HoleWay {
 void CalcHoleEastNorth(const CurrentScan& scan, const RunSetup& run, HoleWay& way);
 
 /// Where a finished run had come to: the last values of its channels "East" and "North", which hold whole
-/// centimetres. Zero for a run without scans.
+/// centimetres. A scan without time was stored with zeros everywhere, the total field too, and is passed
+/// over. Zero for a run without scans.
 [[nodiscard]] HoleWay wayAtEnd(const ReviewLog& run);
 
 /// Fills channels 7 to 12 of each scan: azimuth, inclination, total field, east, north, distance.

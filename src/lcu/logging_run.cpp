@@ -119,6 +119,14 @@ bool LoggingRun::continueWay(const Path& latest) {
     if (!toolRule(run_.header.tool.code).deviation) return true;
     const auto earlier = modules_.reader.Tarvikfileopen(latest);
     if (!earlier) return false; // reported
+    if (earlier->truncated || earlier->skippedScans > 0) {
+        modules_.operatorSide.message(
+            "Check previous run",
+            "The latest run has scans that cannot be read back, so the way of the hole "
+            "cannot be continued.\r\nStart a new run.",
+            Icon::critical);
+        return false;
+    }
     run_.way = wayAtEnd(*earlier);
     return true;
 }

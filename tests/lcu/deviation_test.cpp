@@ -107,6 +107,18 @@ TEST(Deviation, StepsFollowTheCompass) {
     EXPECT_EQ(oneStep(90, 0, Direction::down, Sampling::time).east, 0);
 }
 
+TEST(Deviation, TheWayAtTheEndIsThatOfTheLastMeasuredScan) {
+    ReviewLog run;
+    run.channels = {{"East", "M", true, {1, 2, 0}},
+                    {"North", "M", true, {3, 4, 0}},
+                    {"Total field", "", true, {5, 5, 0}}};
+    EXPECT_EQ(wayAtEnd(run).east, 2);
+    EXPECT_EQ(wayAtEnd(run).north, 4);
+    run.reversed = true;
+    EXPECT_EQ(wayAtEnd(run).east, 1);
+    EXPECT_EQ(wayAtEnd({}).east, 0);
+}
+
 namespace {
 
 float lastOf(const ReviewLog& log, std::string_view name) {
