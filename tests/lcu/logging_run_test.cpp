@@ -265,6 +265,7 @@ TEST(LoggingRun, CommunicationsLostAndBack) {
 TEST(LoggingRun, ASilentBoxThatCameBackIsToldToStreamAgain) {
     RunRig rig({.faults = {"hang-up@12=4000", "power-cut@12=2000"}});
     rig.view.stopAfterKept = 20;
+    rig.view.stopAfterMs = 25'000; // it does not take half a minute
     EXPECT_EQ(rig.startLogging(), RunResult::finished);
     EXPECT_TRUE(rig.heard().find(" V TD+5 Q V X Q") != std::string::npos) << rig.heard();
     EXPECT_THAT(rig.faultLines(), ElementsAre("2Communications lost", "1Communications re-established"));
