@@ -3,6 +3,7 @@
 #include "base/bytes.h"
 #include "base/calibration.h"
 #include "base/rounding.h"
+#include "count_rates.h"
 #include "large_run.h"
 #include "lcu/scan_decoder.h"
 #include "race.h"
@@ -16,19 +17,6 @@ using namespace tarvik;
 using namespace tarvik::bench;
 
 constexpr std::size_t scanBytes = 5 + 2 * maxChannels + 7; // the data bytes of an LCU4
-
-/// Count-rate channels, each with a straight line for a calibration.
-ScanSetup twentyChannels() {
-    ScanSetup setup;
-    setup.model = lcu4;
-    setup.toolCode = "K101";
-    setup.channels = maxChannels;
-    for (std::size_t channel = 1; channel <= maxChannels; ++channel) {
-        setup.factors[channel] = {.kind = 1, .factor = 1};
-        setup.polynomials[channel] = {.order = 1, .coefficients = {0.5, 0.25}};
-    }
-    return setup;
-}
 
 std::vector<std::uint8_t> scansOnTheLine() {
     std::vector<std::uint8_t> bytes(maxReviewSteps * scanBytes);
@@ -44,7 +32,7 @@ void decodeScans(benchmark::State& state) {
     const VirtualClock clock;
     DiskFiles files;
     StatusLog log(trap, clock, files, {});
-    const ScanSetup setup = twentyChannels();
+    const ScanSetup setup = countRates(lcu4, maxChannels);
     ScanState scan;
     scan.scans = 3; // the first two scans of a run carry no values
     ScanDecoder decoder(trap, log, setup, scan);

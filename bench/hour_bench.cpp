@@ -4,6 +4,7 @@
 // run costs.
 #include "app/link_state.h"
 #include "base/bytes.h"
+#include "count_rates.h"
 #include "large_run.h"
 #include "lcu/scan_decoder.h"
 #include "lcu/scan_reader.h"
@@ -72,18 +73,6 @@ std::vector<std::uint8_t> hourOnTheLine() {
     return line;
 }
 
-ScanSetup countRates() {
-    ScanSetup setup;
-    setup.model = lcu2Plus;
-    setup.toolCode = "K101";
-    setup.channels = values;
-    for (std::size_t channel = 1; channel <= values; ++channel) {
-        setup.factors[channel] = {.kind = 1, .factor = 1};
-        setup.polynomials[channel] = {.order = 1, .coefficients = {0.5, 0.25}};
-    }
-    return setup;
-}
-
 RunHeader header() {
     RunHeader header;
     header.channels.push_back(speedChannel(header.setup.units));
@@ -137,7 +126,7 @@ class Hour {
     VirtualClock clock_;
     DiskFiles files_;
     StatusLog log_{trap_, clock_, files_, folder_ / "history"};
-    ScanSetup setup_ = countRates();
+    ScanSetup setup_ = countRates(lcu2Plus, values);
 };
 
 void anHourOfLogging(benchmark::State& state) {

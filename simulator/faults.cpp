@@ -21,7 +21,7 @@ constexpr std::array<FaultRule, 20> rules{{
      "VALUE bytes too many, in one burst with the second half"},
     {"slow-scan", FaultKind::slowScan, scanSite, 250, "a pause of VALUE ms in the middle"},
     {"garbage", FaultKind::garbage, scanSite, 20, "VALUE random bytes before the scan"},
-    {"empty-scan", FaultKind::emptyScan, scanSite, 0, "length byte 1 and no data"},
+    {"empty-scan", FaultKind::emptyScan, scanSite, 0, "a whole scan of VALUE data bytes only"},
     {"wrong-channels", FaultKind::wrongChannels, scanSite, 1, "VALUE channels more (or, negative, fewer)"},
     {"over-current", FaultKind::overCurrent, scanSite, 0,
      "tool current VALUE mA (0: a tenth above the maximum)"},

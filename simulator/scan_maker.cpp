@@ -84,7 +84,12 @@ constexpr std::array<FrameFault, 6> frameFaults{{
     {FaultKind::extraBytes, lengthen},
     {FaultKind::slowScan, pause},
     {FaultKind::garbage, precede},
-    {FaultKind::emptyScan, [](ScanFrame& frame, double, Random&) { replace(frame, 1, 1); }},
+    {FaultKind::emptyScan,
+     [](ScanFrame& frame, double value, Random&) {
+         const auto data =
+             static_cast<std::size_t>(std::clamp(value, 0.0, static_cast<double>(frame.record.size - 1)));
+         replace(frame, 1 + data, static_cast<std::uint8_t>(1 + data));
+     }},
 }};
 
 /// A cable mark reads high for 4 cm; between marks the coil hums.

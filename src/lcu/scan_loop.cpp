@@ -109,7 +109,7 @@ void ScanLoop::onPortGone() {
 bool ScanLoop::channelsAreExpected() {
     const int carried = run_.scan.carriedChannels;
     if (carried == run_.scanSetup.channels) {
-        unexpectedChannels_ = -1;
+        unexpectedChannels_.reset();
         return true;
     }
     if (carried != unexpectedChannels_) {

@@ -8,6 +8,7 @@
 #include "lcu/scan_reader.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -53,8 +54,8 @@ class ScanLoop {
     RunSpeed speed_;
 
     bool ended_ = false;
-    bool backFromLoss_ = false;   ///< the next depth is compared with the last one before the loss
-    int unexpectedChannels_ = -1; ///< said last: a stretch of such scans is one fault
+    bool backFromLoss_ = false;             ///< the next depth is compared with the last one before the loss
+    std::optional<int> unexpectedChannels_; ///< said last: a stretch of such scans is one fault
     std::int64_t lastByteTick_ = 0;
     std::int64_t shownProgressTick_ = 0;
     KeepingState shownState_ = KeepingState::kept;

@@ -208,6 +208,14 @@ TEST(LoggingRun, FaultsAreSaidAndTheRunGoesOn) {
     }
 }
 
+TEST(LoggingRun, AScanShorterThanItsFixedFieldsIsForeign) {
+    RunRig rig({.faults = {"empty-scan@10=5"}});
+    EXPECT_EQ(rig.startLogging(), RunResult::finished);
+    EXPECT_THAT(rig.faultLines(), ElementsAre("2Unexpected number channels of data from LCU = -1",
+                                              "2Contact BRENNA - possible problems with Tool/Winch file"));
+    EXPECT_EQ(rig.view.written, 12);
+}
+
 TEST(LoggingRun, TooMuchCurrentShutsTheToolDown) {
     RunRig rig({.faults = {"over-current@10=161"}});
     EXPECT_EQ(rig.startLogging(), RunResult::finished);
