@@ -12,7 +12,7 @@ namespace tarvik {
 
 struct AcquisitionPoint {
     float depth = 0;                             ///< metres
-    double seconds = 0;                          ///< since the start of the stream
+    double seconds = 0;                          ///< since the start of the stream; of an earlier run below 0
     std::array<float, maxChannels + 1> values{}; ///< calibrated, by channel number
 };
 
@@ -23,9 +23,7 @@ class AcquisitionRing {
     AcquisitionRing() : points_(capacity) {}
 
     void clear() { kept_ = 0; }
-    void add(const CurrentScan& scan, double seconds) {
-        points_[kept_++ % capacity] = {scan.depth, seconds, scan.calibrated};
-    }
+    void add(const AcquisitionPoint& point) { points_[kept_++ % capacity] = point; }
 
     /// Points that hold data, and the i-th of them from the oldest.
     [[nodiscard]] std::size_t size() const { return kept_ < capacity ? kept_ : capacity; }

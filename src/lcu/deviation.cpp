@@ -1,9 +1,6 @@
 #include "lcu/deviation.h"
 
-#include <algorithm>
 #include <cmath>
-#include <span>
-#include <string_view>
 
 namespace tarvik {
 
@@ -101,20 +98,6 @@ void CalcHoleEastNorth(const CurrentScan& scan, const RunSetup& run, HoleWay& wa
     if (azimuth <= 270)
         return go(-step * std::sin(radians(azimuth - 180)), -step * std::cos(radians(azimuth - 180)));
     go(-step * std::cos(radians(azimuth - 270)), step * std::sin(radians(azimuth - 270)));
-}
-
-HoleWay wayAtEnd(const ReviewLog& run) {
-    const auto valuesOf = [&](std::string_view name) -> std::span<const float> {
-        const auto channel = std::ranges::find(run.channels, name, &ReviewChannel::name);
-        return channel == run.channels.end() ? std::span<const float>{} : std::span(channel->values);
-    };
-    const auto east = valuesOf("East"), north = valuesOf("North"), field = valuesOf("Total field");
-    // An up-log was turned round for review: its last scan stands first.
-    for (std::size_t back = 0; back < std::min({east.size(), north.size(), field.size()}); ++back) {
-        const std::size_t i = run.reversed ? back : field.size() - 1 - back;
-        if (field[i] != 0) return {.east = east[i], .north = north[i]};
-    }
-    return {};
 }
 
 void Deviation::derive(CurrentScan& scan) {

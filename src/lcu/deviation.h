@@ -8,7 +8,6 @@
 #pragma once
 
 #include "base/current_scan.h"
-#include "base/review_log.h"
 #include "base/run_setup.h"
 #include "lcu/scan_decoder.h"
 
@@ -29,11 +28,6 @@ struct HoleWay {
 /// Adds the scan's step of the way, from its channels 7 (azimuth) and 8 (inclination). By time there is no
 /// step; an azimuth below 0 or above 360 degrees adds nothing.
 void CalcHoleEastNorth(const CurrentScan& scan, const RunSetup& run, HoleWay& way);
-
-/// Where a finished run had come to: the last values of its channels "East" and "North", which hold whole
-/// centimetres. A scan without time was stored with zeros everywhere, the total field too, and is passed
-/// over. Zero for a run without scans.
-[[nodiscard]] HoleWay wayAtEnd(const ReviewLog& run);
 
 /// Fills channels 7 to 12 of each scan: azimuth, inclination, total field, east, north, distance.
 class Deviation final : public DerivedValues {

@@ -2,6 +2,7 @@
 
 #include "base/number_picture.h"
 #include "lcu/append_check.h"
+#include "lcu/earlier_run.h"
 #include "lcu/run_header_builder.h"
 #include "lcu/run_keeping.h"
 #include "lcu/run_preparation.h"
@@ -93,7 +94,7 @@ bool LoggingRun::chooseFile(const RunOrder& order) {
         if (choice == RunChoice::cancel) return false;
         appending_ = choice == RunChoice::append;
     }
-    if (appending_ && !(mayAppend(runs.latestFile) && continueWay(runs.latestFile))) return false;
+    if (appending_ && !(mayAppend(runs.latestFile) && readBack(runs.latestFile))) return false;
     run_.file =
         appending_ ? runs.latestFile : order.projectFolder / runFileName(order.hole, code, runs.next());
     modules_.state.runFileName = run_.file.filename().string();
@@ -101,33 +102,46 @@ bool LoggingRun::chooseFile(const RunOrder& order) {
 }
 
 bool LoggingRun::mayAppend(const Path& latest) {
-    const auto refusal = [&]() -> std::optional<std::string> {
-        try {
-            return CheckLatestRunSpecs(run_.header, readRunHeader(modules_.files, latest));
-        } catch (const Failure& failure) {
-            return std::string(failure.what());
-        }
-    }();
-    if (!refusal) return true;
-    modules_.operatorSide.message("Check previous run", *refusal, Icon::critical);
+    std::string refusal;
+    try {
+        const RunFileInfo info = readRunHeader(modules_.files, latest);
+        refusal = CheckLatestRunSpecs(run_.header, info).value_or("");
+        if (refusal.empty()) sayRecalibrated(info.header);
+    } catch (const Failure& failure) {
+        refusal = failure.what();
+    }
+    if (refusal.empty()) return true;
+    modules_.operatorSide.message("Check previous run", refusal, Icon::critical);
     return false;
 }
 
-/// The way of the hole goes on where the latest run left it; without that the rest of the plan would be
-/// displaced.
-bool LoggingRun::continueWay(const Path& latest) {
+/// The header on file stays as it is and goes on naming the earlier calibrations.
+void LoggingRun::sayRecalibrated(const RunHeader& onFile) {
+    for (const std::string& name : recalibratedChannels(run_.header, onFile)) {
+        modules_.log.red("Calibration of " + name +
+                         " NOT the same as latest run file, which names the earlier one only. "
+                         "Start a new run if the values have to agree.");
+    }
+}
+
+/// The deviation tool shows the hole from the start of the file, and its way goes on where the latest run
+/// left it; without that the rest of the plan would be displaced.
+bool LoggingRun::readBack(const Path& latest) {
     if (!toolRule(run_.header.tool.code).deviation) return true;
     const auto earlier = modules_.reader.Tarvikfileopen(latest);
     if (!earlier) return false; // reported
-    if (earlier->truncated || earlier->skippedScans > 0) {
-        modules_.operatorSide.message(
-            "Check previous run",
-            "The latest run has scans that cannot be read back, so the way of the hole "
-            "cannot be continued.\r\nStart a new run.",
-            Icon::critical);
+    showEarlierScans(*earlier, run_.header, run_.ring);
+    if (run_.header.setup.sampling != Sampling::depth) return true; // no way by time
+    const bool whole = !earlier->truncated && earlier->skippedScans == 0;
+    const auto way = whole ? wayAtEnd(*earlier, run_.header) : std::nullopt;
+    if (!way) {
+        modules_.operatorSide.message("Check previous run",
+                                      "The latest run has values that cannot be read back, so the way of the "
+                                      "hole cannot be continued.\r\nStart a new run.",
+                                      Icon::critical);
         return false;
     }
-    run_.way = wayAtEnd(*earlier);
+    run_.way = *way;
     return true;
 }
 

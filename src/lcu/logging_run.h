@@ -31,7 +31,8 @@ class LoggingRun {
     void showToolButtons();
     [[nodiscard]] bool chooseFile(const RunOrder& order);
     [[nodiscard]] bool mayAppend(const Path& latest);
-    [[nodiscard]] bool continueWay(const Path& latest);
+    void sayRecalibrated(const RunHeader& onFile);
+    [[nodiscard]] bool readBack(const Path& latest);
     void logHead(const RunOrder& order);
     [[nodiscard]] bool prepareAndStream();
     [[nodiscard]] bool openFile();

@@ -161,7 +161,7 @@ void ScanLoop::keep() {
                        .seconds = scan.elapsedTime * secondsPerCount,
                        .scan = &scan,
                        .savedDepth = {}};
-    run_.ring.add(scan, shown.seconds);
+    run_.ring.add({scan.depth, shown.seconds, scan.calibrated});
     if (!modules_.view.recording()) {
         say(KeepingState::notRecording, "recording is off");
     } else if (!run_.fileReady) {

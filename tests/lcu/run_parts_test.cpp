@@ -160,7 +160,7 @@ TEST(AcquisitionRing, RunsRoundAfterTwoThousandPoints) {
     CurrentScan scan;
     for (int i = 0; i < 2001; ++i) {
         scan.depth = static_cast<float>(i);
-        ring.add(scan, i);
+        ring.add({scan.depth, static_cast<double>(i), scan.calibrated});
         if (i == 1999) {
             EXPECT_EQ(ring.fromOldest(0).depth, 0);
         }

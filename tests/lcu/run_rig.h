@@ -77,6 +77,14 @@ struct RigOptions {
     int winchDirection = 0; ///< 0: as the sampling command says
 };
 
+/// At most one sensor is calibrated.
+struct OneCalibration final : CalibrationSource {
+    [[nodiscard]] std::vector<Calibration> calibrationsOf(std::string_view, std::string_view) const override {
+        return one ? std::vector{*one} : std::vector<Calibration>{};
+    }
+    std::optional<Calibration> one;
+};
+
 struct RunRig : LinkBench<lcusim::SimulatedPort> {
     explicit RunRig(const RigOptions& rig = {}) : options(rig), view(clock) {
         order = {.project = "Northern",
@@ -91,6 +99,16 @@ struct RunRig : LinkBench<lcusim::SimulatedPort> {
         connectBox();
     }
 
+    /// From now on the sensor is calibrated with these coefficients, lowest power first.
+    void calibrate(const std::string& sensor, std::initializer_list<double> coefficients) {
+        Calibration& made = calibrations.one.emplace();
+        made.sensorName = sensor;
+        made.state = "Calibrated";
+        made.order = static_cast<int>(coefficients.size()) - 1;
+        made.coefficients = {};
+        std::ranges::copy(coefficients, made.coefficients.begin());
+        equipment.ToolWinchData_loadcurrentttoolwinch({options.tool, ""}, {"W110", ""}, options.mode);
+    }
     RunResult startLogging() {
         truth.clear();
         lines.take();
@@ -137,7 +155,7 @@ struct RunRig : LinkBench<lcusim::SimulatedPort> {
     std::optional<lcusim::LcuEngine> engine;
     ErrorLog errorLog{operatorSide, clock, files, "history", {}};
     ProgramState state;
-    NoCalibrations calibrations;
+    OneCalibration calibrations;
     ToolWinchData equipment{errors, files, log, operatorSide, calibrations, "program"};
     RunFileReader reader{errors, log, files};
     RunFileWriter writer{errors, files};
