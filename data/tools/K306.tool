@@ -1,6 +1,6 @@
 # Fluid sampler: pressure inside and outside the chamber, temperature and the position of the piston. The program
-# keeps two places behind the measured channels for temperatures of its own. The two modes differ in the unit of the
-# temperatures alone; each has its own calibrations.
+# keeps two places behind the measured channels for temperatures of its own. The second mode shows
+# other units: its sensors have names, and so calibrations, of their own.
 
 [tool]
 code = K306
@@ -27,9 +27,9 @@ kind = MUX
 sensor_factors = t1,u1,f21,v1
 words = 4
 parameters = L100 | PA50
-channel = Chamber      | PSI   | 0    | 4000  | 0  | 3000 | pressure
-channel = Hydrostatic  | PSI   | 0    | 4000  | 0  | 3000 | pressure
-channel = Fluid temp   | Deg F | 1000 | 11000 | 32 | 212  | temperature
-channel = Piston       | %     | 0    | 4000  | 0  | 100  | flow
-channel = Chamber temp | Deg F | 32   | 212   | 32 | 212
-channel = Hole temp    | Deg F | 32   | 212   | 32 | 212
+channel = Chamber PSI     | PSI   | 0    | 4000  | 0  | 3000 | pressure
+channel = Hydrostatic PSI | PSI   | 0    | 4000  | 0  | 3000 | pressure
+channel = Fluid temp F    | Deg F | 1000 | 11000 | 32 | 212  | temperature
+channel = Piston          | %     | 0    | 4000  | 0  | 100  | flow
+channel = Chamber temp F  | Deg F | 32   | 212   | 32 | 212
+channel = Hole temp F     | Deg F | 32   | 212   | 32 | 212

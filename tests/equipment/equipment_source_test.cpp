@@ -31,7 +31,7 @@ TEST(EquipmentSource, EveryKeyGoesIntoItsField) {
                                                 "\n"
                                                 "[mode 2]\n"
                                                 "kind =\n"
-                                                "channel = One | API | 0 | 9 | 0 | 1",
+                                                "channel = Other | API | 0 | 9 | 0 | 1",
                                                 "k9.tool");
     EXPECT_TRUE(problems.empty()) << testing::PrintToString(problems);
     EXPECT_EQ(record.get(tool::code), "K9");
@@ -90,6 +90,10 @@ TEST(EquipmentSource, MistakesAreToldWithTheirLine) {
          "x.tool:5: \"Ω\" has a character outside code page 1252"},
         {head, "x.tool:1: [mode 1] has no channel"},
         {head + oneChannel + "[mode 2]\nname = b\n", "x.tool:7: [mode 2] has no channel"},
+        {head + oneChannel + "[mode 2]\nchannel = a | API | 0 | 1 | 2 | 3\n",
+         "x.tool:7: \"a\" has another unit or sensor factor in [mode 1]"},
+        {head + "sensor_factors = a1\n" + oneChannel + "[mode 2]\nsensor_factors = p1\n" + oneChannel,
+         "x.tool:9: \"A\" has another unit or sensor factor in [mode 1]"},
     };
     for (const Case& c : cases) {
         std::string told;

@@ -17,7 +17,6 @@ import time
 import scans
 
 SERIAL = "9001"  # of a tool that the maker has no calibrations of
-RECORD = 12 + 4 * 7 + 20  # bytes of a scan of the tool K240
 
 
 def check(condition, what):
@@ -28,14 +27,15 @@ def check(condition, what):
 class Field:
     """A truck for one test: a box on a pseudo-terminal and a home for the program."""
 
-    def __init__(self, options, folder):
+    def __init__(self, options, folder, tool):
+        self.tool = tool
         self.bin, self.tools, self.home = options.bin, options.tools, folder
         self.line, self.record = folder / "lcu", folder / "record.txt"
         self.box = None
 
     def start_box(self, *options):
         self.stop_box()
-        command = [self.bin / "lcusim", "--tool", "K240", "--tools", self.tools, "--link", self.line, "--record",
+        command = [self.bin / "lcusim", "--tool", self.tool.code, "--tools", self.tools, "--link", self.line, "--record",
                    self.record, *options]
         self.box = subprocess.Popen(list(map(str, command)), stdout=subprocess.DEVNULL)
         self._wait_for(self.line.exists, "the simulated box did not make its line")
@@ -55,7 +55,7 @@ class Field:
         return done
 
     def _calibrate_words(self, sensor, order, *words):
-        return self._words(["calibrate", "--tool", "K240", "--serial", SERIAL, "--sensor", sensor, "--order", order,
+        return self._words(["calibrate", "--tool", self.tool.code, "--serial", SERIAL, "--sensor", sensor, "--order", order,
                             "--by", "Road test", *words])
 
     def calibrate(self, sensor, order, points, *words):
@@ -85,12 +85,12 @@ class Field:
         return shown.decode()
 
     def own_equipment(self):
-        self.tarvik("equipment", "add-tool", "K240", SERIAL)
+        self.tarvik("equipment", "add-tool", self.tool.code, SERIAL)
         self.tarvik("equipment", "add-winch", "W240", "117")
 
     def log_words(self, *words):
-        return ["log", "--com1", self.line, "--lcucomms", "1", "--project", "P", "--hole", "H", "--tool", "K240",
-                "--winch", "W240", *words]
+        return ["log", "--com1", self.line, "--lcucomms", "1", "--project", "P", "--hole", "H", "--tool",
+                self.tool.code, "--winch", "W240", *words]
 
     def start_log(self, *words):
         return subprocess.Popen(self._words(self.log_words(*words)), stdout=subprocess.PIPE,
@@ -100,11 +100,12 @@ class Field:
         return pathlib.Path(self.tarvik(*self.log_words(*words)).stdout.splitlines()[-1])
 
     def run_file(self, number=1):
-        return self.home / "C" / "Brenna Projects" / "P" / f"H_K240_{number:02}.kvx"
+        return self.home / "C" / "Brenna Projects" / "P" / f"H_{self.tool.code}_{number:02}.kvx"
 
     def records(self, file):
         data = file.read_bytes()[scans.HEADER_BYTES :]
-        return [data[i : i + RECORD] for i in range(0, len(data), RECORD)]
+        size = self.tool.record_bytes()
+        return [data[i : i + size] for i in range(0, len(data), size)]
 
     def info(self, file):
         return json.loads(self.tarvik("info", file, "--json").stdout)
@@ -120,13 +121,14 @@ class Field:
 
     def wait_for_records(self, count, number=1):
         file = self.run_file(number)
-        enough = scans.HEADER_BYTES + count * RECORD
+        enough = scans.HEADER_BYTES + count * self.tool.record_bytes()
         self._wait_for(lambda: file.exists() and file.stat().st_size >= enough, f"{count} records did not come", 60)
 
 
 def compare(field, file, model, sampling, up, feet, count, polynomials={}):
     kept = field.records(file)
-    wanted = scans.expected_records(scans.sent_scans(field.record), model, sampling, up, feet, polynomials)[:count]
+    sent = scans.sent_scans(field.record)
+    wanted = scans.expected_records(sent, model, sampling, up, feet, field.tool, polynomials)[:count]
     check(len(kept) == count and len(wanted) == count, f"{len(kept)} records, {len(wanted)} expected, not {count}")
     for number, (got, want) in enumerate(zip(kept, wanted), start=1):
         check(got == want, f"record {number}:\n  {got.hex()} is not\n  {want.hex()}")
@@ -226,6 +228,39 @@ def calibrated(field):
     check(len({line.count(b"\t") for line in exported.read_bytes().splitlines()}) == 1, "columns of the export")
 
 
+def fluid_sampler_in_both_modes(field):
+    """Seven sensors, four in each mode, one in both; a name for each unit, so that none serves the other."""
+    curves = {"Chamber": [-12.5, 4.9], "Hydrostatic": [3.25, 5.1, -2e-5], "Fluid temp": [-9.6, 0.0101, 2e-8],
+              "Piston": [0.5, 0.024, 1e-7, -1e-11], "Chamber PSI": [-1.8, 0.71], "Hydrostatic PSI": [0.5, 0.74, -3e-6],
+              "Fluid temp F": [14.7, 0.0182, 3.6e-8]}
+    fitted = {}
+    for name, curve in curves.items():
+        readings = (1000, 3000, 5000, 8000, 11000) if "temp" in name else (0, 700, 1500, 2600, 4000)
+        points = [(x, sum(c * x**k for k, c in enumerate(curve))) for x in readings]
+        status, said, fitted[name] = field.calibrate(name, len(curve) - 1, points, "--yes")
+        check(status == 0, f"{name}: {said}")
+    modes = {1: (["Chamber", "Hydrostatic", "Fluid temp", "Piston"], "Deg C"),
+             2: (["Chamber PSI", "Hydrostatic PSI", "Fluid temp F", "Piston"], "Deg F")}
+    for mode, (sensors, degrees) in modes.items():
+        field.start_box("--model", "LCU4", "--depth", 10, "--speed", 30, "--mode", mode)
+        file = field.log("--sampling", "DEPTH", "--interval", 5, "--mode", mode, "--new", "--scans", 12)
+        field.stop_box()
+        polynomials = {channel: fitted[name] for channel, name in enumerate(sensors)}
+        compare(field, file, "LCU4", "DEPTH", False, False, 12, polynomials)
+        channels = field.info(file)["channels"][1:]
+        check([c["name"] for c in channels[:4]] == sensors, f"mode {mode}: channels {channels}")
+        check(channels[2]["unit"] == degrees, "unit of the temperature")
+        check(all(c["calibration"]["coefficients"] == fitted[c["name"]] for c in channels[:4]), "polynomials on file")
+        check(all(c["calibration"]["state"] == "Synthetic" for c in channels[4:]), "the derived temperatures")
+        las = file.with_suffix(".las")
+        field.tarvik("las", file, "-o", las, "--decimals", 2)
+        _, rows = read_las(las)
+        check(len(rows) == 12, "rows of the LAS")
+        for row, record in zip(rows, field.records(file)):
+            values = [int.from_bytes(record[12 + 4 * i : 16 + 4 * i], "little", signed=True) / 100 for i in range(6)]
+            check(all(abs(got - want) < 0.0051 for got, want in zip(row[2:8], values)), f"LAS {row}, file {values}")
+
+
 def killed_and_appended(field):
     """Killed outright while it writes: every whole record stays, and an append goes on at a record border."""
     field.start_box("--model", "LCU2Plus", "--depth", 10, "--speed", 30)
@@ -235,7 +270,8 @@ def killed_and_appended(field):
     run.kill()
     run.wait(10)
     size = field.run_file().stat().st_size
-    kept = (size - scans.HEADER_BYTES) // RECORD
+    record = field.tool.record_bytes()
+    kept = (size - scans.HEADER_BYTES) // record
     check(field.info(field.run_file())["scans"] == kept, "a whole record was lost")
     before = field.records(field.run_file())[:kept]
 
@@ -243,12 +279,12 @@ def killed_and_appended(field):
     with field.run_file().open("ab") as file:
         file.write(b"torn" * 5)
     torn = field.info(field.run_file())
-    check(torn["scans"] == kept and torn["partial_bytes"] == (20 + size - scans.HEADER_BYTES) % RECORD, "torn tail")
+    check(torn["scans"] == kept and torn["partial_bytes"] == (20 + size - scans.HEADER_BYTES) % record, "torn tail")
     file = field.log(*setup, "--append", "--scans", 5)
     check(file == field.run_file(), "the append went into another file")
     after = field.records(file)
     check(after[:kept] == before and len(after) == kept + 5, "the append did not go on at a record border")
-    check(all(len(record) == RECORD for record in after), "the file does not end on a record border")
+    check(all(len(one) == record for one in after), "the file does not end on a record border")
 
 
 def stopped_by_the_operator(field):
@@ -280,15 +316,16 @@ def refusals(field):
 
 def main():
     cases = {f.__name__: f for f in (depth_down_metres_lcu2plus, time_up_feet_lcu2plus, depth_up_feet_lcu4,
-                                     time_down_metres_lcu4, calibrated, killed_and_appended, stopped_by_the_operator,
-                                     refusals)}
+                                     time_down_metres_lcu4, calibrated, fluid_sampler_in_both_modes, killed_and_appended,
+                                     stopped_by_the_operator, refusals)}
     parser = argparse.ArgumentParser()
     parser.add_argument("case", choices=cases)
     parser.add_argument("--bin", type=pathlib.Path, required=True)
     parser.add_argument("--tools", type=pathlib.Path, required=True)
     options = parser.parse_args()
     with tempfile.TemporaryDirectory() as folder:
-        field = Field(options, pathlib.Path(folder))
+        tool = scans.K306 if options.case == "fluid_sampler_in_both_modes" else scans.K240
+        field = Field(options, pathlib.Path(folder), tool)
         try:
             field.own_equipment()
             cases[options.case](field)

@@ -1,6 +1,8 @@
 #include "equipmentc/equipment_source.h"
 
 #include "base/text.h"
+#include "equipment/calibration_record.h"
+#include "equipment/sensor_factors.h"
 #include "equipmentc/field_text.h"
 #include "equipmentc/source_document.h"
 
@@ -42,6 +44,7 @@ class ToolCompiler {
         if (record_.get(tool::name).empty()) problems_.add(1, "no name; write \"name = ...\" under [tool]");
         finishMode(1);
         if (modes_[1].line != 0) finishMode(2);
+        compareModes();
         return {record_, problems_.texts()};
     }
 
@@ -53,6 +56,7 @@ class ToolCompiler {
         int wordsLine = 0;
         int factorsLine = 0;
         std::set<std::string> names;
+        std::vector<int> channelLines;
     };
 
     void takeTool(const Entry& entry) {
@@ -117,6 +121,7 @@ class ToolCompiler {
             problems_.add(entry.line, "each channel of a mode needs a name of its own");
         }
         const int channel = ++mode.channels;
+        mode.channelLines.push_back(entry.line);
         putText(entry, tool::channelName(number, channel), parts[0]);
         putText(entry, tool::channelUnit(number, channel), parts[1]);
         putScaleEnd(entry, tool::uncalibratedLeft(number, channel), parts[2]);
@@ -144,6 +149,31 @@ class ToolCompiler {
             problems_.add(mode.factorsLine, "more sensor factors than words; take some away");
         }
         record_.set(tool::channelCount(number), static_cast<std::int16_t>(words));
+    }
+
+    /// Calibrations belong to a sensor by its name: one that served a reading or a value in another unit
+    /// would make a wrong value of it.
+    void compareModes() {
+        for (int second = 1; second <= modes_[1].channels; ++second) {
+            const std::string name = record_.get(tool::channelName(2, second));
+            for (int first = 1; first <= modes_[0].channels; ++first) {
+                if (!sameSensor(name, record_.get(tool::channelName(1, first)))) continue;
+                if (sensorOf(1, first) == sensorOf(2, second)) continue;
+                problems_.add(modes_[1].channelLines[static_cast<std::size_t>(second - 1)],
+                              "\"" + name +
+                                  "\" has another unit or sensor factor in [mode 1]; its "
+                                  "calibrations would serve both, so give it a name of its own");
+            }
+        }
+    }
+
+    /// Unit and sensor-factor kind: what a calibration of the channel leads to and starts from.
+    std::pair<std::string, std::int16_t> sensorOf(int mode, int channel) const {
+        SensorFactors factors{};
+        applySensorFactors(record_.get(tool::code), record_.get(tool::sensorFactors(mode)),
+                           tool::channels(record_, mode), factors);
+        return {record_.get(tool::channelUnit(mode, channel)),
+                factors[static_cast<std::size_t>(channel)].kind};
     }
 
     void putText(const Entry& entry, TextField field, const std::string& text) {
