@@ -122,6 +122,10 @@ int runCalibrate(const Arguments& arguments) {
     fit.calibration.calibratedBy = order.by;
     fit.calibration.kind = order.kind;
     printFit(fit.calibration);
+    if (const auto closer = closerLowerOrder(program.errors, fit.calibration)) {
+        std::cerr << "Warning: order " << *closer << " comes closer to these points than order "
+                  << order.order << ", whose arithmetic they outgrow. Use that order.\n";
+    }
     if (!mayBeSaved(order, fit.calibration)) return exitFailed;
     const auto saved = program.calibrations.PolyCalibration_savecalibrationhistorydata(tool, fit.calibration);
     if (!saved) return exitFailed;

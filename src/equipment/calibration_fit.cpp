@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <limits>
 
 namespace tarvik {
 
@@ -21,6 +23,14 @@ double valueAt(const Calibration& calibration, double reading) {
 
 std::span<const std::pair<float, float>> pointsOf(const Calibration& calibration) {
     return std::span(calibration.points).first(static_cast<std::size_t>(calibration.pointCount));
+}
+
+/// Root mean square of the residuals.
+double misfit(const Calibration& calibration) {
+    const std::vector<double> differences = residuals(calibration);
+    double sum = 0;
+    for (const double difference : differences) sum += difference * difference;
+    return std::sqrt(sum / static_cast<double>(std::max<std::size_t>(differences.size(), 1)));
 }
 
 } // namespace
@@ -64,6 +74,26 @@ std::vector<double> residuals(const Calibration& calibration) {
         differences.push_back(static_cast<double>(value) - static_cast<double>(reference));
     }
     return differences;
+}
+
+std::optional<int> closerLowerOrder(ErrorTrap& errors, const Calibration& calibration) {
+    constexpr double negligible = 1e-4; // of the range of the references
+    std::vector<FitPoint> points;
+    double low = std::numeric_limits<double>::max(), high = std::numeric_limits<double>::lowest();
+    for (const auto& [reading, reference] : pointsOf(calibration)) {
+        points.push_back({double{reading}, double{reference}});
+        low = std::min(low, double{reference});
+        high = std::max(high, double{reference});
+    }
+    double least = misfit(calibration) - negligible * (high - low);
+    std::optional<int> closer;
+    for (int order = calibration.order - 1; order >= 1; --order) {
+        const CalibrationFit lower = fitCalibration(errors, order, points);
+        if (!lower.ok || !(misfit(lower.calibration) < least)) continue;
+        least = misfit(lower.calibration);
+        closer = order;
+    }
+    return closer;
 }
 
 std::optional<double> turningPoint(const Calibration& calibration) {

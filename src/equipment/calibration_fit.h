@@ -34,4 +34,8 @@ struct CalibrationFit {
 /// readings give one value there. Nothing when there is none.
 [[nodiscard]] std::optional<double> turningPoint(const Calibration& calibration);
 
+/// The lower order that comes closest to the points, when it comes closer than this one does: a higher order
+/// can only do better, unless its sums outgrew their precision. Nothing when this order is sound.
+[[nodiscard]] std::optional<int> closerLowerOrder(ErrorTrap& errors, const Calibration& calibration);
+
 } // namespace tarvik

@@ -2,6 +2,7 @@
 
 #include "equipment/error_log_double.h"
 
+#include <cmath>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -66,6 +67,20 @@ TEST_F(CalibrationFitTest, TurningPointsAreLookedForBetweenThePoints) {
     EXPECT_FALSE(turn(2, {{1, 1}, {5, 25}, {9, 81}})) << "it turns outside";
     // (x - 1)(x - 2)(x - 3) turns at 2 - 1/√3 first.
     EXPECT_NEAR(turn(3, {{0, -6}, {1, 0}, {2, 0}, {3, 0}, {4, 6}}).value(), 1.4226, 0.01);
+}
+
+TEST_F(CalibrationFitTest, ALowerOrderComesCloserWhereReadingsAreNearlyEqual) {
+    const auto closer = [&](int order, double first) {
+        std::vector<FitPoint> points;
+        for (int i = 0; i <= 12; ++i) points.push_back({first + i * 0.25, std::sqrt(i)});
+        return closerLowerOrder(trap, fit(order, points).calibration);
+    };
+    EXPECT_EQ(closer(5, 0), std::nullopt);
+    EXPECT_EQ(closer(2, 1000), std::nullopt);
+    EXPECT_EQ(closer(5, 1000), 2);
+    EXPECT_EQ(closerLowerOrder(trap, fit(3, {{1, 1}, {2, 2}, {3, 3}, {4, 4}}).calibration), std::nullopt)
+        << "a line is no better when nothing is wrong";
+    EXPECT_TRUE(errors.kept.empty());
 }
 
 } // namespace
