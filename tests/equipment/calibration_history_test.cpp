@@ -74,25 +74,24 @@ TEST_F(CalibrationHistoryTest, AMissingFileIsMadeWithItsHeader) {
 
 TEST_F(CalibrationHistoryTest, ASaveIsARecordUnderTodaysDate) {
     clock.advanceMs(754'000);
-    const auto saved = save("Field", 0.25);
-    ASSERT_TRUE(saved);
+    EXPECT_EQ(save("Field", 0.25).value().identifier, "130306-00001");
     EXPECT_THAT(box.titles, IsEmpty()) << "a field calibration needs no confirmation";
     EXPECT_EQ(files.size(file), 728U);
     EXPECT_EQ(summary(), "File Version : 201  date 31-Aug-2002  (1 record)");
     const std::string text = files.text(file).substr(128);
-    EXPECT_EQ(text.substr(0, 8), "K201    ");
-    EXPECT_EQ(text.substr(48, 20), "G-1                 ");
-    EXPECT_EQ(text.substr(118, 20), "130306-00001        ");
-    EXPECT_EQ(text.substr(138, 22), "13-Mar-2006 09:12:34  ");
-    EXPECT_EQ(text.substr(338, 50), "Me                  Field                         ");
-    EXPECT_EQ(saved->identifier, "130306-00001");
+    const std::pair<std::size_t, std::string> fields[] = {
+        {0, "K201    Natural gamma "},
+        {48, "G-1                 Gamma               Calibrated"},
+        {98, "Linear fit          "},
+        {118, "130306-00001        13-Mar-2006 09:12:34  "},
+        {338, "Me                  Field "}};
+    for (const auto& [at, wanted] : fields) EXPECT_EQ(text.substr(at, wanted.size()), wanted) << at;
 
     ASSERT_TRUE(save());
     EXPECT_EQ(summary(), "File Version : 201  date 31-Aug-2002  (2 records)");
     const auto rows = shelf.PolyCalibration_loadcalibrationhistorydata(gamma).rows;
-    ASSERT_EQ(rows.size(), 2U);
-    EXPECT_EQ(rows[1].record, 1U);
-    EXPECT_EQ(rows[1].text, "Calibrated\t13-Mar-2006, Me, Field");
+    EXPECT_EQ(rows.at(1).record, 1U);
+    EXPECT_EQ(rows.at(1).text, "Calibrated\t13-Mar-2006, Me, Field");
     EXPECT_THAT(
         shelf.ToolWinchData_showhistsensorcalibrations(gamma),
         ElementsAre(testing::_, "Calibrated, Linear fit, 130306-00002, 13-Mar-2006, 09:12:34, Me, Field"));
@@ -113,17 +112,17 @@ TEST_F(CalibrationHistoryTest, AFactoryCalibrationHasToBeConfirmed) {
 }
 
 TEST_F(CalibrationHistoryTest, OnlyTheSensorIsFoundInWhateverCase) {
-    ASSERT_TRUE(save());
-    const auto count = [&](const CalibrationFilter& filter) {
-        return shelf.PolyCalibration_loadcalibrationhistorydata(filter).rows.size();
-    };
-    EXPECT_EQ(count({" K201 ", "G-1 ", " gAMMA "}), 1U);
-    EXPECT_EQ(count({"k201", "G-1", "Gamma"}), 0U);
-    EXPECT_EQ(count({"K201", "g-1", "Gamma"}), 0U);
-    EXPECT_EQ(count({"K201", "G-1", "Gam"}), 0U);
-    EXPECT_EQ(count({"K201", "G-", "Gamma"}), 0U);
-    EXPECT_EQ(count({"", "", ""}), 0U);
-    EXPECT_EQ(count({}), 1U);
+    putBytes(bytesOf(1));
+    const std::pair<CalibrationFilter, std::size_t> cases[] = {{{" K201 ", "G-1 ", " gAMMA "}, 1},
+                                                               {{"k201", "G-1", "Gamma"}, 0},
+                                                               {{"K201", "g-1", "Gamma"}, 0},
+                                                               {{"K201", "G-1", "Gam"}, 0},
+                                                               {{"K201", "G-", "Gamma"}, 0},
+                                                               {{"", "", ""}, 0},
+                                                               {{}, 1}};
+    for (const auto& [filter, count] : cases) {
+        EXPECT_EQ(shelf.PolyCalibration_loadcalibrationhistorydata(filter).rows.size(), count);
+    }
 }
 
 TEST_F(CalibrationHistoryTest, TheLatestFactoryCalibrationIsTheLastOne) {
@@ -197,34 +196,30 @@ TEST_F(CalibrationHistoryTest, WhatASaveCannotDoLosesNothing) {
 }
 
 TEST_F(CalibrationHistoryTest, AFileShorterThanItsHeaderBeginsAnew) {
-    for (const std::size_t length : {0, 1, 127}) {
+    for (const std::size_t length : {0, 127}) {
         putBytes(Bytes(length, 'x'));
         EXPECT_THAT(summary(), HasSubstr("(no records)"));
         EXPECT_EQ(files.size(file), length) << "looking at it changes nothing";
         ASSERT_TRUE(save("Field", 5));
         EXPECT_EQ(files.size(file.string() + ".damaged"), length);
-        EXPECT_EQ(files.size(file), 728U);
         EXPECT_EQ(constants(), std::vector<double>{5});
     }
 }
 
 TEST_F(CalibrationHistoryTest, ARecordWithoutAPolynomialIsNotUsedInARun) {
     putBytes(bytesOf(1));
-    const auto addWith = [&](std::int16_t order, double second) {
-        CalibrationRecord damaged = record("Field", 1);
-        damaged.set(calibration::order, order);
-        damaged.set(calibration::coefficient(1), second);
-        add(damaged);
-    };
-    addWith(20, 1);
-    addWith(-1, 1);
-    addWith(1, std::numeric_limits<double>::quiet_NaN());
-    EXPECT_EQ(shelf.calibrationsOf("K201", "G-1").size(), 1U);
-    ASSERT_EQ(lines.lines.size(), 3U);
-    EXPECT_THAT(lines.lines[0], HasSubstr("record 2 "));
-    addWith(19, 1);
-    addWith(0, std::numeric_limits<double>::infinity());
-    EXPECT_EQ(shelf.calibrationsOf("K201", "G-1").size(), 3U) << "terms above the order do not count";
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const std::pair<std::int16_t, double> records[] = {
+        {20, 1}, {-1, 1}, {1, nan}, {19, 1}, {0, nan}}; // terms above the order do not count
+    for (const auto& [order, second] : records) {
+        CalibrationRecord one = record("Field", 1);
+        one.set(calibration::order, order);
+        one.set(calibration::coefficient(1), second);
+        add(one);
+    }
+    EXPECT_EQ(shelf.calibrationsOf("K201", "G-1").size(), 3U);
+    EXPECT_THAT(lines.lines,
+                ElementsAre(HasSubstr("record 2 "), HasSubstr("record 3 "), HasSubstr("record 4 ")));
 }
 
 TEST_F(CalibrationHistoryTest, TheToolOfARunTakesTheLastRecordsOfItsSensorsInBothModes) {
@@ -236,9 +231,10 @@ TEST_F(CalibrationHistoryTest, TheToolOfARunTakesTheLastRecordsOfItsSensorsInBot
     ToolWinchData equipment{trap, files, log, box, shelf, folder};
     equipment.ToolWinchData_loadcurrentttoolwinch({"K201", "G-1"}, {}, 1);
     const CurrentTool& tool = equipment.currentTool();
-    EXPECT_EQ(tool.calibrations[0][1].coefficients[0], 50);
-    EXPECT_EQ(tool.calibrations[1][1].coefficients[0], 50);
+    for (const auto& mode : tool.calibrations) EXPECT_EQ(mode[1].coefficients[0], 50);
     const Calibration& caliper = tool.calibrations[0][2];
+    EXPECT_EQ(caliper.sensorName + caliper.serialNumber, "CaliperG-1");
+    EXPECT_EQ(caliper.coefficients[1], 1);
     EXPECT_EQ(caliper.state + "|" + caliper.fitName + "|" + caliper.identifier + "|" + caliper.date + "|" +
                   caliper.time + "|" + caliper.calibratedBy + "|" + caliper.kind,
               "None|Linear|001-001|01-Jan-2001|09:00:00|Manufacturer|Factory");
@@ -275,32 +271,20 @@ TEST_F(CalibrationHistoryTest, TheExportHasAColumnForEverything) {
     putBytes(bytesOf(1));
     add(calibrationRecord(makeTool("K230", "Density", "D-1"), one));
     ASSERT_TRUE(shelf.PolyCalibration_exportcalibrationhistorydata({}, "/c/kvxcalib.txt"));
-    const std::string text = files.text("/c/kvxcalib.txt");
-    std::vector<std::string> rows;
-    for (std::size_t at = 0; at < text.size(); at = text.find("\r\n", at) + 2) {
-        rows.push_back(text.substr(at, text.find("\r\n", at) - at));
-        EXPECT_EQ(std::ranges::count(rows.back(), '\t'), 72) << rows.back();
-    }
-    ASSERT_EQ(rows.size(), 3U);
-    EXPECT_TRUE(
-        rows[0].starts_with("Tool code\tTool name\tSerial number\tSensor\tState\tFit\tIdentifier\tDate"));
-    EXPECT_THAT(rows[0], HasSubstr("\tKind\tOrder\tC1\t"));
-    EXPECT_THAT(rows[0], HasSubstr("\tC20\tPoints\tX1\tY1\tX2\t"));
-    EXPECT_TRUE(rows[2].starts_with("K230\tDensity\tD-1\tGam ma\tCalibrated\tLinear\t001-001\t01-Jan-2001\t"
-                                    "09:00:00\tZo\xEB\tFactory\t2\t0.1\t-2\t" +
-                                    shortestNumber(3e-7) + "\t\t"));
-    EXPECT_THAT(rows[2], HasSubstr("\t\t1\t1.5\t0.1\t\t"));
+    std::string wanted = "Tool code\tTool name\tSerial number\tSensor\tState\tFit\tIdentifier\tDate\tTime\t"
+                         "Calibrated by\tKind\tOrder";
+    for (int term = 1; term <= 20; ++term) wanted += "\tC" + std::to_string(term);
+    wanted += "\tPoints";
+    for (int point = 1; point <= 20; ++point)
+        wanted += "\tX" + std::to_string(point) + "\tY" + std::to_string(point);
+    const std::string made = "\t001-001\t01-Jan-2001\t09:00:00\t";
+    wanted += "\r\nK201\tNatural gamma\tG-1\tGamma\tNone\tLinear" + made + "Manufacturer\tField\t1\t0\t1" +
+              std::string(18, '\t') + "\t0" + std::string(40, '\t');
+    wanted += "\r\nK230\tDensity\tD-1\tGam ma\tCalibrated\tLinear" + made + "Zo\xEB\tFactory\t2\t0.1\t-2\t" +
+              shortestNumber(3e-7) + std::string(17, '\t') + "\t1\t1.5\t0.1" + std::string(38, '\t') + "\r\n";
+    EXPECT_EQ(files.text("/c/kvxcalib.txt"), wanted);
     ASSERT_TRUE(shelf.PolyCalibration_exportcalibrationhistorydata(gamma, "/c/kvxcalib.txt"));
     EXPECT_THAT(files.text("/c/kvxcalib.txt"), testing::Not(HasSubstr("K230")));
-}
-
-TEST_F(CalibrationHistoryTest, TenThousandRecordsAreListedAndSearched) {
-    putBytes(bytesOf(10'000));
-    const auto list = shelf.PolyCalibration_loadcalibrationhistorydata(gamma);
-    EXPECT_THAT(list.summary, HasSubstr("(10000 records)"));
-    EXPECT_EQ(list.rows.size(), 10'000U);
-    EXPECT_EQ(shelf.calibrationsOf("K201", "G-1").back().coefficients[0], 9'999);
-    EXPECT_EQ(save()->identifier, "130306-10001");
 }
 
 } // namespace

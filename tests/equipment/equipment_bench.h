@@ -7,7 +7,6 @@
 #include "platform/memory_files.h"
 #include "platform/virtual_clock.h"
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -83,17 +82,6 @@ class LineKeeper final : public StatusViewer {
     std::vector<std::string> lines;
 };
 
-class ShelfOfCalibrations final : public CalibrationSource {
-  public:
-    [[nodiscard]] std::vector<Calibration> calibrationsOf(std::string_view code,
-                                                          std::string_view serial) const override {
-        const auto found = shelf.find(std::string(code) + ":" + std::string(serial));
-        return found == shelf.end() ? std::vector<Calibration>{} : found->second;
-    }
-
-    std::map<std::string, std::vector<Calibration>> shelf; ///< by "CODE:SERIAL"
-};
-
 class EquipmentBench : public testing::Test {
   protected:
     EquipmentBench() {
@@ -127,7 +115,7 @@ class EquipmentBench : public testing::Test {
     StatusLog log{trap, clock, history, "/history"};
     LineKeeper lines;
     MessageKeeper box;
-    ShelfOfCalibrations calibrations;
+    NoCalibrations calibrations;
     ToolWinchData data{trap, files, log, box, calibrations, folder};
 };
 

@@ -28,7 +28,7 @@ TEST(EquipmentFile, RecordsLieWhereTheyShould) {
     EXPECT_EQ(equipmentBytes(back), bytes);
 }
 
-TEST(EquipmentFile, ToolFieldsLieAtTheirBytes) {
+TEST(EquipmentFile, FieldsLieAtTheirBytes) {
     const struct {
         TextField field;
         std::size_t offset, width;
@@ -41,18 +41,18 @@ TEST(EquipmentFile, ToolFieldsLieAtTheirBytes) {
               {tool::sensorFactors(2), 3182, 20},
               {tool::parameter(1, 2), 3212, 10},
               {tool::parameter(7, 1), 3322, 10}};
-    for (const auto& text : texts) {
-        EXPECT_EQ(text.field.offset, text.offset);
-        EXPECT_EQ(text.field.width, text.width) << text.offset;
+    for (const auto& [field, offset, width] : texts) {
+        EXPECT_EQ(std::pair(field.offset, field.width), std::pair(offset, width));
     }
-    EXPECT_EQ(tool::selected.offset, 122U);
-    EXPECT_EQ(tool::channelCount(2).offset, 140U);
-    EXPECT_EQ(tool::uncalibratedLeft(1, 2).offset, 2530U);
-    EXPECT_EQ(tool::uncalibratedRight(2, 1).offset, 2686U);
-    EXPECT_EQ(tool::calibratedLeft(1, 20).offset, 2994U);
-    EXPECT_EQ(tool::calibratedRight(2, 2).offset, 3014U);
-    EXPECT_EQ(tool::maximumCurrent.offset, 3622U);
-    EXPECT_EQ(winch::selected.offset, 68U);
+    const std::pair<std::size_t, std::size_t> numbers[]{{tool::selected.offset, 122},
+                                                        {tool::channelCount(2).offset, 140},
+                                                        {tool::uncalibratedLeft(1, 2).offset, 2530},
+                                                        {tool::uncalibratedRight(2, 1).offset, 2686},
+                                                        {tool::calibratedLeft(1, 20).offset, 2994},
+                                                        {tool::calibratedRight(2, 2).offset, 3014},
+                                                        {tool::maximumCurrent.offset, 3622},
+                                                        {winch::selected.offset, 68}};
+    for (const auto& [offset, wanted] : numbers) EXPECT_EQ(offset, wanted);
 }
 
 TEST(EquipmentFile, ReadsWhatIsThereAtEveryLength) {
@@ -74,35 +74,30 @@ TEST(EquipmentFile, ReadsWhatIsThereAtEveryLength) {
 }
 
 TEST(EquipmentFile, SaysWhatIsDamagedAndWhere) {
-    struct Case {
-        const char* what;
-        std::int16_t tools;
-        std::int16_t winches;
-        std::size_t toolsRead;
-        std::size_t winchesRead;
+    const struct {
+        std::int16_t tools, winches;
+        std::size_t toolsRead, winchesRead;
         const char* said;
+    } cases[] = {
+        {9, 0, 4, 0, "holds 4 of the 9 tool records"},
+        {-1, 2, 0, 2, "counts -1 records of kind tool"},
+        {3, 3, 3, 2, "holds 2 of the 3 winch records"},
+        {3, 1, 3, 1, "goes on for 1024 bytes after the last record that its header counts (byte 13152)"},
     };
-    const Case cases[] = {
-        {"more tools than the file holds", 9, 0, 4, 0, "holds 4 of the 9 tool records"},
-        {"counts below zero", -1, 2, 0, 2, "counts -1 records of kind tool"},
-        {"too many winches", 3, 3, 3, 2, "holds 2 of the 3 winch records"},
-        {"bytes after the last record", 3, 1, 3, 1,
-         "goes on for 1024 bytes after the last record that its header "
-         "counts (byte 13152)"},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         auto bytes = goodBytes();
         writeI16le(&bytes[30], c.tools);
         writeI16le(&bytes[32], c.winches);
         const EquipmentFile read = readBytes(bytes);
-        EXPECT_EQ(read.tools.size(), c.toolsRead) << c.what;
-        EXPECT_EQ(read.winches.size(), c.winchesRead) << c.what;
+        EXPECT_EQ(read.tools.size(), c.toolsRead) << c.said;
+        EXPECT_EQ(read.winches.size(), c.winchesRead) << c.said;
         const std::string all = testing::PrintToString(read.faults);
         EXPECT_NE(all.find("some.dat is damaged: it "), std::string::npos) << all;
         EXPECT_NE(all.find(c.said), std::string::npos) << all;
     }
 }
 
+/// With the maker's count of the other kind.
 TEST(EquipmentFile, AUserFileWithItsFirstRecordIsInOrder) {
     EquipmentFile file = makerEquipment();
     file.header.set(equipment::toolCount, 1);
@@ -115,17 +110,13 @@ TEST(EquipmentFile, AUserFileWithItsFirstRecordIsInOrder) {
     file.tools.clear();
     file.winches.resize(1);
     const EquipmentFile read = readBytes(equipmentBytes(file));
-    EXPECT_TRUE(read.faults.empty());
-    EXPECT_TRUE(read.tools.empty());
+    EXPECT_TRUE(read.faults.empty() && read.tools.empty());
     ASSERT_EQ(read.winches.size(), 1U);
     EXPECT_EQ(read.winches[0].get(winch::code), "W110");
 }
 
 TEST(EquipmentFile, CountsThatDoNotFitAreRefused) {
     EquipmentFile file;
-    file.winches.resize(32767);
-    correctCounts(file);
-    EXPECT_EQ(file.header.get(equipment::winchCount), 32767);
     file.winches.resize(32768);
     EXPECT_THROW(correctCounts(file), Failure);
 }

@@ -34,36 +34,33 @@ TEST(EquipmentSource, EveryKeyGoesIntoItsField) {
                                                 "channel = Other | API | 0 | 9 | 0 | 1",
                                                 "k9.tool");
     EXPECT_TRUE(problems.empty()) << testing::PrintToString(problems);
-    EXPECT_EQ(record.get(tool::code), "K9");
-    EXPECT_EQ(record.get(tool::shortCode), "TST");
-    EXPECT_EQ(record.get(tool::name), "Crème tool");
+    const std::pair<TextField, const char*> texts[] = {{tool::code, "K9"},
+                                                       {tool::shortCode, "TST"},
+                                                       {tool::name, "Crème tool"},
+                                                       {tool::modeName(1), "First"},
+                                                       {tool::kind(1), "MUX"},
+                                                       {tool::kind(2), ""},
+                                                       {tool::serialNumber, ""},
+                                                       {tool::parameter(1, 1), "L1"},
+                                                       {tool::parameter(2, 1), ""},
+                                                       {tool::parameter(7, 1), "G"},
+                                                       {tool::channelName(1, 3), "Derived"},
+                                                       {tool::channelUnit(2, 1), "API"},
+                                                       {tool::sensorFactors(1), "a1,f21"}};
+    for (const auto& [field, text] : texts) EXPECT_EQ(record.get(field), text) << field.offset;
+    const std::pair<FloatField, float> scales[] = {{tool::uncalibratedLeft(1, 1), -1.5F},
+                                                   {tool::uncalibratedRight(1, 1), 2000},
+                                                   {tool::calibratedLeft(1, 2), 7},
+                                                   {tool::calibratedRight(1, 2), 8}};
+    for (const auto& [field, end] : scales) EXPECT_EQ(record.get(field), end) << field.offset;
     EXPECT_EQ(record.get(tool::maximumCurrent), 32767);
-    EXPECT_EQ(record.get(tool::modeName(1)), "First");
-    EXPECT_EQ(record.get(tool::kind(1)), "MUX");
-    EXPECT_EQ(record.get(tool::kind(2)), "");
-    EXPECT_EQ(record.get(tool::sensorFactors(1)), "a1,f21");
     EXPECT_EQ(record.get(tool::channelCount(1)), 2) << "words on the line, not names";
     EXPECT_EQ(record.get(tool::channelCount(2)), 1);
-    EXPECT_EQ(record.get(tool::channelName(1, 3)), "Derived");
-    EXPECT_EQ(record.get(tool::channelUnit(2, 1)), "API");
-    EXPECT_EQ(record.get(tool::uncalibratedLeft(1, 1)), -1.5F);
-    EXPECT_EQ(record.get(tool::uncalibratedRight(1, 1)), 2000);
-    EXPECT_EQ(record.get(tool::calibratedLeft(1, 2)), 7);
-    EXPECT_EQ(record.get(tool::calibratedRight(1, 2)), 8);
-    EXPECT_EQ(record.get(tool::parameter(1, 1)), "L1");
-    EXPECT_EQ(record.get(tool::parameter(2, 1)), "");
-    EXPECT_EQ(record.get(tool::parameter(3, 1)), "PA50");
-    EXPECT_EQ(record.get(tool::parameter(7, 1)), "G");
-    EXPECT_EQ(record.get(tool::serialNumber), "");
     EXPECT_EQ(record.get(tool::selected), 0);
 }
 
 TEST(EquipmentSource, MistakesAreToldWithTheirLine) {
-    struct Case {
-        std::string source;
-        const char* problem;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, const char*> cases[] = {
         {"", "x.tool:1: no code; write"},
         {"code = K1\n" + head + oneChannel, "x.tool:1: a key before the first section"},
         {head + "words\n" + oneChannel, "x.tool:5: neither \"key = value\" nor a section"},
@@ -95,10 +92,10 @@ TEST(EquipmentSource, MistakesAreToldWithTheirLine) {
         {head + "sensor_factors = a1\n" + oneChannel + "[mode 2]\nsensor_factors = p1\n" + oneChannel,
          "x.tool:9: \"A\" has another unit or sensor factor in [mode 1]"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [source, problem] : cases) {
         std::string told;
-        for (const std::string& problem : compileTool(c.source, "x.tool").problems) told += problem + '\n';
-        EXPECT_NE(told.find(c.problem), std::string::npos) << c.problem << "\nwas told as\n" << told;
+        for (const std::string& one : compileTool(source, "x.tool").problems) told += one + '\n';
+        EXPECT_NE(told.find(problem), std::string::npos) << problem << "\nwas told as\n" << told;
     }
     std::string many = head;
     for (int i = 0; i < 21; ++i) many += "channel = C" + std::to_string(i) + " | CPS | 0 | 1 | 0 | 1\n";
@@ -153,11 +150,7 @@ TEST(CalibrationSourceText, PointsBecomeAFactoryRecord) {
 }
 
 TEST(CalibrationSourceText, ProblemsNameTheirLine) {
-    struct Case {
-        std::string text;
-        std::string place;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"[calibration]\nserial = S\ndate = 2026-01-02\n", ":1: no tool"},
         {"[calibration]\ntool = K9\ndate = 2026-01-02\n", ":1: no serial"},
         {"[calibration]\ntool = K9\nserial = S\n", ":1: no date"},
@@ -171,10 +164,10 @@ TEST(CalibrationSourceText, ProblemsNameTheirLine) {
         {calibrationHead + "sensor = A | 1 | 1 0 | 1 1\n", ":5: no polynomial"},
         {calibrationHead + "by = A name of twenty-one ch\n", ":5: "},
     };
-    for (const Case& c : cases) {
-        const auto problems = calibrations(c.text).problems;
-        ASSERT_FALSE(problems.empty()) << c.text;
-        EXPECT_EQ(problems[0].find("k9.calibration" + c.place), 0U) << problems[0];
+    for (const auto& [text, place] : cases) {
+        const auto problems = calibrations(text).problems;
+        ASSERT_FALSE(problems.empty()) << text;
+        EXPECT_EQ(problems[0].find("k9.calibration" + place), 0U) << problems[0];
     }
 }
 

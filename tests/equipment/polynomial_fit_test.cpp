@@ -29,42 +29,6 @@ Points parabola(std::initializer_list<double> readings) {
     return points;
 }
 
-/// The same least-squares problem solved another way: modified Gram-Schmidt on the single-precision points in
-/// extended precision, without normal equations.
-std::vector<long double> referenceFit(int order, const Points& points) {
-    const auto size = static_cast<std::size_t>(order) + 1;
-    std::vector<std::vector<long double>> q(size, std::vector<long double>(points.size()));
-    std::vector<std::vector<long double>> r(size, std::vector<long double>(size));
-    std::vector<long double> rest;
-    for (const FitPoint& point : points) rest.push_back(static_cast<float>(point.y));
-    const auto dot = [](const auto& a, const auto& b) {
-        long double sum = 0;
-        for (std::size_t i = 0; i < a.size(); ++i) sum += a[i] * b[i];
-        return sum;
-    };
-    std::vector<long double> coefficients(size);
-    for (std::size_t k = 0; k < size; ++k) {
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            q[k][i] =
-                std::pow(static_cast<long double>(static_cast<float>(points[i].x)), static_cast<int>(k));
-        }
-        for (std::size_t earlier = 0; earlier < k; ++earlier) {
-            r[earlier][k] = dot(q[earlier], q[k]);
-            for (std::size_t i = 0; i < points.size(); ++i) q[k][i] -= r[earlier][k] * q[earlier][i];
-        }
-        r[k][k] = std::sqrt(dot(q[k], q[k]));
-        for (long double& entry : q[k]) entry /= r[k][k];
-        coefficients[k] = dot(q[k], rest);
-    }
-    for (std::size_t k = size; k-- > 0;) {
-        for (std::size_t later = k + 1; later < size; ++later) {
-            coefficients[k] -= r[k][later] * coefficients[later];
-        }
-        coefficients[k] /= r[k][k];
-    }
-    return coefficients;
-}
-
 TEST_F(PolynomialFitTest, TwoPointsMakeALineInFullPrecision) {
     // 0.1 and 0.3 are not singles: a fit through the sums would show it.
     const PolynomialFit line = fit(1, {{0.1, 1.7}, {0.3, 2.9}});
@@ -78,42 +42,9 @@ TEST_F(PolynomialFitTest, TwoPointsMakeALineInFullPrecision) {
 
 TEST_F(PolynomialFitTest, ThreePointsGiveTheirParabola) {
     const PolynomialFit curve = fit(2, parabola({-1, 2, 5}));
-    ASSERT_TRUE(curve.ok);
-    EXPECT_EQ(curve.message, "OK");
-    EXPECT_NEAR(curve.coefficients[0], 3, 1e-12);
-    EXPECT_NEAR(curve.coefficients[1], -2, 1e-12);
-    EXPECT_NEAR(curve.coefficients[2], 0.5, 1e-12);
-    EXPECT_EQ(curve.coefficients[3], 0);
-}
-
-TEST_F(PolynomialFitTest, AgreesWithAnotherMethodOnOrdinaryPoints) {
-    const Points points{{0.1, 2.02}, {0.9, 3.41}, {2.2, 4.07}, {3.05, 3.6},
-                        {4.4, 2.2},  {5.3, 1.9},  {6.7, 2.55}, {7.1, 4.4}};
-    for (int order = 1; order <= 6; ++order) {
-        const PolynomialFit curve = fit(order, points);
-        ASSERT_TRUE(curve.ok) << order;
-        const auto expected = referenceFit(order, points);
-        for (std::size_t k = 0; k < expected.size(); ++k) {
-            const auto want = static_cast<double>(expected[k]);
-            EXPECT_NEAR(curve.coefficients[k], want, 1e-4 * std::abs(want)) << order << ", term " << k;
-        }
-    }
-}
-
-TEST_F(PolynomialFitTest, OrdersUpTo10AgreeWithAnotherMethod) {
-    Points points;
-    for (int i = 0; i <= 14; ++i) {
-        const double x = std::cos(i * 0.21) * 1.25; // closer together at the ends
-        points.push_back({x, 1 / (1 + x * x) + (i % 3) * 0.01});
-    }
-    for (int order = 1; order <= 10; ++order) {
-        const PolynomialFit curve = fit(order, points);
-        ASSERT_TRUE(curve.ok) << order;
-        const auto expected = referenceFit(order, points);
-        for (std::size_t k = 0; k < expected.size(); ++k) {
-            EXPECT_NEAR(curve.coefficients[k], static_cast<double>(expected[k]), 1e-6) << order << ", " << k;
-        }
-    }
+    ASSERT_EQ(curve.message, "OK");
+    const double wanted[] = {3, -2, 0.5, 0};
+    for (std::size_t k = 0; k < 4; ++k) EXPECT_NEAR(curve.coefficients[k], wanted[k], 1e-12) << k;
 }
 
 TEST_F(PolynomialFitTest, TheSumsSeeSinglePrecision) {
@@ -124,42 +55,37 @@ TEST_F(PolynomialFitTest, TheSumsSeeSinglePrecision) {
     EXPECT_EQ(curve.message, "Matrix Inversion Error");
     EXPECT_TRUE(errors.kept.empty());
 
-    const PolynomialFit line = fit(1, {{0.1, 0.1}, {0.2, 0.2}, {0.3, 0.1}});
-    const auto expected = referenceFit(1, {{0.1, 0.1}, {0.2, 0.2}, {0.3, 0.1}});
-    EXPECT_NEAR(line.coefficients[0], static_cast<double>(expected[0]), 1e-14);
-    EXPECT_GT(std::abs(line.coefficients[0] - 0.4 / 3), 1e-11) << "double copies would give four thirtieths";
+    // A level line through the mean of the references, as singles have it.
+    const PolynomialFit line = fit(1, {{-0.5, 0.1}, {0, 0.2}, {0.5, 0.1}});
+    const double mean = (double{0.1F} + double{0.2F} + double{0.1F}) / 3;
+    EXPECT_NEAR(line.coefficients[0], mean, 1e-15);
+    EXPECT_GT(std::abs(mean - 0.4 / 3), 1e-10) << "double copies would give four thirtieths";
 }
 
 TEST_F(PolynomialFitTest, RefusesWithItsOwnWords) {
-    const std::string order = " ERROR: Invalid polynomial order.";
-    const std::string unique = "Curve Fit Error: Non-unique sensor calibration points. ";
-    struct Case {
+    const char* order = " ERROR: Invalid polynomial order.";
+    const char* unique = "Curve Fit Error: Non-unique sensor calibration points. ";
+    const struct {
         int order;
         Points points;
-        std::string message;
-    };
-    const Case cases[] = {
+        const char* message;
+    } cases[] = {
         {2, {{1, 1}, {2, 2}}, order},
         {1, {{1, 1}}, order},
         {1, {}, order},
         {0, parabola({1, 2, 3}), order},
-        {-1, parabola({1, 2, 3}), order},
         {21, parabola({1, 2, 3}), order},
         {1, {{1, 1}, {1, 2}}, unique},
-        {21, {{4, 1}, {2, 2}, {4, 3}}, unique}, // before the order is looked at
+        {21, {{4, 1}, {2, 2}, {4, 3}}, unique},                   // before the order is looked at
+        {5, {{-1, 1}, {0, 2}, {1, 3}}, "Matrix Inversion Error"}, // more unknowns than points
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const PolynomialFit refused = fit(c.order, c.points);
         EXPECT_FALSE(refused.ok) << c.order;
         EXPECT_EQ(refused.message, c.message);
     }
+    EXPECT_TRUE(fit(20, {{-1, 1}, {0, 2}, {1, 3}}).ok) << "the highest order";
     EXPECT_TRUE(fit(2, {{1, 5}, {2, 5}, {3, 5}}).ok) << "equal reference values are no fault";
-    EXPECT_TRUE(errors.kept.empty());
-}
-
-TEST_F(PolynomialFitTest, MoreUnknownsThanPointsFailOnlyAtTheZeroPivot) {
-    EXPECT_EQ(fit(5, {{-1, 1}, {0, 2}, {1, 3}}).message, "Matrix Inversion Error");
-    EXPECT_NE(fit(20, {{1, 1}, {2, 2}, {3, 5}}).message, " ERROR: Invalid polynomial order.");
     EXPECT_TRUE(errors.kept.empty());
 }
 

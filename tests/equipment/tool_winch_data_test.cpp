@@ -11,54 +11,46 @@ TEST_F(ToolWinchDataTest, VersionsComeFromBothHeaders) {
     EXPECT_EQ(data.versions().makerCritical, 200.5);
     EXPECT_EQ(data.versions().makerDate, "31-Aug-2002");
     EXPECT_EQ(data.versions().user, 1000) << "there is no user file";
-
     EquipmentFile owned = makerEquipment();
     owned.header.set(equipment::version, "150 old");
     put(user, owned);
     data.ToolWinchData_getdatabasecriticalversion();
-    EXPECT_EQ(data.versions().user, 150);
-
     files.remove(maker);
     data.ToolWinchData_getdatabasecriticalversion();
-    ASSERT_EQ(box.texts.size(), 1U);
-    EXPECT_EQ(box.titles[0], "Database error");
-    EXPECT_EQ(box.icons[0], Icon::critical);
-    EXPECT_EQ(box.texts[0], "Unable to locate the Tools and Winches database file\r\n\r\n"
-                            "/program/BrennaTools-Winches.dat\r\n\r\n"
-                            "This file is necessary for ALL data acquisition operations.");
+    EXPECT_EQ(box.titles, std::vector<std::string>{"Database error"});
+    EXPECT_EQ(box.icons.at(0), Icon::critical);
+    EXPECT_EQ(box.texts.at(0), "Unable to locate the Tools and Winches database file\r\n\r\n"
+                               "/program/BrennaTools-Winches.dat\r\n\r\n"
+                               "This file is necessary for ALL data acquisition operations.");
     EXPECT_EQ(data.versions().maker, 201) << "the versions stay";
     EXPECT_EQ(data.versions().user, 150);
 }
 
 TEST_F(ToolWinchDataTest, MakerListsCountTheSelected) {
-    MakerList list = data.ToolWinchData_loadbrennatoollist();
-    EXPECT_EQ(list.banner, "BRENNA Winch and Tool database version 201  date 31-Aug-2002");
-    EXPECT_EQ(list.countMessage, "User currently has no tools selected from a total of 3");
-    ASSERT_EQ(list.rows.size(), 3U);
-    EXPECT_EQ(list.rows[1].code, "K230");
-    EXPECT_EQ(list.rows[1].name, "Density");
-    EXPECT_EQ(list.rows[1].selected, "NO");
-
     EquipmentFile equipment = makerEquipment();
+    const auto counted = [&] {
+        put(maker, equipment);
+        return data.ToolWinchData_loadbrennatoollist().countMessage + "|" +
+               data.ToolWinchData_loadbrennawinchlist().countMessage;
+    };
+    const std::string has = "User currently has ";
+    EXPECT_EQ(counted(),
+              has + "no tools selected from a total of 3|" + has + "no winches selected from a total of 2");
     equipment.tools[2].set(tool::selected, -1);
     equipment.winches[0].set(winch::selected, 1);
     equipment.winches[1].set(winch::selected, -1);
-    put(maker, equipment);
-    list = data.ToolWinchData_loadbrennatoollist();
+    EXPECT_EQ(counted(),
+              has + "only 1 tool selected from a total of 3|" + has + "2 winches selected from a total of 2");
+    const MakerList list = data.ToolWinchData_loadbrennatoollist();
+    EXPECT_EQ(list.banner, "BRENNA Winch and Tool database version 201  date 31-Aug-2002");
+    ASSERT_EQ(list.rows.size(), 3U);
+    EXPECT_EQ(list.rows[1].code + list.rows[1].name + list.rows[1].selected, "K230DensityNO");
     EXPECT_EQ(list.rows[2].selected, "YES");
-    EXPECT_EQ(list.countMessage, "User currently has only 1 tool selected from a total of 3");
-    EXPECT_EQ(data.ToolWinchData_loadbrennawinchlist().countMessage,
-              "User currently has 2 winches selected from a total of 2");
-
     equipment.tools.clear();
     equipment.winches.resize(1);
     correctCounts(equipment);
-    put(maker, equipment);
-    EXPECT_EQ(data.ToolWinchData_loadbrennatoollist().countMessage,
-              "User currently has no tools selected from a total of 0");
-    EXPECT_EQ(data.ToolWinchData_loadbrennawinchlist().countMessage,
-              "User currently has only 1 winch selected from a total of 1");
-
+    EXPECT_EQ(counted(),
+              has + "no tools selected from a total of 0|" + has + "only 1 winch selected from a total of 1");
     files.remove(maker);
     EXPECT_TRUE(data.ToolWinchData_loadbrennatoollist().rows.empty());
     EXPECT_EQ(data.ToolWinchData_loadbrennawinchlist().countMessage, "");
@@ -71,8 +63,7 @@ TEST_F(ToolWinchDataTest, UserListsShowSerialNumbers) {
     putUser();
     const UserList tools = data.ToolWinchData_loadusertoollist();
     ASSERT_EQ(tools.rows.size(), 2U);
-    EXPECT_EQ(tools.rows[1].code, "K201");
-    EXPECT_EQ(tools.rows[1].text(), "Natural gamma  SN-G-2");
+    EXPECT_EQ(tools.rows[1].code + " " + tools.rows[1].text(), "K201 Natural gamma  SN-G-2");
     EXPECT_EQ(tools.countMessage, "User currently has 2 tools selected from a total of 3");
     EXPECT_EQ(data.ToolWinchData_loaduserwinchlist().countMessage,
               "User currently has only 1 winch selected from a total of 2");
@@ -81,7 +72,6 @@ TEST_F(ToolWinchDataTest, UserListsShowSerialNumbers) {
     EXPECT_TRUE(data.ToolWinchData_loadhistusersensorlist(3).empty());
     ASSERT_EQ(errors.kept.size(), 1U);
     EXPECT_EQ(errors.kept[0].routine, "ToolWinchData_loadhistusersensorlist");
-    EXPECT_EQ(errors.kept[0].number, 9);
 }
 
 TEST_F(ToolWinchDataTest, TheFirstToolTakesTheMakersHeaderAlong) {
@@ -105,15 +95,11 @@ TEST_F(ToolWinchDataTest, NewRecordsGoBehindThoseOfTheirKind) {
     ASSERT_TRUE(data.ToolWinchData_addusertool(1, "G-1"));
     ASSERT_TRUE(data.ToolWinchData_adduserwinch(1, "W-2"));
     ASSERT_TRUE(data.ToolWinchData_addusertool(3, "D-1"));
-    const EquipmentFile owned = stored(user);
-    EXPECT_TRUE(owned.faults.empty());
-    ASSERT_EQ(owned.tools.size(), 2U);
-    ASSERT_EQ(owned.winches.size(), 2U);
-    EXPECT_EQ(owned.tools[1].get(tool::code), "K417");
-    EXPECT_EQ(owned.tools[1].get(Int16Field{3754}), 4711);
-    EXPECT_EQ(owned.winches[0].get(winch::serialNumber), "W-1");
-    EXPECT_EQ(owned.winches[1].get(winch::code), "W110");
-    EXPECT_EQ(files.size(user), 128U + 2 * 4000 + 2 * 1024);
+    EquipmentFile wanted = makerEquipment();
+    wanted.tools = {makeTool("K201", "Natural gamma", "G-1"), makeTool("K417", "Deviation", "D-1")};
+    wanted.winches = {makeWinch("W240", "Truck winch", "W-1"), makeWinch("W110", "Portable winch", "W-2")};
+    correctCounts(wanted);
+    EXPECT_EQ(files.read(user), equipmentBytes(wanted));
     EXPECT_FALSE(files.exists("/program/UserTools-Winches.dat.damaged"));
 }
 
@@ -121,9 +107,7 @@ TEST_F(ToolWinchDataTest, RemovingTheLastRecordLeavesTheHeader) {
     putUser();
     EXPECT_TRUE(data.ToolWinchData_removeusertool(1));
     EXPECT_EQ(stored(user).tools.at(0).get(tool::serialNumber), "G-2");
-    EXPECT_EQ(stored(user).winches.size(), 1U);
-    EXPECT_FALSE(data.ToolWinchData_removeusertool(2)) << "there is one left";
-    EXPECT_FALSE(data.ToolWinchData_removeusertool(0));
+    for (const int none : {0, 2}) EXPECT_FALSE(data.ToolWinchData_removeusertool(none)) << none;
     EXPECT_TRUE(data.ToolWinchData_removeuserwinch(1));
     EXPECT_TRUE(data.ToolWinchData_removeusertool(1));
     EXPECT_EQ(files.size(user), 128U);
