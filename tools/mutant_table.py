@@ -187,8 +187,6 @@ MUTANTS = [
            "trimmed(*wanted) == text", "sameSensor(*wanted, text)"),
     Mutant("a damaged history is not kept", "equipment_tests", "src/equipment/calibration_history.cpp",
            "    files_.copy(file_, aside);\n", ""),
-    Mutant("the sums see double precision", "equipment_tests", "src/equipment/polynomial_fit.cpp",
-           "struct SinglePoint {\n    float x;\n    float y;", "struct SinglePoint {\n    double x;\n    double y;"),
     Mutant("sums beyond the 22 terms are there", "equipment_tests", "src/equipment/polynomial_fit.cpp",
            "i + j < sums.s.size() ? sums.s[i + j] : 0.0", "sums.s[std::min(i + j, sums.s.size() - 1)]"),
     Mutant("the angles of the deviation tool are counts", "equipment_tests", "src/equipment/tool_calibrations.cpp",
@@ -218,5 +216,6 @@ MUTANTS = [
     Mutant("a scan without time ends the way", "lcu_tests", "src/lcu/earlier_run.cpp",
            "if (run.channels[*field].values[step] == 0) continue;\n", "\n"),
     Mutant("the way goes on under another calibration", "lcu_tests", "src/lcu/earlier_run.cpp",
-           "if (!samePolynomial(before, current.channels[channel].calibration)) return std::nullopt;", ""),
+           "if (!samePolynomial(before, current.channels[channel].calibration)) return std::nullopt;",
+           "if (current.channels.empty()) return std::nullopt;"),
 ]

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -59,6 +60,12 @@ std::string samplingCommand(const RunSetup& setup, const LcuModel& model) {
     const char sign = setup.direction == Direction::up ? '-' : '+';
     const double counts = static_cast<double>(setup.interval) * model.depthStepFactor;
     return std::string("TD") + sign + formatPicture(counts, "##0");
+}
+
+std::optional<double> roundedStep(const RunSetup& setup, const LcuModel& model) {
+    const double counts = static_cast<double>(setup.interval) * model.depthStepFactor;
+    if (setup.sampling == Sampling::time || counts == std::round(counts)) return std::nullopt;
+    return std::round(counts) / model.depthStepFactor;
 }
 
 bool needsCommandSet(const ToolRecord& record, const LcuModel& model) {

@@ -5,6 +5,7 @@
 #include "base/run_setup.h"
 #include "lcu/lcu_models.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@ namespace tarvik {
 
 /// "TD+5" by depth (the interval in depth counts of the model), "TT50" by time (hundredths of a second).
 [[nodiscard]] std::string samplingCommand(const RunSetup& setup, const LcuModel& model);
+/// Centimetres that the box really steps by, when the command had to be rounded to its depth counts.
+[[nodiscard]] std::optional<double> roundedStep(const RunSetup& setup, const LcuModel& model);
 
 /// The tools K551 to K554 speak another dialect on an LCU4; any other tool or model stays as it is.
 [[nodiscard]] bool needsCommandSet(const ToolRecord& record, const LcuModel& model);

@@ -1,5 +1,6 @@
 #include "lcu/run_preparation.h"
 
+#include "base/number_picture.h"
 #include "lcu/run_commands.h"
 
 #include <algorithm>
@@ -16,6 +17,7 @@ bool RunPreparation::prepare() {
     modules_.state.mode = programMode::acquire;
     if (modules_.lcu.LCU_PowerOFF_Reset() != LinkResult::good) return false;
     if (!send(sampling())) return false;
+    sayRoundedStep();
     modules_.link.toolPower = true;
     setUpTool();
     if (!sendToolCommands()) return false;
@@ -25,6 +27,15 @@ bool RunPreparation::prepare() {
 
 std::string RunPreparation::sampling() const {
     return samplingCommand(setup_, model());
+}
+
+/// Header and way of the hole keep to the interval as it was set.
+void RunPreparation::sayRoundedStep() const {
+    const auto step = roundedStep(setup_, model());
+    if (!step) return;
+    modules_.log.red("The " + std::string(model().name) + " samples every " + shortestNumber(*step) +
+                     " cm, not every " + shortestNumber(setup_.interval) +
+                     " cm as set. Choose an interval that it can step by.");
 }
 
 const LcuModel& RunPreparation::model() const {

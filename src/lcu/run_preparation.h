@@ -22,6 +22,7 @@ class RunPreparation {
     [[nodiscard]] const LcuModel& model() const;
     [[nodiscard]] bool send(const std::string& command);
     void setUpTool();
+    void sayRoundedStep() const;
     [[nodiscard]] bool sendToolCommands();
     void logFirmware();
 

@@ -120,3 +120,20 @@ TEST(Deviation, StepsFollowTheCompass) {
     EXPECT_NEAR(oneStep(90, 0, Direction::up).east, -1, 1e-6);
     EXPECT_EQ(oneStep(90, 0, Direction::down, Sampling::time).east, 0);
 }
+
+TEST(Deviation, EachScanFillsItsChannelsFromItsOwnDirection) {
+    RunSetup run;
+    run.sampling = Sampling::depth;
+    run.interval = 100;
+    run.declination = 30;
+    HoleWay way{.east = 3, .north = 4};
+    CurrentScan scan = scanOf({0.3, 0, 0.3}, {0.5, 0.5, 0}); // 45 degrees down
+    Deviation(run, way).derive(scan);
+    EXPECT_NEAR(scan.channels[7] * 0.0001, 54.7356 + 30, 0.001);
+    EXPECT_NEAR(scan.channels[8] * 0.0001, -45, 0.001);
+    EXPECT_NEAR(scan.channels[9] * 0.0001, 0.42426, 0.0001);
+    EXPECT_NEAR(scan.channels[10], 3 + std::sin(84.7356 * degree) * std::cos(45 * degree), 1e-5);
+    EXPECT_NEAR(scan.channels[11], 4 + std::cos(84.7356 * degree) * std::cos(45 * degree), 1e-5);
+    EXPECT_NEAR(scan.channels[12], std::hypot(scan.channels[10], scan.channels[11]), 1e-5);
+    EXPECT_EQ(way.east, scan.channels[10]);
+}

@@ -120,6 +120,15 @@ TEST(LoggingRun, RefusesBeforeAnythingIsSent) {
     EXPECT_EQ(refusal([](RunRig& rig) { rig.equipment.currentTool() = {}; }).substr(0, 6), "!Tool:");
 }
 
+TEST(LoggingRun, AStepThatTheBoxCannotMakeIsSaid) {
+    RunRig rig;
+    rig.order.setup.interval = 12.5F;
+    EXPECT_EQ(rig.startLogging(), RunResult::finished);
+    EXPECT_THAT(rig.runLines(),
+                testing::Contains("2The LCU2Plus samples every 13 cm, not every 12.5 cm as set. "
+                                  "Choose an interval that it can step by."));
+}
+
 TEST(LoggingRun, CommandsOnTheWire) {
     const struct {
         RigOptions rig;

@@ -22,6 +22,8 @@ TEST(RunCommands, SamplingInCountsOfTheModelAndHundredthsOfASecond) {
     depth.interval = 2.5F;
     EXPECT_EQ(samplingCommand(depth, *lcu2Plus), "TD-3");
     EXPECT_EQ(samplingCommand(depth, *lcu4), "TD-10");
+    EXPECT_EQ(roundedStep(depth, *lcu2Plus), 3);
+    EXPECT_EQ(roundedStep(depth, *lcu4), std::nullopt);
     EXPECT_EQ(samplingCommand({.sampling = Sampling::time, .interval = 0.125F}, *lcu4), "TT12.5");
     for (int hundredths = 1; hundredths <= 10'000; ++hundredths) {
         const RunSetup time{.sampling = Sampling::time, .interval = static_cast<float>(hundredths / 100.0)};
