@@ -1,6 +1,6 @@
 #include "equipment/calibration_fit.h"
 
-#include "equipment/error_log_double.h"
+#include "app/doubles.h"
 
 #include <cmath>
 #include <vector>
@@ -80,7 +80,7 @@ TEST_F(CalibrationFitTest, ALowerOrderComesCloserWhereReadingsAreNearlyEqual) {
     EXPECT_EQ(closer(5, 1000), 2);
     EXPECT_EQ(closerLowerOrder(trap, fit(3, {{1, 1}, {2, 2}, {3, 3}, {4, 4}}).calibration), std::nullopt)
         << "a line is no better when nothing is wrong";
-    EXPECT_TRUE(errors.kept.empty());
+    EXPECT_TRUE(errors.errors.empty());
 }
 
 } // namespace

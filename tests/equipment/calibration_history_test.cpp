@@ -75,7 +75,7 @@ TEST_F(CalibrationHistoryTest, AMissingFileIsMadeWithItsHeader) {
 TEST_F(CalibrationHistoryTest, ASaveIsARecordUnderTodaysDate) {
     clock.advanceMs(754'000);
     EXPECT_EQ(save("Field", 0.25).value().identifier, "130306-00001");
-    EXPECT_THAT(box.titles, IsEmpty()) << "a field calibration needs no confirmation";
+    EXPECT_THAT(told, IsEmpty()) << "a field calibration needs no confirmation";
     EXPECT_EQ(files.size(file), 728U);
     EXPECT_EQ(summary(), "File Version : 201  date 31-Aug-2002  (1 record)");
     const std::string text = files.text(file).substr(128);
@@ -95,17 +95,17 @@ TEST_F(CalibrationHistoryTest, ASaveIsARecordUnderTodaysDate) {
     EXPECT_THAT(
         shelf.ToolWinchData_showhistsensorcalibrations(gamma),
         ElementsAre(testing::_, "Calibrated, Linear fit, 130306-00002, 13-Mar-2006, 09:12:34, Me, Field"));
-    EXPECT_TRUE(errors.kept.empty());
+    EXPECT_TRUE(errors.errors.empty());
 }
 
 TEST_F(CalibrationHistoryTest, AFactoryCalibrationHasToBeConfirmed) {
     EXPECT_EQ(save("Factory")->kind, "Field");
-    EXPECT_THAT(box.titles, ElementsAre("Calibration query"));
-    EXPECT_THAT(box.texts, ElementsAre("Please confirm that this calibration is a FACTORY calibration"));
+    EXPECT_THAT(told, ElementsAre("ask Calibration query|Please confirm that this calibration is a FACTORY "
+                                  "calibration"));
     box.answer = Answer::yes;
     EXPECT_EQ(save("Factory")->kind, "Factory");
     EXPECT_EQ(save("factory?")->kind, "Field") << "there are two kinds";
-    EXPECT_EQ(box.titles.size(), 2U);
+    EXPECT_EQ(told.size(), 2U);
     const auto rows = shelf.PolyCalibration_loadcalibrationhistorydata(gamma).rows;
     EXPECT_FALSE(rows.at(0).bold);
     EXPECT_TRUE(rows.at(1).bold);
@@ -136,9 +136,9 @@ TEST_F(CalibrationHistoryTest, TheLatestFactoryCalibrationIsTheLastOne) {
     EXPECT_EQ(shelf.PolyCalibration_getlatestfactorycalibdata({"K201", "G-2", "Gamma"}), std::nullopt);
 
     EXPECT_EQ(shelf.PolyCalibration_getselectedpreviouscalibdata(4), std::nullopt);
-    ASSERT_EQ(errors.kept.size(), 1U);
-    EXPECT_EQ(errors.kept[0].routine, "PolyCalibration_getselectedpreviouscalibdata");
-    EXPECT_THAT(errors.kept[0].description, HasSubstr(file.string()));
+    ASSERT_EQ(errors.errors.size(), 1U);
+    EXPECT_EQ(errors.errors[0].routine, "PolyCalibration_getselectedpreviouscalibdata");
+    EXPECT_THAT(errors.errors[0].description, HasSubstr(file.string()));
 }
 
 /// A kill in the middle of a save can leave any length behind two whole records.
@@ -163,7 +163,7 @@ TEST_F(CalibrationHistoryTest, ATornRecordIsPassedOverAndLeavesNothingAskew) {
             ASSERT_EQ(CalibrationRecord(files.readPart(file, 1328, 600)), blankCalibrationRecord()) << length;
         }
     }
-    EXPECT_TRUE(errors.kept.empty());
+    EXPECT_TRUE(errors.errors.empty());
     EXPECT_EQ(std::ranges::count_if(lines.lines,
                                     [](const auto& l) { return l.find("is torn") != std::string::npos; }),
               599);
@@ -184,14 +184,14 @@ TEST_F(CalibrationHistoryTest, WhatASaveCannotDoLosesNothing) {
         }
         if (!saved) putBytes(torn);
     }
-    EXPECT_EQ(errors.kept.size(), 4U);
+    EXPECT_EQ(errors.errors.size(), 4U);
 
-    errors.kept.clear();
+    errors.errors.clear();
     files.readOnly = {file};
     EXPECT_FALSE(save());
-    ASSERT_EQ(errors.kept.size(), 1U);
-    EXPECT_EQ(errors.kept[0].routine, "PolyCalibration_savecalibrationhistorydata");
-    EXPECT_THAT(errors.kept[0].description, HasSubstr(file.string()));
+    ASSERT_EQ(errors.errors.size(), 1U);
+    EXPECT_EQ(errors.errors[0].routine, "PolyCalibration_savecalibrationhistorydata");
+    EXPECT_THAT(errors.errors[0].description, HasSubstr(file.string()));
     EXPECT_EQ(constants(), (std::vector<double>{0, 42})) << "it can still be read";
 }
 
@@ -250,12 +250,12 @@ TEST_F(CalibrationHistoryTest, AHistoryThatCannotBeReadLeavesTheToolItsCounts) {
               "Current winch : Truck winch");
     EXPECT_EQ(equipment.currentTool().calibration(1).sensorName, "Gamma");
     EXPECT_EQ(equipment.currentTool().calibration(1).state, "None");
-    ASSERT_EQ(errors.kept.size(), 1U);
-    EXPECT_EQ(errors.kept[0].routine, "ToolWinchData_loadcurrentttoolwinch");
+    ASSERT_EQ(errors.errors.size(), 1U);
+    EXPECT_EQ(errors.errors[0].routine, "ToolWinchData_loadcurrentttoolwinch");
     EXPECT_EQ(summary(), "");
     EXPECT_FALSE(save());
     EXPECT_FALSE(shelf.PolyCalibration_exportcalibrationhistorydata({}, "/c/x.txt"));
-    EXPECT_EQ(errors.kept.size(), 4U);
+    EXPECT_EQ(errors.errors.size(), 4U);
 }
 
 TEST_F(CalibrationHistoryTest, TheExportHasAColumnForEverything) {

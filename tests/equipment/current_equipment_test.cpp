@@ -55,8 +55,8 @@ TEST_F(CurrentEquipmentTest, ScalesGoIntoTheRecordAndItsSlot) {
     EXPECT_EQ(stored(user).tools[1], wanted);
     EXPECT_EQ(stored(user).tools[0], makeTool("K201", "Natural gamma", "G-1"));
     for (const int channel : {0, 21}) data.ToolWinchData_updatecurrenttoolscales("UNCAL", channel, 1, 2);
-    ASSERT_EQ(errors.kept.size(), 2U);
-    EXPECT_EQ(errors.kept[1].number, 9);
+    ASSERT_EQ(errors.errors.size(), 2U);
+    EXPECT_EQ(errors.errors[1].number, 9);
 }
 
 TEST_F(CurrentEquipmentTest, ScalesFollowTheToolWhenOthersGo) {
@@ -73,7 +73,7 @@ TEST_F(CurrentEquipmentTest, ScalesFollowTheToolWhenOthersGo) {
     EXPECT_NE(lines.lines.at(0).find("does not hold tool K201 SN-G-2"), std::string::npos);
     files.remove(user);
     data.ToolWinchData_updatecurrenttoolscales("UNCAL", 1, 7, 8);
-    EXPECT_TRUE(errors.kept.empty());
+    EXPECT_TRUE(errors.errors.empty());
 }
 
 TEST(DefaultCalibration, DerivedChannelsAreSynthetic) {

@@ -1,8 +1,8 @@
 // A program folder in memory with a small maker's database, and everything a ToolWinchData needs around it.
 #pragma once
 
+#include "app/doubles.h"
 #include "equipment/equipment_file.h"
-#include "equipment/error_log_double.h"
 #include "equipment/tool_winch_data.h"
 #include "platform/memory_files.h"
 #include "platform/virtual_clock.h"
@@ -52,27 +52,13 @@ inline EquipmentFile makerEquipment() {
     return maker;
 }
 
-class MessageKeeper final : public OperatorSide {
-  public:
-    void message(std::string_view title, std::string_view text, Icon icon) override {
-        titles.emplace_back(title);
-        texts.emplace_back(text);
-        icons.push_back(icon);
-    }
-    Answer ask(std::string_view title, std::string_view text, Icon icon) override {
-        message(title, text, icon);
+struct AnsweringOperator final : WritingOperator {
+    using WritingOperator::WritingOperator;
+    Answer ask(std::string_view title, std::string_view text, Icon) override {
+        write("ask ", title, "|", text);
         return answer;
     }
-    void notice(std::string_view, std::string_view, Icon) override {}
-    void showError(const ErrorReport&, std::string_view, std::string_view) override {}
-    void beep() override {}
-    void statusText(std::string_view) override {}
-    void linkPanel(std::string_view) override {}
-
     Answer answer = Answer::no;
-    std::vector<std::string> titles;
-    std::vector<std::string> texts;
-    std::vector<Icon> icons;
 };
 
 class LineKeeper final : public StatusViewer {
@@ -114,7 +100,8 @@ class EquipmentBench : public testing::Test {
     ErrorTrap trap{errors};
     StatusLog log{trap, clock, history, "/history"};
     LineKeeper lines;
-    MessageKeeper box;
+    Transcript told;
+    AnsweringOperator box{told};
     NoCalibrations calibrations;
     ToolWinchData data{trap, files, log, box, calibrations, folder};
 };

@@ -34,25 +34,18 @@ TEST(EquipmentSource, EveryKeyGoesIntoItsField) {
                                                 "channel = Other | API | 0 | 9 | 0 | 1",
                                                 "k9.tool");
     EXPECT_TRUE(problems.empty()) << testing::PrintToString(problems);
-    const std::pair<TextField, const char*> texts[] = {{tool::code, "K9"},
-                                                       {tool::shortCode, "TST"},
-                                                       {tool::name, "Crème tool"},
-                                                       {tool::modeName(1), "First"},
-                                                       {tool::kind(1), "MUX"},
-                                                       {tool::kind(2), ""},
-                                                       {tool::serialNumber, ""},
-                                                       {tool::parameter(1, 1), "L1"},
-                                                       {tool::parameter(2, 1), ""},
-                                                       {tool::parameter(7, 1), "G"},
-                                                       {tool::channelName(1, 3), "Derived"},
-                                                       {tool::channelUnit(2, 1), "API"},
-                                                       {tool::sensorFactors(1), "a1,f21"}};
-    for (const auto& [field, text] : texts) EXPECT_EQ(record.get(field), text) << field.offset;
-    const std::pair<FloatField, float> scales[] = {{tool::uncalibratedLeft(1, 1), -1.5F},
-                                                   {tool::uncalibratedRight(1, 1), 2000},
-                                                   {tool::calibratedLeft(1, 2), 7},
-                                                   {tool::calibratedRight(1, 2), 8}};
-    for (const auto& [field, end] : scales) EXPECT_EQ(record.get(field), end) << field.offset;
+    std::string texts;
+    for (const TextField field :
+         {tool::code, tool::shortCode, tool::name, tool::modeName(1), tool::kind(1), tool::kind(2),
+          tool::sensorFactors(1), tool::channelName(1, 3), tool::channelUnit(2, 1), tool::parameter(1, 1),
+          tool::parameter(2, 1), tool::parameter(3, 1), tool::parameter(7, 1), tool::serialNumber}) {
+        texts += record.get(field) + "|";
+    }
+    EXPECT_EQ(texts, "K9|TST|Crème tool|First|MUX||a1,f21|Derived|API|L1||PA50|G||");
+    EXPECT_EQ(record.get(tool::uncalibratedLeft(1, 1)), -1.5F);
+    EXPECT_EQ(record.get(tool::uncalibratedRight(1, 1)), 2000);
+    EXPECT_EQ(record.get(tool::calibratedLeft(1, 2)), 7);
+    EXPECT_EQ(record.get(tool::calibratedRight(1, 2)), 8);
     EXPECT_EQ(record.get(tool::maximumCurrent), 32767);
     EXPECT_EQ(record.get(tool::channelCount(1)), 2) << "words on the line, not names";
     EXPECT_EQ(record.get(tool::channelCount(2)), 1);

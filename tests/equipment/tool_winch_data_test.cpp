@@ -17,11 +17,10 @@ TEST_F(ToolWinchDataTest, VersionsComeFromBothHeaders) {
     data.ToolWinchData_getdatabasecriticalversion();
     files.remove(maker);
     data.ToolWinchData_getdatabasecriticalversion();
-    EXPECT_EQ(box.titles, std::vector<std::string>{"Database error"});
-    EXPECT_EQ(box.icons.at(0), Icon::critical);
-    EXPECT_EQ(box.texts.at(0), "Unable to locate the Tools and Winches database file\r\n\r\n"
-                               "/program/BrennaTools-Winches.dat\r\n\r\n"
-                               "This file is necessary for ALL data acquisition operations.");
+    EXPECT_EQ(told,
+              Transcript{"message Database error|Unable to locate the Tools and Winches database file\r\n\r\n"
+                         "/program/BrennaTools-Winches.dat\r\n\r\n"
+                         "This file is necessary for ALL data acquisition operations.|"});
     EXPECT_EQ(data.versions().maker, 201) << "the versions stay";
     EXPECT_EQ(data.versions().user, 150);
 }
@@ -54,7 +53,7 @@ TEST_F(ToolWinchDataTest, MakerListsCountTheSelected) {
     files.remove(maker);
     EXPECT_TRUE(data.ToolWinchData_loadbrennatoollist().rows.empty());
     EXPECT_EQ(data.ToolWinchData_loadbrennawinchlist().countMessage, "");
-    EXPECT_TRUE(errors.kept.empty());
+    EXPECT_TRUE(errors.errors.empty());
 }
 
 TEST_F(ToolWinchDataTest, UserListsShowSerialNumbers) {
@@ -70,8 +69,8 @@ TEST_F(ToolWinchDataTest, UserListsShowSerialNumbers) {
     EXPECT_EQ(data.ToolWinchData_loadhistusertoollist().at(0).text(), "Natural gamma  SN-G-1");
     EXPECT_EQ(data.ToolWinchData_loadhistusersensorlist(2), (std::vector<std::string>{"Gamma", "Caliper"}));
     EXPECT_TRUE(data.ToolWinchData_loadhistusersensorlist(3).empty());
-    ASSERT_EQ(errors.kept.size(), 1U);
-    EXPECT_EQ(errors.kept[0].routine, "ToolWinchData_loadhistusersensorlist");
+    ASSERT_EQ(errors.errors.size(), 1U);
+    EXPECT_EQ(errors.errors[0].routine, "ToolWinchData_loadhistusersensorlist");
 }
 
 TEST_F(ToolWinchDataTest, TheFirstToolTakesTheMakersHeaderAlong) {
@@ -113,7 +112,7 @@ TEST_F(ToolWinchDataTest, RemovingTheLastRecordLeavesTheHeader) {
     EXPECT_EQ(files.size(user), 128U);
     EXPECT_EQ(stored(user).header.get(TextField{34, 20}), "travels along");
     EXPECT_FALSE(data.ToolWinchData_removeuserwinch(1));
-    EXPECT_EQ(errors.kept.size(), 3U);
+    EXPECT_EQ(errors.errors.size(), 3U);
 }
 
 TEST_F(ToolWinchDataTest, FailuresLeaveTheUserFileAlone) {
@@ -126,9 +125,9 @@ TEST_F(ToolWinchDataTest, FailuresLeaveTheUserFileAlone) {
     EXPECT_FALSE(data.ToolWinchData_addusertool(1, "X"));
     EXPECT_FALSE(data.ToolWinchData_removeuserwinch(1));
     EXPECT_EQ(files.read(user), before);
-    ASSERT_EQ(errors.kept.size(), 4U);
-    EXPECT_EQ(errors.kept[2].routine, "ToolWinchData_addusertool");
-    EXPECT_EQ(errors.kept[2].number, 61);
+    ASSERT_EQ(errors.errors.size(), 4U);
+    EXPECT_EQ(errors.errors[2].routine, "ToolWinchData_addusertool");
+    EXPECT_EQ(errors.errors[2].number, 61);
 }
 
 TEST_F(ToolWinchDataTest, SerialNumbersAreSharedByToolsAndWinches) {
@@ -166,7 +165,7 @@ TEST_F(ToolWinchDataTest, OnlySelectedFlagsOfTheMakersFileChange) {
     putUser();
     data.ToolWinchData_updatebrennatoollist();
     EXPECT_EQ(files.read(maker), cut);
-    EXPECT_TRUE(errors.kept.empty());
+    EXPECT_TRUE(errors.errors.empty());
 }
 
 TEST_F(ToolWinchDataTest, DamageIsSaidOnceAndKeptAsideBeforeARewrite) {
