@@ -116,6 +116,7 @@ int runCalibrate(const Arguments& arguments) {
     CalibrationFit fit = fitCalibration(program.errors, order.order, points);
     if (!fit.ok) {
         if (!fit.message.empty()) std::cerr << "tarvik: " << trimmed(fit.message) << "\n";
+        if (points.size() < 3) std::cerr << "A fit needs at least 3 points; two make a straight line.\n";
         return exitFailed;
     }
     fit.calibration.sensorName = sensor;

@@ -69,7 +69,8 @@ std::string summaryLine(const CalibrationFile& file) {
 bool CalibrationFilter::admits(const CalibrationRecord& record) const {
     return sameText(toolCode, record.get(calibration::toolCode)) &&
            sameText(serialNumber, record.get(calibration::toolSerialNumber)) &&
-           (!sensorName || sameSensor(*sensorName, record.get(calibration::sensorName)));
+           (!sensorName || sameSensor(*sensorName, record.get(calibration::sensorName))) &&
+           record != blankCalibrationRecord();
 }
 
 } // namespace tarvik

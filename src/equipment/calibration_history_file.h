@@ -50,8 +50,9 @@ struct CalibrationFile {
 /// "File Version : 201  date 31-Aug-2002  (no records)"
 [[nodiscard]] std::string summaryLine(const CalibrationFile& file);
 
-/// Which records are meant; what is not set admits every record. Code and serial number match exactly, the
-/// sensor name in whatever case, all without blanks around them.
+/// Which records are meant; what is not set admits every record but a blank one, which stands where a torn
+/// one stood. Code and serial number match exactly, the sensor name in whatever case, all without blanks
+/// around them.
 struct CalibrationFilter {
     std::optional<std::string> toolCode;
     std::optional<std::string> serialNumber;

@@ -26,6 +26,18 @@ constexpr std::array<NamedText, 8> texts{{
     {calibration::kind, &Calibration::kind},
 }};
 
+/// In code page 1252, so that letters with accents have their capitals too.
+std::string capitals(std::string_view utf8) {
+    std::string ansi = toAnsi(upperCase(utf8));
+    for (char& letter : ansi) {
+        const auto code = static_cast<unsigned char>(letter);
+        if (code >= 0xE0 && code <= 0xFE && code != 0xF7) letter = static_cast<char>(code - 0x20);
+        if (code == 0x9A || code == 0x9C || code == 0x9E) letter = static_cast<char>(code - 0x10);
+        if (code == 0xFF) letter = static_cast<char>(0x9F);
+    }
+    return ansi;
+}
+
 } // namespace
 
 CalibrationRecord blankCalibrationRecord() {
@@ -60,7 +72,7 @@ bool canBeEvaluated(const Calibration& calibration) {
 }
 
 bool sameSensor(std::string_view a, std::string_view b) {
-    return upperCase(trimmed(a)) == upperCase(trimmed(b));
+    return capitals(trimmed(a)) == capitals(trimmed(b));
 }
 
 CalibrationRecord calibrationRecord(const ToolRecord& tool, const Calibration& calibration) {

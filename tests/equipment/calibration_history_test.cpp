@@ -113,6 +113,7 @@ TEST_F(CalibrationHistoryTest, AFactoryCalibrationHasToBeConfirmed) {
 
 TEST_F(CalibrationHistoryTest, OnlyTheSensorIsFoundInWhateverCase) {
     putBytes(bytesOf(1));
+    add(blankCalibrationRecord()); // of no sensor
     const std::pair<CalibrationFilter, std::size_t> cases[] = {{{" K201 ", "G-1 ", " gAMMA "}, 1},
                                                                {{"k201", "G-1", "Gamma"}, 0},
                                                                {{"K201", "g-1", "Gamma"}, 0},

@@ -32,5 +32,11 @@ TEST(CalibrationRecord, GoesThereAndBack) {
     for (const std::size_t last : {159U, 387U, 599U}) EXPECT_EQ(record.bytes()[last], ' ') << last;
 }
 
+TEST(CalibrationRecord, SensorNamesAreTheSameInWhateverCase) {
+    EXPECT_TRUE(sameSensor(" Densité š ", "DENSITÉ Š"));
+    EXPECT_FALSE(sameSensor("Densité", "Densite"));
+    EXPECT_FALSE(sameSensor("A÷B", "A×B")) << "no letters";
+}
+
 } // namespace
 } // namespace tarvik
