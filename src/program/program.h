@@ -51,6 +51,12 @@ struct ProgramOptions {
     bool trapErrors = true;
 };
 
+/// What stands in for this machine's clock and serial devices, if anything: a simulated box on its own time.
+struct StandIns {
+    const Clock* clock = nullptr;
+    SerialPort* serial = nullptr;
+};
+
 /// What stands before the operator. The parts that are not brought show nothing.
 struct Shell {
     OperatorSide& operatorSide;
@@ -64,14 +70,15 @@ struct Shell {
 class Program {
   public:
     /// Throws a Failure when the program has no place to live or its equipment database is missing.
-    Program(const ProgramOptions& options, const Shell& shell);
+    Program(const ProgramOptions& options, const Shell& shell, const StandIns& standIns = {});
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
     // In the order in which they are built: each uses those before it.
     Shell shell;
     DiskFiles files;
-    SystemClock clock;
+    SystemClock systemClock;
+    const Clock& clock;
     Places places;
     IniSettingsStore store;
     SystemTexts system;
