@@ -45,9 +45,9 @@ namespace tarvik {
 
 /// What a start says on its command line; it goes before what the settings say and is never saved.
 struct ProgramOptions {
-    std::optional<Path> home;                        ///< everything read or written lies below it
-    std::array<std::optional<std::string>, 4> ports; ///< devices of COM1 to COM4
-    std::optional<Path> traceFile;                   ///< transcript of the serial line
+    std::optional<Path> home = {};                        ///< everything read or written lies below it
+    std::array<std::optional<std::string>, 4> ports = {}; ///< devices of COM1 to COM4
+    std::optional<Path> traceFile = {};                   ///< transcript of the serial line
     bool trapErrors = true;
 };
 
