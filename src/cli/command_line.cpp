@@ -63,6 +63,14 @@ int runVerb(const Verb& verb, std::span<const std::string_view> words) {
     }
 }
 
+/// `--lcucomms`, if given. Throws UsageError.
+std::optional<std::int32_t> searchedPorts(const Arguments& arguments) {
+    const auto ports = arguments.whole("--lcucomms");
+    if (ports && std::ranges::find(lcuCommsChoices, *ports) == lcuCommsChoices.end())
+        throw UsageError("--lcucomms expects 12, 34, 1, 2, 3 or 4");
+    return ports;
+}
+
 } // namespace
 
 std::vector<Option> commonOptions() {
@@ -80,17 +88,9 @@ ProgramOptions programOptions(const Arguments& arguments) {
     ProgramOptions options;
     for (std::size_t i = 0; i < names.size(); ++i) options.ports[i] = arguments.name(names[i]);
     if (const auto home = arguments.name("--home")) options.home = *home;
+    options.searchedPorts = searchedPorts(arguments);
     options.trapErrors = !arguments.has("--no-trap");
     return options;
-}
-
-std::int32_t searchedPorts(const Arguments& arguments, const Settings& settings) {
-    const auto ports = arguments.whole("--lcucomms");
-    if (!ports) return settings.lcuComms;
-    if (std::ranges::find(lcuCommsChoices, *ports) == lcuCommsChoices.end()) {
-        throw UsageError("--lcucomms expects 12, 34, 1, 2, 3 or 4");
-    }
-    return *ports;
 }
 
 int runCommandLine(std::span<const std::string_view> words, std::vector<Verb> further) {

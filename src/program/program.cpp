@@ -46,8 +46,9 @@ Path historyFolder(Places& places, const SettingsStore& store, OperatorSide& ope
 
 } // namespace
 
-Program::Program(const ProgramOptions& options, const Shell& theShell, const StandIns& standIns)
+Program::Program(const ProgramOptions& theOptions, const Shell& theShell, const StandIns& standIns)
     : shell(theShell),
+      options(theOptions),
       clock(standIns.clock ? *standIns.clock : systemClock),
       places(resolvePlaces(options, files)),
       store(files, places.settingsFile, toOperator(shell.operatorSide, "Settings")),
@@ -84,7 +85,8 @@ Program::Program(const ProgramOptions& options, const Shell& theShell, const Sta
 FrameHooks Program::connectHooks() {
     FrameHooks to;
     to.searchForLcu = [this] {
-        return search.LCU_Locate(settings.lcuComms, shell.searchCancelled) == SearchResult::found;
+        return search.LCU_Locate(options.searchedPorts.value_or(settings.lcuComms), shell.searchCancelled) ==
+               SearchResult::found;
     };
     to.stopDataStream = [this] { lcu.stopStream(); };
     to.closePort = [this] { port.close(); };

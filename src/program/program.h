@@ -48,6 +48,7 @@ struct ProgramOptions {
     std::optional<Path> home = {};                        ///< everything read or written lies below it
     std::array<std::optional<std::string>, 4> ports = {}; ///< devices of COM1 to COM4
     std::optional<Path> traceFile = {};                   ///< transcript of the serial line
+    std::optional<std::int32_t> searchedPorts = {};       ///< as the setting "LCUComms"
     bool trapErrors = true;
 };
 
@@ -76,6 +77,7 @@ class Program {
 
     // In the order in which they are built: each uses those before it.
     Shell shell;
+    ProgramOptions options;
     DiskFiles files;
     SystemClock systemClock;
     const Clock& clock;

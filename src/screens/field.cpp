@@ -3,34 +3,23 @@
 #include "base/number_picture.h"
 #include "base/text.h"
 #include "screens/qt_text.h"
+#include "screens/styles.h"
 #include "screens/theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include <utility>
 
 namespace tarvik {
 
-namespace {
-
-/// A dynamic property takes effect when the style looks again.
-void restyle(QWidget& widget, const char* name, const QVariant& value) {
-    widget.setProperty(name, value);
-    widget.style()->unpolish(&widget);
-    widget.style()->polish(&widget);
-}
-
-} // namespace
-
 Field::Field(const QString& title, QWidget* editor, const QString& unit, const QString& hint)
-    : editor_(editor), unit_(new QLabel(unit)), below_(new QLabel), hint_(hint) {
-    auto* const label = new QLabel(title);
-    label->setBuddy(editor);
-    editor->setAccessibleName(title);
+
+    : editor_(editor), title_(new QLabel), unit_(new QLabel(unit)), below_(new QLabel), hint_(hint) {
+    title_->setBuddy(editor);
+    setTitle(title);
     unit_->setProperty("role", "quiet");
     unit_->setVisible(!unit.isEmpty());
     below_->setWordWrap(true);
@@ -42,7 +31,7 @@ Field::Field(const QString& title, QWidget* editor, const QString& unit, const Q
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
-    column->addWidget(label);
+    column->addWidget(title_);
     column->addLayout(row);
     column->addWidget(below_);
     showWrong({});
@@ -50,6 +39,11 @@ Field::Field(const QString& title, QWidget* editor, const QString& unit, const Q
     if (auto* const edit = qobject_cast<QLineEdit*>(editor)) {
         connect(edit, &QLineEdit::editingFinished, this, [this] { validate(); });
     }
+}
+
+void Field::setTitle(const QString& title) {
+    title_->setText(title);
+    editor_->setAccessibleName(title);
 }
 
 void Field::setCheck(Check check) {
@@ -76,7 +70,7 @@ void Field::showWrong(const QString& problem) {
     const bool wrong = !problem.isEmpty();
     below_->setText(wrong ? problem : hint_);
     below_->setVisible(!below_->text().isEmpty());
-    restyle(*below_, "role", wrong ? "bad" : "quiet");
+    setRole(*below_, wrong ? "bad" : "quiet");
     restyle(*editor_, "wrong", wrong);
     editor_->setAccessibleDescription(below_->text());
 }

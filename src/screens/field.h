@@ -20,6 +20,7 @@ class Field final : public QWidget {
     /// Takes the editor over. Its accessible name becomes the title.
     Field(const QString& title, QWidget* editor, const QString& unit = {}, const QString& hint = {});
 
+    void setTitle(const QString& title);
     void setCheck(Check check);
     void setUnit(const QString& unit);
     void setHint(const QString& hint);
@@ -31,6 +32,7 @@ class Field final : public QWidget {
     void showWrong(const QString& problem);
 
     QWidget* editor_;
+    QLabel* title_;
     QLabel* unit_;
     QLabel* below_;
     QString hint_;
