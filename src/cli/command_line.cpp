@@ -6,14 +6,17 @@
 #include <algorithm>
 #include <array>
 #include <iostream>
+#include <iterator>
 
 namespace tarvik {
 
 namespace {
 
-std::vector<Verb> verbs() {
-    return {findVerb(), logVerb(),       infoVerb(),         lasVerb(),
-            fitVerb(),  calibrateVerb(), calibrationsVerb(), equipmentVerb()};
+std::vector<Verb> verbs(std::vector<Verb> further) {
+    std::vector<Verb> all{findVerb(), logVerb(),       infoVerb(),         lasVerb(),
+                          fitVerb(),  calibrateVerb(), calibrationsVerb(), equipmentVerb()};
+    std::ranges::move(further, std::back_inserter(all));
+    return all;
 }
 
 std::vector<Option> allOptions(const Verb& verb) {
@@ -23,10 +26,10 @@ std::vector<Option> allOptions(const Verb& verb) {
     return options;
 }
 
-void printOverview(std::ostream& out) {
+void printOverview(std::ostream& out, const std::vector<Verb>& verbs) {
     out << "Tarvik " << versionText(programVersion()) << ", borehole geophysical logging\n\n"
         << "usage: tarvik <verb> [options]; tarvik <verb> --help\n\n";
-    for (const Verb& verb : verbs()) {
+    for (const Verb& verb : verbs) {
         std::string name(verb.name);
         name.resize(14, ' ');
         out << "  " << name << verb.purpose.substr(0, verb.purpose.find('\n')) << "\n";
@@ -60,6 +63,14 @@ int runVerb(const Verb& verb, std::span<const std::string_view> words) {
     }
 }
 
+/// `--lcucomms`, if given. Throws UsageError.
+std::optional<std::int32_t> searchedPorts(const Arguments& arguments) {
+    const auto ports = arguments.whole("--lcucomms");
+    if (ports && std::ranges::find(lcuCommsChoices, *ports) == lcuCommsChoices.end())
+        throw UsageError("--lcucomms expects 12, 34, 1, 2, 3 or 4");
+    return ports;
+}
+
 } // namespace
 
 std::vector<Option> commonOptions() {
@@ -77,33 +88,25 @@ ProgramOptions programOptions(const Arguments& arguments) {
     ProgramOptions options;
     for (std::size_t i = 0; i < names.size(); ++i) options.ports[i] = arguments.name(names[i]);
     if (const auto home = arguments.name("--home")) options.home = *home;
+    options.searchedPorts = searchedPorts(arguments);
     options.trapErrors = !arguments.has("--no-trap");
     return options;
 }
 
-std::int32_t searchedPorts(const Arguments& arguments, const Settings& settings) {
-    const auto ports = arguments.whole("--lcucomms");
-    if (!ports) return settings.lcuComms;
-    if (std::ranges::find(lcuCommsChoices, *ports) == lcuCommsChoices.end()) {
-        throw UsageError("--lcucomms expects 12, 34, 1, 2, 3 or 4");
-    }
-    return *ports;
-}
-
-int runCommandLine(std::span<const std::string_view> words) {
+int runCommandLine(std::span<const std::string_view> words, std::vector<Verb> further) {
+    const auto all = verbs(std::move(further));
     if (words.empty()) {
-        printOverview(std::cerr);
+        printOverview(std::cerr, all);
         return exitUsage;
     }
     if (words.front() == "help" || asksForHelp(words.first(1))) {
-        printOverview(std::cout);
+        printOverview(std::cout, all);
         return exitDone;
     }
     if (words.front() == "--version") {
         std::cout << "Tarvik " << versionText(programVersion()) << "\n";
         return exitDone;
     }
-    const auto all = verbs();
     const auto verb = std::ranges::find(all, words.front(), &Verb::name);
     if (verb == all.end()) return usageProblem("unknown verb \"" + std::string(words.front()) + "\"", "");
     return runVerb(*verb, words.subspan(1));

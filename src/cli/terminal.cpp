@@ -20,7 +20,6 @@ Session::Session(const Arguments& arguments, Terminal& terminal)
     : terminal_(terminal), program_(withTrace(arguments), shell()) {
     program_.startUp.formLoad();
     program_.startUp.formActivate();
-    program_.settings.lcuComms = static_cast<std::int16_t>(searchedPorts(arguments, program_.settings));
     program_.settings.searchAutomatically = true; // who calls a verb of the link asks for the search
 }
 

@@ -36,11 +36,9 @@ struct Verb {
 [[nodiscard]] std::vector<Option> commonOptions();
 /// Throws UsageError.
 [[nodiscard]] ProgramOptions programOptions(const Arguments& arguments);
-/// The ports that a search tries: `--lcucomms`, else the settings. Throws UsageError.
-[[nodiscard]] std::int32_t searchedPorts(const Arguments& arguments, const Settings& settings);
 
 /// Runs the program on the words behind its name; the exit code. Results go to standard output, progress and
-/// errors to standard error.
-[[nodiscard]] int runCommandLine(std::span<const std::string_view> words);
+/// errors to standard error. `further` are verbs of the rooms above, such as those that draw.
+[[nodiscard]] int runCommandLine(std::span<const std::string_view> words, std::vector<Verb> further = {});
 
 } // namespace tarvik

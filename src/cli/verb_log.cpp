@@ -2,13 +2,12 @@
 #include "cli/console_run_view.h"
 #include "cli/terminal.h"
 
-#include "base/text.h"
 #include "lcu/depth_setting.h"
 #include "lcu/logging_run.h"
+#include "lcu/run_order.h"
 
 #include <array>
 #include <iostream>
-#include <limits>
 
 namespace tarvik {
 
@@ -44,64 +43,38 @@ void applyOptions(const Arguments& arguments, Settings& settings) {
         settings.declination = *declination;
 }
 
-/// One limit given leaves the other side open.
-void applyLimits(const Arguments& arguments, RunSetup& setup) {
-    constexpr double open = 1e9;
-    const auto top = arguments.number("--top", depths);
-    const auto bottom = arguments.number("--bottom", depths);
-    setup.endDistance = arguments.number("--end-distance", {0, depths.most}).value_or(0);
-    setup.limitsOverride = !top && !bottom;
-    setup.topDepth = top.value_or(-open);
-    setup.bottomDepth = bottom.value_or(open);
-    if (!setup.limitsOverride && setup.topDepth >= setup.bottomDepth) {
-        throw UsageError("--top must be less than --bottom");
-    }
+RunLimits limitsFrom(const Arguments& arguments) {
+    return {.top = arguments.number("--top", depths),
+            .bottom = arguments.number("--bottom", depths),
+            .endDistance = arguments.number("--end-distance", {0, depths.most}).value_or(0)};
 }
 
-/// Throws UsageError for an interval that no box could step by.
-float sampledEvery(const Settings& settings) {
-    const bool byDepth = settings.sampling() == Sampling::depth;
-    const Range intervals = byDepth ? Range{1, 10'000} : Range{0.01, 3600};
-    if (!intervals.holds(settings.samplingInterval.value())) {
-        throw UsageError("the sampling interval must be a number" + intervals.text() +
-                         (byDepth ? " centimetres" : " seconds") + " (--interval), not " +
-                         settings.samplingInterval.text());
+/// The option that puts it right.
+std::string_view remedy(OrderPart part) {
+    switch (part) {
+    case OrderPart::project:
+        return " (--project P)";
+    case OrderPart::hole:
+        return " (--hole H)";
+    case OrderPart::interval:
+        return " (--interval X)";
+    case OrderPart::limits:
+        return " (--top M, --bottom M)";
     }
-    return static_cast<float>(settings.samplingInterval.value());
+    return {};
 }
 
-RunSetup setupFrom(const Arguments& arguments, const Settings& settings) {
-    RunSetup setup;
-    setup.sampling = settings.sampling();
-    setup.interval = sampledEvery(settings);
-    setup.direction = settings.direction();
-    setup.units = settings.units();
-    setup.winchDepthFactor = settings.winchScaleFactor.value();
-    setup.declination = static_cast<float>(settings.declination.value());
-    setup.magneticMarker = settings.magneticMarker;
-    applyLimits(arguments, setup);
-    return setup;
+RunOrder orderFrom(const Arguments& arguments, const Program& program) {
+    try {
+        return runOrderFrom(program.settings, program.places, limitsFrom(arguments));
+    } catch (const BadOrder& bad) {
+        throw UsageError(bad.what() + std::string(remedy(bad.part())));
+    }
 }
 
 RunChoice runChoice(const Arguments& arguments) {
     if (arguments.has("--append") && arguments.has("--new")) throw UsageError("--append or --new, not both");
     return arguments.has("--append") ? RunChoice::append : RunChoice::newRun;
-}
-
-RunOrder orderFrom(const Program& program, const RunSetup& setup) {
-    const Settings& settings = program.settings;
-    const std::string project(trimmed(settings.currentProject));
-    if (project.empty()) throw UsageError("You must select a project (--project P)");
-    if (project == "." || project == ".." || project.find_first_of("/\\") != std::string::npos)
-        throw UsageError("a project is a single folder, which \"" + project + "\" cannot be the name of");
-    const std::string hole(trimmed(settings.hole.holeId));
-    if (hole.empty()) throw UsageError("You must select a hole (--hole H)");
-    return {.project = project,
-            .projectFolder = program.places.projectsFolder(settings.projectDrive) / project,
-            .hole = hole,
-            .holeDetails = settings.hole,
-            .setup = setup,
-            .screenScale = {}};
 }
 
 int toolMode(const Arguments& arguments) {
@@ -148,7 +121,7 @@ int runLog(const Arguments& arguments) {
     Session session(arguments, terminal);
     Program& program = session.program();
     applyOptions(arguments, program.settings);
-    const RunOrder order = orderFrom(program, setupFrom(arguments, program.settings));
+    const RunOrder order = orderFrom(arguments, program);
     loadEquipment(program.settings, mode, program.equipment);
 
     if (!session.acquire()) return exitFailed;

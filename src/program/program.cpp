@@ -34,6 +34,10 @@ PortDevices portDevices(const ProgramOptions& options, const MachineMap& map) {
     return devices;
 }
 
+SerialPort& line(SerialPort& devices, const StandIns& standIns) {
+    return standIns.serial ? *standIns.serial : devices;
+}
+
 /// The drives are settings, and the settings lie in one of the places: they are added once the store is open.
 Path historyFolder(Places& places, const SettingsStore& store, OperatorSide& operatorSide) {
     takeDrives(places, loadMachineMap(store).drives, toOperator(operatorSide, "Drives"));
@@ -42,8 +46,10 @@ Path historyFolder(Places& places, const SettingsStore& store, OperatorSide& ope
 
 } // namespace
 
-Program::Program(const ProgramOptions& options, const Shell& theShell)
+Program::Program(const ProgramOptions& theOptions, const Shell& theShell, const StandIns& standIns)
     : shell(theShell),
+      options(theOptions),
+      clock(standIns.clock ? *standIns.clock : systemClock),
       places(resolvePlaces(options, files)),
       store(files, places.settingsFile, toOperator(shell.operatorSide, "Settings")),
       system(systemTexts(querySystem())),
@@ -52,10 +58,11 @@ Program::Program(const ProgramOptions& options, const Shell& theShell)
       log(errors, clock, files, places.runHistoryFolder()),
       storedSettings(errors, store),
       devices(portDevices(options, loadMachineMap(store)), shell.yield),
-      trace(options.traceFile ? std::make_unique<TracePort>(devices, clock, files, *options.traceFile,
-                                                            toOperator(shell.operatorSide, "Transcript"))
-                              : nullptr),
-      serial(trace ? static_cast<SerialPort&>(*trace) : devices),
+      trace(options.traceFile
+                ? std::make_unique<TracePort>(line(devices, standIns), clock, files, *options.traceFile,
+                                              toOperator(shell.operatorSide, "Transcript"))
+                : nullptr),
+      serial(trace ? *trace : line(devices, standIns)),
       port(serial, log, link),
       lcu(errors, log, shell.operatorSide, port, link),
       search(errors, log, shell.operatorSide, port, lcu, link),
@@ -78,7 +85,8 @@ Program::Program(const ProgramOptions& options, const Shell& theShell)
 FrameHooks Program::connectHooks() {
     FrameHooks to;
     to.searchForLcu = [this] {
-        return search.LCU_Locate(settings.lcuComms, shell.searchCancelled) == SearchResult::found;
+        return search.LCU_Locate(options.searchedPorts.value_or(settings.lcuComms), shell.searchCancelled) ==
+               SearchResult::found;
     };
     to.stopDataStream = [this] { lcu.stopStream(); };
     to.closePort = [this] { port.close(); };

@@ -45,10 +45,17 @@ namespace tarvik {
 
 /// What a start says on its command line; it goes before what the settings say and is never saved.
 struct ProgramOptions {
-    std::optional<Path> home;                        ///< everything read or written lies below it
-    std::array<std::optional<std::string>, 4> ports; ///< devices of COM1 to COM4
-    std::optional<Path> traceFile;                   ///< transcript of the serial line
+    std::optional<Path> home = {};                        ///< everything read or written lies below it
+    std::array<std::optional<std::string>, 4> ports = {}; ///< devices of COM1 to COM4
+    std::optional<Path> traceFile = {};                   ///< transcript of the serial line
+    std::optional<std::int32_t> searchedPorts = {};       ///< as the setting "LCUComms"
     bool trapErrors = true;
+};
+
+/// What stands in for this machine's clock and serial devices, if anything: a simulated box on its own time.
+struct StandIns {
+    const Clock* clock = nullptr;
+    SerialPort* serial = nullptr;
 };
 
 /// What stands before the operator. The parts that are not brought show nothing.
@@ -64,14 +71,16 @@ struct Shell {
 class Program {
   public:
     /// Throws a Failure when the program has no place to live or its equipment database is missing.
-    Program(const ProgramOptions& options, const Shell& shell);
+    Program(const ProgramOptions& options, const Shell& shell, const StandIns& standIns = {});
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
     // In the order in which they are built: each uses those before it.
     Shell shell;
+    ProgramOptions options;
     DiskFiles files;
-    SystemClock clock;
+    SystemClock systemClock;
+    const Clock& clock;
     Places places;
     IniSettingsStore store;
     SystemTexts system;

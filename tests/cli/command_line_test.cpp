@@ -65,8 +65,8 @@ TEST_F(CommandLine, WrongUsageIsTwoWithTheReasonAndTheWayToTheHelp) {
         {{"log", "--project", "P", "--hole", "H", "--interval", "0"}, "from 0.01 to 3600 seconds"},
         {{"log", "--project", "P", "--hole", "H", "--sampling", "DEPTH", "--interval", "0.99"},
          "from 1 to 10000 centimetres"},
-        {{"log", "--project", "P", "--hole", "H", "--top", "5", "--bottom", "5"}, "--top must be less"},
-        {{"log", "--project", "..", "--hole", "H"}, "a project is a single folder"},
+        {{"log", "--project", "P", "--hole", "H", "--top", "5", "--bottom", "5"}, "The top depth must be less"},
+        {{"log", "--project", "..", "--hole", "H"}, "A project is a single folder"},
         {{"log", "--project", "P"}, "You must select a hole (--hole H)"},
         {{"log", "--append", "--new"}, "--append or --new, not both"},
     };

@@ -1,0 +1,70 @@
+#include "lcu/run_order.h"
+
+#include "base/number_picture.h"
+#include "base/text.h"
+
+namespace tarvik {
+
+namespace {
+
+void applyLimits(const RunLimits& limits, RunSetup& setup) {
+    constexpr double open = 1e9;
+    setup.endDistance = limits.endDistance;
+    setup.limitsOverride = !limits.top && !limits.bottom;
+    setup.topDepth = limits.top.value_or(-open);
+    setup.bottomDepth = limits.bottom.value_or(open);
+    if (!setup.limitsOverride && setup.topDepth >= setup.bottomDepth)
+        throw BadOrder(OrderPart::limits, "The top depth must be less than the bottom depth");
+}
+
+/// An interval that no box could step by is a slip of the finger.
+float sampledEvery(const Settings& settings) {
+    const Sampling sampling = settings.sampling();
+    const IntervalRange range = intervalRange(sampling);
+    const double interval = settings.samplingInterval.value();
+    if (interval < range.least || interval > range.most) {
+        throw BadOrder(OrderPart::interval, "The sampling interval must be a number from " +
+                                                shortestNumber(range.least) + " to " +
+                                                shortestNumber(range.most) +
+                                                (sampling == Sampling::depth ? " centimetres" : " seconds") +
+                                                ", not " + settings.samplingInterval.text());
+    }
+    return static_cast<float>(interval);
+}
+
+} // namespace
+
+IntervalRange intervalRange(Sampling sampling) {
+    return sampling == Sampling::depth ? IntervalRange{1, 10'000} : IntervalRange{0.01, 3600};
+}
+
+RunSetup runSetupFrom(const Settings& settings, const RunLimits& limits) {
+    RunSetup setup;
+    setup.sampling = settings.sampling();
+    setup.interval = sampledEvery(settings);
+    setup.direction = settings.direction();
+    setup.units = settings.units();
+    setup.winchDepthFactor = settings.winchScaleFactor.value();
+    setup.declination = static_cast<float>(settings.declination.value());
+    setup.magneticMarker = settings.magneticMarker;
+    applyLimits(limits, setup);
+    return setup;
+}
+
+RunOrder runOrderFrom(const Settings& settings, const Places& places, const RunLimits& limits) {
+    const std::string project(trimmed(settings.currentProject));
+    if (project.empty()) throw BadOrder(OrderPart::project, "You must select a project");
+    if (project == "." || project == ".." || project.find_first_of("/\\") != std::string::npos)
+        throw BadOrder(OrderPart::project,
+                       "A project is a single folder, which \"" + project + "\" cannot be the name of");
+    const std::string hole(trimmed(settings.hole.holeId));
+    if (hole.empty()) throw BadOrder(OrderPart::hole, "You must select a hole");
+    return {.project = project,
+            .projectFolder = places.projectsFolder(settings.projectDrive) / project,
+            .hole = hole,
+            .holeDetails = settings.hole,
+            .setup = runSetupFrom(settings, limits),
+            .screenScale = {}};
+}
+
+} // namespace tarvik

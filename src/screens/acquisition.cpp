@@ -1,0 +1,117 @@
+#include "screens/acquisition.h"
+
+#include "base/text.h"
+#include "lcu/depth_setting.h"
+#include "lcu/run_order.h"
+#include "screens/qt_text.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+QString orNone(std::string_view name, const char* none) {
+    const std::string_view text = trimmed(name);
+    return text.empty() ? QString(none) : qt(text);
+}
+
+QString samplingText(const Settings& settings) {
+    const bool byDepth = settings.sampling() == Sampling::depth;
+    return QString("%1 %2, every %3 %4")
+        .arg(byDepth ? "By depth," : "By time,", qt(settings.logDirection).toLower(),
+             qt(settings.samplingInterval.text()),
+             qt(intervalUnitLabel(settings.samplingMethod, settings.units())));
+}
+
+} // namespace
+
+Acquisition::Acquisition(Program& program, IntroScreen& screen, LinkGate& gate, RunViewParts parts)
+    : program_(program), screen_(screen), gate_(gate), parts_(std::move(parts)) {}
+
+void Acquisition::start() {
+    gate_.pass([this] { runNow(); });
+}
+
+void Acquisition::stop() {
+    if (running()) view_->requestStop();
+}
+
+void Acquisition::setDepth(double metres) {
+    gate_.pass([this, metres] { setDepthNow(metres); });
+}
+
+void Acquisition::setDepthNow(double metres) {
+    if (setWinchDepth(program_.lcu, program_.log, metres)) {
+        screen_.side().instrument().showDepth(metres);
+    } else {
+        program_.frame.operatorSide.message("Winch depth",
+                                            "The LCU did not report the depth back.\n"
+                                            "Stop the winch and set the depth again.",
+                                            Icon::exclamation);
+    }
+    gate_.exchangeEnded();
+}
+
+void Acquisition::watchDepth() {
+    const LinkState& link = program_.link;
+    if (!gate_.open() || running() || !link.open() || link.model.empty()) return;
+    if (QApplication::activeModalWidget() != nullptr || program_.state.mode != programMode::acquire) return;
+    if (const auto centimetres = program_.lcu.LCU_getdepth())
+        screen_.side().instrument().showDepth(*centimetres / 100.0);
+    gate_.exchangeEnded();
+}
+
+void Acquisition::show() {
+    const Settings& settings = program_.settings;
+    const CurrentTool& tool = program_.equipment.currentTool();
+    InstrumentPanel& instrument = screen_.side().instrument();
+    instrument.setUnits(settings.units());
+    panel().setUnits(settings.units());
+    panel().showOrder(orNone(settings.currentProject, "No project") + " / " +
+                          orNone(settings.hole.holeId, "no hole"),
+                      orNone(tool.record.get(tool::name), "No tool chosen"),
+                      orNone(program_.equipment.currentWinch().record.get(winch::name), "No winch chosen"),
+                      samplingText(settings));
+    screen_.side().showLink(program_.link);
+    if (running()) return;
+    const bool ready = program_.link.open() && !program_.link.model.empty();
+    panel().setState(ready ? RunPanel::State::ready : RunPanel::State::noLcu);
+    instrument.showIdle(ready ? "Ready" : "No LCU is connected");
+}
+
+std::optional<RunOrder> Acquisition::order() {
+    const auto limits = panel().limits();
+    if (!limits) return std::nullopt;
+    try {
+        return runOrderFrom(program_.settings, program_.places, *limits);
+    } catch (const BadOrder& bad) {
+        program_.frame.operatorSide.message("Tarvik", bad.what(), Icon::exclamation);
+        return std::nullopt;
+    }
+}
+
+void Acquisition::runNow() {
+    if (running()) return;
+    const auto ordered = order();
+    if (!ordered) return;
+    Program& p = program_;
+    screen_.side().instrument().clear();
+    view_ = std::make_unique<ScreenRunView>(screen_, p.clock, parts_);
+    modules_.reset(new RunModules{p.errors, p.errorLog, p.log, p.frame.operatorSide, *view_, p.state, p.clock,
+                                  p.files, p.serial, p.link, p.port, p.lcu, p.equipment, p.runReader,
+                                  p.runWriter});
+    run_ = std::make_unique<LoggingRun>(*modules_);
+    const RunResult result = run_->comstartlogging(*ordered);
+    view_.reset();
+    if (result == RunResult::notStarted) screen_.side().instrument().clear();
+    panel().setState(RunPanel::State::ready);
+    screen_.side().showLink(p.link);
+    gate_.exchangeEnded();
+    if (auto act = std::exchange(whenEnded_, {})) act();
+}
+
+} // namespace tarvik

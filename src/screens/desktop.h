@@ -1,0 +1,67 @@
+// The program with its window: builds the wiring, the main screen and the screens, and connects them.
+#pragma once
+
+#include "screens/acquisition.h"
+#include "screens/desktop_memory.h"
+#include "screens/intro_window.h"
+#include "screens/review.h"
+#include "screens/screen_opener.h"
+#include "screens/screen_operator.h"
+
+#include <QTimer>
+
+#include <memory>
+
+namespace tarvik {
+
+class Desktop {
+  public:
+    /// Throws a Failure like Program does.
+    explicit Desktop(const ProgramOptions& options, const StandIns& standIns = {});
+    ~Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    /// Start-up to the main screen in "REVIEW"; false when the display is too small and the program is to
+    /// end.
+    bool startUp();
+
+    [[nodiscard]] Program& program() { return program_; }
+    [[nodiscard]] IntroScreen& screen() { return *window_.screen(); }
+    [[nodiscard]] Acquisition& acquisition() { return *acquisition_; }
+    [[nodiscard]] Review& review() { return *review_; }
+    /// The frame has ended the program: leave the event loop.
+    [[nodiscard]] bool ended() const { return ended_; }
+
+  private:
+    [[nodiscard]] IntroWindowParts windowParts();
+    [[nodiscard]] Shell shell();
+    [[nodiscard]] std::unique_ptr<IntroScreen> makeScreen();
+    [[nodiscard]] RunViewParts runViewParts();
+    void connectHooks();
+    /// What the operator asks for; the keys and names have static storage.
+    void toolClick(std::string_view key);
+    void openScreen(std::string_view name);
+    bool searchForLcu(const std::function<bool()>& search);
+    void modeShown();
+    void showAcquire();
+    void showDemo();
+    void closeRequested();
+    void offerToStop();
+    void endProcess();
+
+    ScreenOperator operator_;
+    IntroWindow window_;
+    std::unique_ptr<Display> display_;
+    Program program_;
+    DesktopMemory memory_;
+    LinkGate gate_;
+    std::unique_ptr<Acquisition> acquisition_; ///< with the main screen
+    std::unique_ptr<Review> review_;
+    std::unique_ptr<ScreenOpener> screens_;
+    QTimer mainTimer_;
+    bool searchCancelled_ = false;
+    bool ended_ = false;
+};
+
+} // namespace tarvik

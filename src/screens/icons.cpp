@@ -1,0 +1,52 @@
+#include "screens/icons.h"
+
+#include "screens/theme.h"
+
+#include <QFile>
+#include <QPainter>
+#include <QPixmap>
+#include <QSvgRenderer>
+
+static void openResources() {
+    Q_INIT_RESOURCE(tarvik_icons);
+}
+
+namespace tarvik {
+
+namespace {
+
+constexpr int iconPixels = 24;
+
+QPixmap drawn(QByteArray svg, const QColor& colour, int scale) {
+    svg.replace("currentColor", colour.name().toUtf8());
+    QSvgRenderer renderer(svg);
+    QPixmap pixmap(iconPixels * scale, iconPixels * scale);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    renderer.render(&painter);
+    painter.end();
+    pixmap.setDevicePixelRatio(scale);
+    return pixmap;
+}
+
+} // namespace
+
+QIcon icon(const QString& name) {
+    openResources();
+    QFile file(":/icons/" + name + ".svg");
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QByteArray svg = file.readAll();
+    const ThemeColours& colours = coloursOf(appliedTheme());
+    QColor faded = colours.quiet;
+    faded.setAlpha(110);
+    QIcon result;
+    for (const int scale : {1, 2}) {
+        result.addPixmap(drawn(svg, colours.text, scale), QIcon::Normal, QIcon::Off);
+        result.addPixmap(drawn(svg, colours.onAccent, scale), QIcon::Normal, QIcon::On);
+        result.addPixmap(drawn(svg, colours.onAccent, scale), QIcon::Selected, QIcon::Off);
+        result.addPixmap(drawn(svg, faded, scale), QIcon::Disabled, QIcon::Off);
+    }
+    return result;
+}
+
+} // namespace tarvik

@@ -1,0 +1,12 @@
+// The program's own icons, drawn in the text colour of the theme.
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+namespace tarvik {
+
+/// data/icons/NAME.svg; an empty icon when there is none.
+[[nodiscard]] QIcon icon(const QString& name);
+
+} // namespace tarvik

@@ -1,0 +1,53 @@
+// The instrument of the side frame: depth in the largest digits of the screen, speed, tool current and
+// voltage, and in words, shape and colour whether data are being written.
+#pragma once
+
+#include "base/depth_units.h"
+#include "base/run_setup.h"
+#include "lcu/run_view.h"
+
+#include <QFrame>
+
+class QLabel;
+class QProgressBar;
+
+namespace tarvik {
+
+class InstrumentPanel final : public QFrame {
+  public:
+    InstrumentPanel();
+
+    /// Everything unknown: no scan, no depth.
+    void clear();
+    void setUnits(DepthUnits units);
+    /// The arrow beside the depth; nothing while no run goes on.
+    void setDirection(std::optional<Direction> direction);
+    void showDepth(double metres);
+    void showSpeed(double metresPerMinute);
+    /// `limit` in mA; 0 when the tool has none.
+    void showCurrent(float milliamps, float volts, int limit);
+    void showKeeping(KeepingState state, std::string_view words);
+    /// Two lines above everything else that the panel says; none with empty texts.
+    void winchPrompt(std::string_view firstLine, std::string_view secondLine);
+    /// No run: what the panel says instead of a recording state.
+    void showIdle(const QString& words);
+    void showScans(long scans, const QString& fileSize);
+
+  private:
+    void showState(const char* role, const QString& headline, const QString& why);
+
+    DepthUnits units_ = DepthUnits::metres;
+    QLabel* depth_;
+    QLabel* depthUnit_;
+    QLabel* arrow_;
+    QLabel* speed_;
+    QLabel* current_;
+    QProgressBar* currentBar_;
+    QLabel* voltage_;
+    QLabel* prompt_;
+    QLabel* state_;
+    QLabel* why_;
+    QLabel* scans_;
+};
+
+} // namespace tarvik

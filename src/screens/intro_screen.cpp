@@ -1,0 +1,45 @@
+#include "screens/intro_screen.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace tarvik {
+
+IntroScreen::IntroScreen(IntroScreenActions actions)
+    : actions_(std::move(actions)),
+      bars_(*this, actions_.toolClick),
+      status_(*statusBar(), actions_.cancelSearch),
+      side_(new SideFrame(actions_.run, actions_.review)),
+      notices_(new NoticeStrip),
+      logs_(new LogArea) {
+    setObjectName("IntroScreen");
+    setWindowTitle("Tarvik");
+    auto* const middle = new QWidget;
+    auto* const row = new QHBoxLayout(middle);
+    row->setContentsMargins(8, 8, 8, 8);
+    row->setSpacing(8);
+    row->addWidget(side_);
+    auto* const right = new QVBoxLayout;
+    right->setSpacing(8);
+    right->addWidget(notices_);
+    right->addWidget(logs_, 1);
+    row->addLayout(right, 1);
+    setCentralWidget(middle);
+}
+
+void IntroScreen::unload() {
+    unloading_ = true;
+    close();
+}
+
+void IntroScreen::closeEvent(QCloseEvent* event) {
+    if (unloading_) return event->accept();
+    event->ignore();
+    actions_.closeRequested();
+}
+
+} // namespace tarvik

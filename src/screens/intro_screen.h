@@ -1,0 +1,50 @@
+// The main screen: bars, side frame, the logs, notices, status bar. It only lays them out and hands them on.
+#pragma once
+
+#include "screens/log_area.h"
+#include "screens/main_bars.h"
+#include "screens/notice_strip.h"
+#include "screens/side_frame.h"
+#include "screens/status_panels.h"
+
+#include <QMainWindow>
+
+#include <functional>
+
+namespace tarvik {
+
+struct IntroScreenActions {
+    std::function<void(std::string_view key)> toolClick;
+    std::function<void()> closeRequested; ///< the window's own close button; the program decides
+    std::function<void()> cancelSearch;
+    RunPanelActions run;
+    ReviewPanelActions review;
+};
+
+class IntroScreen final : public QMainWindow {
+  public:
+    explicit IntroScreen(IntroScreenActions actions);
+
+    [[nodiscard]] MainBars& bars() { return bars_; }
+    [[nodiscard]] SideFrame& side() { return *side_; }
+    [[nodiscard]] LogArea& logs() { return *logs_; }
+    [[nodiscard]] NoticeStrip& notices() { return *notices_; }
+    [[nodiscard]] StatusPanels& status() { return status_; }
+
+    /// Lets the window go for good.
+    void unload();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    IntroScreenActions actions_;
+    MainBars bars_;
+    StatusPanels status_;
+    SideFrame* side_;
+    NoticeStrip* notices_;
+    LogArea* logs_;
+    bool unloading_ = false;
+};
+
+} // namespace tarvik

@@ -1,0 +1,79 @@
+#include "screens/log_area.h"
+
+#include "screens/styles.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace tarvik {
+
+LogArea::LogArea()
+    : pages_(new QStackedLayout),
+      headline_(roleLabel("title")),
+      text_(roleLabel("quiet")),
+      steps_(new QVBoxLayout),
+      line_(roleLabel("warning")) {
+    setObjectName("logarea");
+    setProperty("card", true);
+    headline_->setAlignment(Qt::AlignCenter);
+    headline_->setObjectName("lbemptyheadline");
+    text_->setAlignment(Qt::AlignCenter);
+    text_->setWordWrap(true);
+    text_->setFixedWidth(520);
+    steps_->setSpacing(8);
+
+    auto* const empty = new QWidget;
+    auto* const column = new QVBoxLayout(empty);
+    column->setSpacing(16);
+    column->addStretch(2);
+    column->addWidget(headline_);
+    column->addWidget(text_, 0, Qt::AlignHCenter);
+    column->addLayout(steps_);
+    column->addStretch(3);
+    pages_->addWidget(empty);
+
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins(1, 1, 1, 1);
+    whole->addLayout(pages_, 1);
+    whole->addWidget(line_);
+    line_->setVisible(false);
+}
+
+void LogArea::setPicture(QWidget* picture) {
+    picture_ = picture;
+    pages_->addWidget(picture);
+}
+
+void LogArea::showPicture() {
+    if (picture_ != nullptr) pages_->setCurrentWidget(picture_);
+}
+
+void LogArea::showEmpty(const QString& headline, const QString& text, std::vector<NextStep> steps) {
+    headline_->setText(headline);
+    text_->setText(text);
+    while (QLayoutItem* const item = steps_->takeAt(0)) {
+        if (QWidget* const old = item->widget()) {
+            old->hide();
+            old->deleteLater();
+        }
+        delete item;
+    }
+    for (NextStep& step : steps) {
+        auto* const button = new QPushButton(step.text);
+        button->setMinimumWidth(280);
+        connect(button, &QPushButton::clicked, button, [act = std::move(step.act)] { act(); });
+        steps_->addWidget(button, 0, Qt::AlignHCenter);
+    }
+    pages_->setCurrentIndex(0);
+}
+
+void LogArea::printLine(const QString& text) {
+    line_->setText(text);
+    line_->setVisible(!text.isEmpty());
+}
+
+} // namespace tarvik

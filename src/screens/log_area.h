@@ -1,0 +1,40 @@
+// Where the logs are drawn. With nothing to draw it says what can be done next, with buttons that do it.
+#pragma once
+
+#include <QFrame>
+
+#include <functional>
+#include <vector>
+
+class QLabel;
+class QStackedLayout;
+class QVBoxLayout;
+
+namespace tarvik {
+
+struct NextStep {
+    QString text;
+    std::function<void()> act;
+};
+
+class LogArea final : public QFrame {
+  public:
+    LogArea();
+
+    /// Takes the picture of the logs over.
+    void setPicture(QWidget* picture);
+    void showPicture();
+    void showEmpty(const QString& headline, const QString& text, std::vector<NextStep> steps);
+    /// A line at the foot, such as that errors are not trapped.
+    void printLine(const QString& text);
+
+  private:
+    QStackedLayout* pages_;
+    QLabel* headline_;
+    QLabel* text_;
+    QVBoxLayout* steps_;
+    QLabel* line_;
+    QWidget* picture_ = nullptr;
+};
+
+} // namespace tarvik

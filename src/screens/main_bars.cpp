@@ -1,0 +1,126 @@
+#include "screens/main_bars.h"
+
+#include "screens/command_looks.h"
+#include "screens/icons.h"
+#include "screens/qt_text.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <array>
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+constexpr std::string_view scaleKey = "Log-scale";
+constexpr std::string_view paintKey = "MB-Paint"; // the scale list stands before it
+constexpr int iconPixels = 24;
+
+QAction* makeAction(const CommandLook& look, QObject* owner) {
+    auto* const made = new QAction(icon(qt(look.icon)), qt(look.text), owner);
+    made->setObjectName(qt(look.key));
+    made->setCheckable(look.checkable);
+    if (!look.shortcut.empty()) made->setShortcut(QKeySequence(qt(look.shortcut)));
+    QString tip = qt(look.tip);
+    if (!look.shortcut.empty()) tip += " (" + made->shortcut().toString(QKeySequence::NativeText) + ")";
+    made->setToolTip(tip);
+    made->setStatusTip({});
+    return made;
+}
+
+} // namespace
+
+MainBars::MainBars(QMainWindow& window, std::function<void(std::string_view key)> toolClick)
+    : toolClick_(std::move(toolClick)) {
+    makeMenus(window);
+    makeToolBar(window);
+    for (const CommandLook& look : commandLooks()) {
+        QAction* const made = makeAction(look, &window);
+        actions_.emplace(look.key, made);
+        QObject::connect(made, &QAction::triggered, made, [this, key = look.key, made] {
+            if (made->isCheckable())
+                made->setChecked(!made->isChecked()); // the program decides what is checked
+            toolClick_(key);
+        });
+        if (look.menu.empty()) {
+            if (look.startsGroup) bar_->addSeparator();
+            if (look.key == paintKey) scalesAction_ = bar_->addWidget(scales_);
+            bar_->addAction(made);
+        } else {
+            QMenu* const menu = menus_.find(look.menu)->second;
+            if (look.startsGroup) menu->addSeparator();
+            menu->addAction(made);
+        }
+    }
+    setShown("MB-Sonic", false);
+}
+
+void MainBars::makeMenus(QMainWindow& window) {
+    for (const auto& [key, text] : {std::pair{"File", "&File"}, {"Setup", "&Setup"}, {"Help", "&Help"}}) {
+        QMenu* const menu = window.menuBar()->addMenu(text);
+        menu->setObjectName(std::string_view(key) == "Setup" ? "ch-setup" : key);
+        menus_.emplace(key, menu);
+    }
+}
+
+void MainBars::makeToolBar(QMainWindow& window) {
+    bar_ = window.addToolBar("Main tool bar");
+    bar_->setObjectName("mainbuttons");
+    bar_->setMovable(false);
+    bar_->setContextMenuPolicy(Qt::PreventContextMenu);
+    bar_->setIconSize({iconPixels, iconPixels});
+    bar_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    scales_ = new QComboBox;
+    scales_->setObjectName(qt(scaleKey));
+    scales_->setAccessibleName("Log scale");
+    scales_->setToolTip("Scale of the logs");
+}
+
+QAction* MainBars::action(std::string_view key) const {
+    if (key == scaleKey) return scalesAction_;
+    if (const auto menu = menus_.find(key); menu != menus_.end()) return menu->second->menuAction();
+    const auto found = actions_.find(key);
+    return found == actions_.end() ? nullptr : found->second;
+}
+
+void MainBars::setEnabled(std::string_view key, bool enabled) {
+    if (QAction* const found = action(key)) found->setEnabled(enabled);
+    if (key == scaleKey) scales_->setEnabled(enabled);
+}
+
+void MainBars::setShown(std::string_view key, bool shown) {
+    if (QAction* const found = action(key)) found->setVisible(shown);
+}
+
+void MainBars::setChecked(std::string_view key, bool checked) {
+    if (QAction* const found = action(key)) found->setChecked(checked);
+}
+
+/// The modes; the notes panel stays as it is.
+void MainBars::uncheckAll() {
+    for (const char* key : {"MB-Review", "MB-Acquire", "MB-CalibTest"}) setChecked(key, false);
+}
+
+void MainBars::setCaption(std::string_view key, std::string_view caption) {
+    if (QAction* const found = action(key)) found->setText(qt(caption));
+}
+
+void MainBars::setSearchPicture(bool searching) {
+    setChecked("Setup-LCUsearch", searching);
+}
+
+void MainBars::fillScales(std::span<const std::string_view> scales) {
+    scales_->clear();
+    for (const std::string_view scale : scales) scales_->addItem(qt(scale));
+    scales_->setCurrentText("1:200");
+}
+
+} // namespace tarvik

@@ -1,0 +1,37 @@
+// The run under review: opened from a run file or a LAS file, shown, closed.
+#pragma once
+
+#include "base/review_log.h"
+#include "program/program.h"
+#include "screens/intro_screen.h"
+#include "screens/link_gate.h"
+
+#include <optional>
+
+namespace tarvik {
+
+class Review {
+  public:
+    Review(Program& program, IntroScreen& screen, LinkGate& gate)
+        : program_(program), screen_(screen), gate_(gate) {}
+
+    /// False when the file cannot be read; the reason has been shown.
+    bool open(const Path& file);
+    void close();
+    /// Draws what is open, or what can be opened. Sets the flag that makes exit ask.
+    void show();
+
+    [[nodiscard]] const ReviewLog* log() const { return log_ ? &*log_ : nullptr; }
+    [[nodiscard]] const Path& file() const { return file_; }
+
+  private:
+    void showEmpty();
+
+    Program& program_;
+    IntroScreen& screen_;
+    LinkGate& gate_;
+    std::optional<ReviewLog> log_;
+    Path file_;
+};
+
+} // namespace tarvik

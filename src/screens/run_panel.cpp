@@ -1,0 +1,180 @@
+#include "screens/run_panel.h"
+
+#include "base/text.h"
+#include "screens/qt_text.h"
+#include "screens/styles.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+constexpr double deepest = 83'886; // metres: how far the depth counter of an LCU reaches
+
+QPushButton* button(const QString& objectName, const QString& text, const QString& tip) {
+    auto* const made = new QPushButton(text);
+    made->setObjectName(objectName);
+    made->setToolTip(tip);
+    return made;
+}
+
+QHBoxLayout* row() {
+    auto* const made = new QHBoxLayout;
+    made->setSpacing(8);
+    return made;
+}
+
+} // namespace
+
+RunPanel::RunPanel(RunPanelActions actions)
+    : actions_(std::move(actions)),
+      order_(new QLabel),
+      file_(roleLabel("quiet")),
+      top_(lineEdit("txttop")),
+      bottom_(lineEdit("txtbottom")),
+      endDistance_(lineEdit("txtenddistance")),
+      depthToSet_(lineEdit("txtsetdepth")),
+      setDepth_(
+          button("comsetdepth", "Set &depth", "Sets the winch depth in the LCU. The winch must stand.")),
+      equipment_(button("comequipment", "&Change\u2026", "Tool, winch and sampling of the next run")),
+      record_(new QCheckBox),
+      start_(button("comstartlogging", "&Start", "Prepares the tool and starts logging (F5)")),
+      stop_(button("comstoplogging", "S&top", "Ends the run and powers the tool down (Esc)")) {
+    setProperty("card", true);
+    order_->setObjectName("lborder");
+    order_->setWordWrap(true);
+    file_->setObjectName("lbfile");
+    file_->setWordWrap(true);
+    record_->setObjectName("chkrecord");
+    start_->setProperty("primary", true);
+    start_->setShortcut(Qt::Key_F5);
+    start_->setMinimumHeight(36);
+    stop_->setMinimumHeight(36);
+    connect(record_, &QCheckBox::toggled, this,
+            [this](bool on) { record_->setText(on ? "&Record data - ON" : "&Record data - OFF"); });
+    connect(start_, &QPushButton::clicked, this, [this] { actions_.start(); });
+    connect(stop_, &QPushButton::clicked, this, [this] { actions_.stop(); });
+    connect(equipment_, &QPushButton::clicked, this, [this] { actions_.chooseEquipment(); });
+
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 12, 16, 16);
+    column->setSpacing(8);
+    auto* const head = row();
+    head->addWidget(order_, 1);
+    head->addWidget(equipment_, 0, Qt::AlignTop);
+    column->addLayout(head);
+    column->addWidget(file_);
+    column->addWidget(makeLimits());
+    column->addWidget(makeDepthSetting());
+    column->addStretch(1);
+    column->addWidget(record_);
+    auto* const buttons = row();
+    buttons->addWidget(start_, 1);
+    buttons->addWidget(stop_, 1);
+    column->addLayout(buttons);
+    setRecording(true);
+    setUnits(DepthUnits::metres);
+    setState(State::noLcu);
+}
+
+QWidget* RunPanel::makeLimits() {
+    auto* const box = new QWidget;
+    auto* const fields = new QHBoxLayout(box);
+    fields->setContentsMargins(0, 0, 0, 0);
+    fields->setSpacing(8);
+    const std::pair<const char*, QLineEdit*> named[]{
+        {"Top", top_}, {"Bottom", bottom_}, {"End distance", endDistance_}};
+    for (const auto& [title, edit] : named) {
+        auto* const field = new Field(title, edit);
+        field->setCheck(numberBetween(edit, edit == endDistance_ ? 0 : -deepest, deepest, true));
+        limitFields_.push_back(field);
+        fields->addWidget(field, 1);
+    }
+    limitFields_[0]->setToolTip("Scans above it are not kept. Empty: no limit.");
+    limitFields_[1]->setToolTip("Scans below it are not kept. Empty: no limit.");
+    limitFields_[2]->setToolTip("The run ends when less than this is left to the end of the interval.");
+    return box;
+}
+
+QWidget* RunPanel::makeDepthSetting() {
+    auto* const box = new QWidget;
+    auto* const line = new QHBoxLayout(box);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(8);
+    depthField_ = new Field("Winch depth", depthToSet_);
+    depthField_->setCheck(numberBetween(depthToSet_, -deepest, deepest, true));
+    line->addWidget(depthField_, 1);
+    line->addWidget(setDepth_, 0, Qt::AlignBottom);
+    const auto set = [this] {
+        const auto metres = depthField_->validate() ? metresIn(*depthToSet_) : std::nullopt;
+        if (metres) actions_.setDepth(*metres);
+    };
+    connect(setDepth_, &QPushButton::clicked, this, set);
+    connect(depthToSet_, &QLineEdit::returnPressed, this, set);
+    return box;
+}
+
+void RunPanel::setUnits(DepthUnits units) {
+    units_ = units;
+    const QString unit = units == DepthUnits::metres ? "m" : "ft";
+    depthField_->setUnit(unit);
+    const char* const names[]{"Top", "Bottom", "To end"};
+    for (std::size_t i = 0; i < limitFields_.size(); ++i) {
+        limitFields_[i]->setTitle(QString("%1, %2").arg(names[i], unit));
+    }
+}
+
+void RunPanel::showOrder(const QString& hole, const QString& tool, const QString& winch,
+                         const QString& sampling) {
+    order_->setText(QString("<b>%1</b><br>%2<br>%3<br>%4")
+                        .arg(hole.toHtmlEscaped(), tool.toHtmlEscaped(), winch.toHtmlEscaped(),
+                             sampling.toHtmlEscaped()));
+}
+
+void RunPanel::showFile(const QString& file) {
+    file_->setText(file);
+    file_->setVisible(!file.isEmpty());
+}
+
+void RunPanel::setState(State state) {
+    const bool idle = state == State::ready || state == State::noLcu;
+    start_->setEnabled(state == State::ready);
+    stop_->setEnabled(state == State::running);
+    stop_->setText(state == State::stopping ? "Stopping\u2026" : "S&top");
+    stop_->setShortcut(state == State::running ? QKeySequence(Qt::Key_Escape) : QKeySequence());
+    setDepth_->setEnabled(state == State::ready);
+    equipment_->setEnabled(idle);
+    for (QLineEdit* const edit : {top_, bottom_, endDistance_, depthToSet_}) edit->setEnabled(idle);
+}
+
+std::optional<RunLimits> RunPanel::limits() {
+    if (!validateAll(limitFields_)) return std::nullopt;
+    return RunLimits{.top = metresIn(*top_),
+                     .bottom = metresIn(*bottom_),
+                     .endDistance = metresIn(*endDistance_).value_or(0)};
+}
+
+bool RunPanel::recording() const {
+    return record_->isChecked();
+}
+
+void RunPanel::setRecording(bool on) {
+    record_->setChecked(!on); // so that the text follows in any case
+    record_->setChecked(on);
+}
+
+std::optional<double> RunPanel::metresIn(const QLineEdit& edit) const {
+    const auto number = parseNumber(plain(edit.text()));
+    if (!number) return std::nullopt;
+    return toMetres(*number, units_);
+}
+
+} // namespace tarvik

@@ -1,0 +1,66 @@
+#include "screens/screen_dialog.h"
+
+#include "screens/theme.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+namespace tarvik {
+
+ScreenDialog::ScreenDialog(const QString& objectName, const QString& title, DesktopMemory& memory,
+                           QWidget* parent)
+    : QDialog(parent), memory_(memory), body_(new QVBoxLayout), buttons_(new QHBoxLayout) {
+    setObjectName(objectName);
+    setWindowTitle(title);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    body_->setSpacing(measure::wide);
+    buttons_->setSpacing(measure::gap);
+    buttons_->addStretch(1);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(measure::margin, measure::margin, measure::margin, measure::wide);
+    column->setSpacing(measure::wide);
+    column->addLayout(body_, 1);
+    column->addLayout(buttons_);
+}
+
+void ScreenDialog::done(int result) {
+    if (placed_) memory_.keepGeometry(*this);
+    QDialog::done(result);
+}
+
+QPushButton* ScreenDialog::addButton(const QString& objectName, const QString& text) {
+    auto* const button = new QPushButton(text);
+    button->setObjectName(objectName);
+    button->setAutoDefault(false);
+    buttons_->addWidget(button);
+    return button;
+}
+
+QPushButton* ScreenDialog::addPrimaryButton(const QString& objectName, const QString& text) {
+    QPushButton* const button = addButton(objectName, text);
+    button->setProperty("primary", true);
+    button->setDefault(true);
+    return button;
+}
+
+QPushButton* ScreenDialog::addSideButton(const QString& objectName, const QString& text) {
+    auto* const button = new QPushButton(text);
+    button->setObjectName(objectName);
+    button->setAutoDefault(false);
+    int leftmost = 0;
+    while (buttons_->itemAt(leftmost)->spacerItem() == nullptr) ++leftmost;
+    buttons_->insertWidget(leftmost, button);
+    return button;
+}
+
+void ScreenDialog::showEvent(QShowEvent* event) {
+    if (!placed_) {
+        placed_ = true;
+        memory_.restoreGeometry(*this);
+    }
+    QDialog::showEvent(event);
+}
+
+} // namespace tarvik

@@ -1,0 +1,88 @@
+#include "screens/screen_operator.h"
+
+#include "base/civil_time.h"
+#include "screens/intro_screen.h"
+#include "screens/notice_strip.h"
+#include "screens/qt_text.h"
+#include "screens/status_panels.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+QMessageBox::Icon boxIcon(Icon icon) {
+    switch (icon) {
+    case Icon::information:
+        return QMessageBox::Information;
+    case Icon::exclamation:
+        return QMessageBox::Warning;
+    case Icon::question:
+        return QMessageBox::Question;
+    case Icon::critical:
+        return QMessageBox::Critical;
+    case Icon::none:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+} // namespace
+
+void ScreenOperator::attach(IntroScreen* screen, const Clock* clock) {
+    screen_ = screen;
+    clock_ = clock;
+    if (screen_ == nullptr) return;
+    for (const Waiting& early : std::exchange(waiting_, {})) notice(early.title, early.text, early.icon);
+}
+
+void ScreenOperator::message(std::string_view title, std::string_view text, Icon icon) {
+    QMessageBox box(boxIcon(icon), qt(title), qt(text), QMessageBox::Ok, screen_);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+Answer ScreenOperator::ask(std::string_view title, std::string_view text, Icon icon) {
+    QMessageBox box(boxIcon(icon), qt(title), qt(text), QMessageBox::Yes | QMessageBox::No, screen_);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes ? Answer::yes : Answer::no;
+}
+
+void ScreenOperator::notice(std::string_view title, std::string_view text, Icon icon) {
+    if (screen_ == nullptr) {
+        waiting_.push_back({std::string(title), std::string(text), icon});
+        return;
+    }
+    screen_->notices().show(title, text, icon, formatDate(clock_->now(), "hh:mm"));
+}
+
+void ScreenOperator::showError(const ErrorReport& error, std::string_view dateTime,
+                               std::string_view errorFile) {
+    if (reports_.error) return reports_.error(error, dateTime, errorFile);
+    notice("Error in " + error.routine, error.description + " See " + std::string(errorFile), Icon::critical);
+}
+
+void ScreenOperator::showOverflow(std::span<const std::string> lines) {
+    if (reports_.overflow) return reports_.overflow(lines);
+    OperatorSide::showOverflow(lines);
+}
+
+void ScreenOperator::beep() {
+    QApplication::beep();
+}
+
+void ScreenOperator::statusText(std::string_view text) {
+    if (screen_ != nullptr) screen_->status().showText(text);
+}
+
+void ScreenOperator::linkPanel(std::string_view text) {
+    if (screen_ != nullptr) screen_->status().showLink(text);
+}
+
+} // namespace tarvik

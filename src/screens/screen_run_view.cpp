@@ -1,0 +1,111 @@
+#include "screens/screen_run_view.h"
+
+#include "screens/qt_text.h"
+
+#include <QLocale>
+
+namespace tarvik {
+
+void ScreenRunView::requestStop() {
+    stop_ = true;
+    screen_.side().run().setState(RunPanel::State::stopping);
+}
+
+RunChoice ScreenRunView::chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) {
+    return parts_.chooseRun(runs, depthRangeText);
+}
+
+bool ScreenRunView::recording() {
+    return screen_.side().run().recording();
+}
+
+void ScreenRunView::setRecording(bool on) {
+    screen_.side().run().setRecording(on);
+}
+
+void ScreenRunView::setEnabled(bool enabled) {
+    parts_.setEnabled(enabled);
+    if (!enabled) screen_.side().run().setState(RunPanel::State::running);
+}
+
+void ScreenRunView::toolButton(std::string_view key, std::string_view caption, bool enabled) {
+    screen_.bars().setShown(key, enabled);
+    screen_.bars().setEnabled(key, enabled);
+    if (!caption.empty()) screen_.bars().setCaption(key, caption);
+}
+
+void ScreenRunView::winchPrompt(std::string_view firstLine, std::string_view secondLine) {
+    screen_.side().instrument().winchPrompt(firstLine, secondLine);
+}
+
+void ScreenRunView::runStarted(const RunHeader& header, const Path& file) {
+    setup_ = header.setup;
+    file_ = file;
+    InstrumentPanel& instrument = screen_.side().instrument();
+    instrument.setUnits(setup_.units);
+    instrument.setDirection(setup_.direction);
+    instrument.showIdle("Waiting for the first scan");
+    screen_.side().run().showFile(recording() ? qt(file.filename().string()) : "No file: recording is off");
+    parts_.started(header);
+}
+
+void ScreenRunView::LCU_ShowLCUCurrent(float milliamps, float volts) {
+    latest_.milliamps = milliamps;
+    latest_.volts = volts;
+    refreshWhenDue();
+}
+
+void ScreenRunView::LCU_ShowDepthSpeed(double depthMetres, double metresPerMinute) {
+    latest_.depth = depthMetres;
+    latest_.speed = metresPerMinute;
+    refreshWhenDue();
+}
+
+void ScreenRunView::LCU_ShowLoggingProgress(const RunProgress& progress) {
+    screen_.status().showTimes(elapsedText(progress.elapsedMinutes),
+                               completionText(progress, setup_.sampling, clock_.now()));
+}
+
+/// Not every model is shown its depth scan by scan: kept scans show it, too.
+void ScreenRunView::scanKept(const KeptScanView& scan) {
+    latest_.kept = scan.number;
+    if (!scan.savedDepth.empty() && !keepingShown_) keepingState(KeepingState::kept, {});
+    LCU_ShowDepthSpeed(scan.depth, scan.speed);
+    parts_.kept(scan);
+}
+
+void ScreenRunView::refreshWhenDue() {
+    if (clock_.tickMs() - refreshedTick_ >= refreshEveryMs) refresh();
+}
+
+void ScreenRunView::refresh() {
+    refreshedTick_ = clock_.tickMs();
+    InstrumentPanel& instrument = screen_.side().instrument();
+    instrument.showCurrent(latest_.milliamps, latest_.volts, parts_.currentLimit());
+    if (latest_.depth) {
+        instrument.showDepth(*latest_.depth);
+        instrument.showSpeed(latest_.speed);
+    }
+    std::error_code unknown;
+    const auto bytes = std::filesystem::file_size(file_, unknown);
+    const QString onFile = unknown ? QString("nothing on file")
+                                   : QLocale::c().formattedDataSize(static_cast<qint64>(bytes), 1,
+                                                                    QLocale::DataSizeTraditionalFormat);
+    instrument.showScans(latest_.kept, onFile);
+}
+
+void ScreenRunView::keepingState(KeepingState state, std::string_view words) {
+    keepingShown_ = true;
+    screen_.side().instrument().showKeeping(state, words);
+}
+
+void ScreenRunView::runEnded(const Path&, long scansWritten) {
+    refresh();
+    InstrumentPanel& instrument = screen_.side().instrument();
+    instrument.setDirection(std::nullopt);
+    instrument.showIdle(scansWritten > 0 ? QString("Run ended, %1 scans on file").arg(scansWritten)
+                                         : QString("Run ended, nothing on file"));
+    parts_.ended();
+}
+
+} // namespace tarvik

@@ -1,0 +1,85 @@
+#include "screens/side_frame.h"
+
+#include "app/program_state.h"
+#include "lcu/lcu_models.h"
+#include "screens/qt_text.h"
+#include "screens/styles.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int wholeWidth = 320;
+
+/// A lamp is a shape and words besides its colour.
+void setLamp(QLabel& lamp, bool on, const QString& words) {
+    setRole(lamp, on ? "good" : "quiet");
+    lamp.setText(QString("%1 %2").arg(QString::fromUtf8(on ? "\u25cf" : "\u25cb"), words));
+}
+
+} // namespace
+
+SideFrame::SideFrame(RunPanelActions runActions, ReviewPanelActions reviewActions)
+    : logo_(new QLabel),
+      lamps_(new QFrame),
+      boxLamp_(new QLabel),
+      powerLamp_(new QLabel),
+      instrument_(new InstrumentPanel),
+      run_(new RunPanel(std::move(runActions))),
+      review_(new ReviewPanel(std::move(reviewActions))) {
+    setObjectName("sideframe");
+    setFixedWidth(wholeWidth);
+    boxLamp_->setObjectName("lblcuok");
+    powerLamp_->setObjectName("lbtoolpower");
+    auto* const lamps = new QHBoxLayout(lamps_);
+    lamps->setContentsMargins(8, 0, 8, 0);
+    lamps->addWidget(boxLamp_);
+    lamps->addStretch(1);
+    lamps->addWidget(powerLamp_);
+
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(8);
+    column->addWidget(logo_, 0, Qt::AlignHCenter);
+    column->addWidget(instrument_);
+    column->addWidget(lamps_);
+    column->addWidget(run_, 1);
+    column->addWidget(review_, 1);
+    logo_->setVisible(false);
+    showLink({});
+    layOut(programMode::review);
+}
+
+void SideFrame::layOut(std::string_view mode) {
+    const bool instruments = mode == programMode::acquire || mode == programMode::demo;
+    instrument_->setVisible(instruments);
+    lamps_->setVisible(instruments || mode == programMode::calibTest);
+    run_->setVisible(mode == programMode::acquire);
+    review_->setVisible(!instruments);
+}
+
+void SideFrame::hideAcquisition() {
+    instrument_->setVisible(false);
+    run_->setVisible(false);
+}
+
+void SideFrame::showLogo(const QPixmap& logo) {
+    logo_->setVisible(!logo.isNull());
+    if (logo.isNull()) return;
+    logo_->setPixmap(logo.scaled(wholeWidth - 16, 72, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+void SideFrame::showLink(const LinkState& link) {
+    const LcuModel* const model = modelNamed(link.model);
+    const bool well = model != nullptr && link.status == model->healthyStatus;
+    setLamp(*boxLamp_, well, model == nullptr ? "No LCU" : qt(link.model) + (well ? " ready" : " not ready"));
+    setLamp(*powerLamp_, link.toolPower, link.toolPower ? "Tool power on" : "Tool power off");
+}
+
+} // namespace tarvik

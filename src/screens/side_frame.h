@@ -1,0 +1,41 @@
+// The side frame: the instrument with the run below it while acquiring, the facts of the run shown while
+// reviewing.
+#pragma once
+
+#include "app/link_state.h"
+#include "screens/instrument_panel.h"
+#include "screens/review_panel.h"
+#include "screens/run_panel.h"
+
+#include <QFrame>
+
+class QLabel;
+
+namespace tarvik {
+
+class SideFrame final : public QFrame {
+  public:
+    SideFrame(RunPanelActions runActions, ReviewPanelActions reviewActions);
+
+    /// By the mode of the program.
+    void layOut(std::string_view mode);
+    void hideAcquisition();
+    void showLogo(const QPixmap& logo);
+    /// The lamps: is the box well, has the tool power?
+    void showLink(const LinkState& link);
+
+    [[nodiscard]] InstrumentPanel& instrument() { return *instrument_; }
+    [[nodiscard]] RunPanel& run() { return *run_; }
+    [[nodiscard]] ReviewPanel& review() { return *review_; }
+
+  private:
+    QLabel* logo_;
+    QFrame* lamps_;
+    QLabel* boxLamp_;
+    QLabel* powerLamp_;
+    InstrumentPanel* instrument_;
+    RunPanel* run_;
+    ReviewPanel* review_;
+};
+
+} // namespace tarvik

@@ -1,0 +1,84 @@
+#include "screens/status_panels.h"
+
+#include "base/text.h"
+#include "screens/qt_text.h"
+#include "screens/styles.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStatusBar>
+
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+QLabel* panel(const char* objectName, const char* role) {
+    auto* const label = roleLabel(role);
+    label->setObjectName(objectName);
+    label->setContentsMargins(8, 2, 8, 2);
+    return label;
+}
+
+} // namespace
+
+StatusPanels::StatusPanels(QStatusBar& bar, std::function<void()> cancelSearch)
+    : text_(panel("lbstatus", "head")),
+      link_(panel("lblink", "")),
+      progress_(new QProgressBar),
+      cancel_(new QPushButton("Cancel search")),
+      times_(panel("LoggingTime", "")),
+      interface_(panel("lbinterface", "quiet")),
+      version_(panel("lbversion", "quiet")) {
+    bar.setSizeGripEnabled(false);
+    progress_->setObjectName("pgsearch");
+    progress_->setFixedWidth(160);
+    progress_->setTextVisible(false);
+    cancel_->setObjectName("comcancelsearch");
+    QObject::connect(cancel_, &QPushButton::clicked, cancel_,
+                     [cancelled = std::move(cancelSearch)] { cancelled(); });
+    bar.addWidget(text_);
+    bar.addWidget(link_);
+    bar.addWidget(progress_);
+    bar.addWidget(cancel_);
+    bar.addWidget(times_, 1);
+    bar.addPermanentWidget(interface_);
+    bar.addPermanentWidget(version_);
+    showSearch(false);
+}
+
+void StatusPanels::showText(std::string_view text) {
+    text_->setText(qt(text));
+}
+
+void StatusPanels::showLink(std::string_view text) {
+    link_->setText(qt(text));
+}
+
+void StatusPanels::showTimes(std::string_view elapsed, std::string_view completion) {
+    times_->setText(qt(elapsed) + qt(completion));
+}
+
+void StatusPanels::showInterface(const InterfaceDisplay& display) {
+    interface_->setText(qt(display.label));
+}
+
+void StatusPanels::showVersion(std::string_view label) {
+    version_->setText(qt(label));
+}
+
+void StatusPanels::showProgress(int percent) {
+    progress_->setVisible(percent < 88);
+    progress_->setRange(0, 100);
+    progress_->setValue(percent);
+}
+
+void StatusPanels::showSearch(bool searching) {
+    progress_->setRange(0, 0);
+    progress_->setVisible(searching);
+    cancel_->setVisible(searching);
+}
+
+} // namespace tarvik
