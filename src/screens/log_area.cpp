@@ -2,6 +2,7 @@
 
 #include "screens/styles.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedLayout>
@@ -31,7 +32,11 @@ LogArea::LogArea()
     column->setSpacing(16);
     column->addStretch(2);
     column->addWidget(headline_);
-    column->addWidget(text_, 0, Qt::AlignHCenter);
+    auto* const textRow = new QHBoxLayout; // an alignment would cost the label its height for the width
+    textRow->addStretch(1);
+    textRow->addWidget(text_);
+    textRow->addStretch(1);
+    column->addLayout(textRow);
     column->addLayout(steps_);
     column->addStretch(3);
     pages_->addWidget(empty);

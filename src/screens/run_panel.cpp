@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -64,8 +65,10 @@ RunPanel::RunPanel(RunPanelActions actions)
     connect(stop_, &QPushButton::clicked, this, [this] { actions_.stop(); });
     connect(equipment_, &QPushButton::clicked, this, [this] { actions_.chooseEquipment(); });
 
-    auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 12, 16, 16);
+    // The fields scroll on a small screen; the switch and the buttons always stay in reach.
+    auto* const fields = new QWidget;
+    auto* const column = new QVBoxLayout(fields);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(8);
     auto* const head = row();
     head->addWidget(order_, 1);
@@ -75,11 +78,21 @@ RunPanel::RunPanel(RunPanelActions actions)
     column->addWidget(makeLimits());
     column->addWidget(makeDepthSetting());
     column->addStretch(1);
-    column->addWidget(record_);
+    auto* const scrolled = new QScrollArea;
+    scrolled->setWidget(fields);
+    scrolled->setWidgetResizable(true);
+    scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scrolled->setMinimumHeight(120);
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins(16, 12, 16, 12);
+    whole->setSpacing(8);
+    whole->addWidget(scrolled, 1);
+    whole->addWidget(record_);
     auto* const buttons = row();
     buttons->addWidget(start_, 1);
     buttons->addWidget(stop_, 1);
-    column->addLayout(buttons);
+    whole->addLayout(buttons);
     setRecording(true);
     setUnits(DepthUnits::metres);
     setState(State::noLcu);

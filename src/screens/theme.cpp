@@ -89,6 +89,7 @@ QLineEdit:disabled, QComboBox:disabled { background: @ground; color: @quiet; }
 QHeaderView::section { background: @ground; color: @quiet; border: none; border-bottom: 1px solid @line;
                        padding: 6px 8px; font-weight: 600; }
 QTableView, QTreeView { gridline-color: @ground; alternate-background-color: @ground; }
+QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }
 QFrame[card="true"] { background: @surface; border: 1px solid @line; border-radius: 6px; }
 QLabel[role="title"] { font-size: 14pt; font-weight: 600; }
 QLabel[role="head"] { font-size: 11pt; font-weight: 600; }
