@@ -86,6 +86,7 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
     review_ = std::make_unique<Review>(program_, *screen, gate_);
     screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *acquisition_);
     operator_.attach(screen.get(), &program_.clock);
+    program_.lcu.setWatcher(&screen->side());
     return screen;
 }
 

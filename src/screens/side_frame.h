@@ -2,7 +2,7 @@
 // reviewing.
 #pragma once
 
-#include "app/link_state.h"
+#include "lcu/lcu_commands.h"
 #include "screens/instrument_panel.h"
 #include "screens/review_panel.h"
 #include "screens/run_panel.h"
@@ -13,7 +13,7 @@ class QLabel;
 
 namespace tarvik {
 
-class SideFrame final : public QFrame {
+class SideFrame final : public QFrame, public LinkWatcher {
   public:
     SideFrame(RunPanelActions runActions, ReviewPanelActions reviewActions);
 
@@ -23,6 +23,7 @@ class SideFrame final : public QFrame {
     void showLogo(const QPixmap& logo);
     /// The lamps: is the box well, has the tool power?
     void showLink(const LinkState& link);
+    void linkChanged(const LinkState& link) override { showLink(link); }
 
     [[nodiscard]] InstrumentPanel& instrument() { return *instrument_; }
     [[nodiscard]] RunPanel& run() { return *run_; }
