@@ -117,11 +117,16 @@ bool LoggingRun::mayAppend(const Path& latest) {
 
 /// The header on file stays as it is and goes on naming the earlier calibrations.
 void LoggingRun::sayRecalibrated(const RunHeader& onFile) {
+    std::string names;
     for (const std::string& name : recalibratedChannels(run_.header, onFile)) {
-        modules_.log.red("Calibration of " + name +
-                         " NOT the same as latest run file, which names the earlier one only. "
-                         "Start a new run if the values have to agree.");
+        names += (names.empty() ? "" : ", ") + name;
     }
+    if (names.empty()) return;
+    const std::string said = "Calibration of " + names +
+                             " NOT the same as latest run file, which names the earlier one only. "
+                             "Start a new run if the values have to agree.";
+    modules_.log.red(said);
+    modules_.operatorSide.notice("Check previous run", said, Icon::exclamation);
 }
 
 /// The deviation tool shows the hole from the start of the file, and its way goes on where the latest run

@@ -195,8 +195,9 @@ TEST(DeviationPath, AnAppendGoesOnWithTheWay) {
 
         run.rig.calibrate("Mag X", {0, 2});
         ASSERT_EQ(append(), RunResult::finished);
-        EXPECT_NE(testing::PrintToString(run.rig.lines.lines).find("Calibration of Mag X NOT the same"),
-                  std::string::npos);
+        EXPECT_NE(
+            testing::PrintToString(run.rig.operatorSide.shown).find("Calibration of Mag X NOT the same"),
+            std::string::npos);
         EXPECT_NEAR(apart({run.last("East"), run.last("North")}, before), 2 * steps, 0.03);
         run.rig.calibrate("East", {0, 100});
         EXPECT_EQ(append(), RunResult::notStarted);
