@@ -1,5 +1,6 @@
 #include "program/program.h"
 
+#include "base/failure.h"
 #include "platform/serial_devices.h"
 
 namespace tarvik {
@@ -62,6 +63,7 @@ Program::Program(const ProgramOptions& options, const Shell& theShell)
       calibrations(errors, files, log, shell.operatorSide, clock, places.programFolder),
       equipment(errors, files, log, shell.operatorSide, calibrations, places.programFolder),
       runReader(errors, log, files),
+      lasReader(errors, log, shell.operatorSide, files),
       runWriter(errors, files),
       lasExport(errors, files),
       hooks(connectHooks()),
@@ -73,6 +75,19 @@ Program::Program(const ProgramOptions& options, const Shell& theShell)
       commands(frame, modes, shutDown, developerBackup, shell.window, shell.display),
       startUp(frame, commands, shell.window, shell.display, errorLog, system) {
     fillProgramFolder(places, files);
+    findEquipment(options.onlyReview);
+}
+
+/// Reviewing needs no equipment, but an operator who goes logging with this machine should know.
+void Program::findEquipment(bool onlyReview) {
+    try {
+        requireMakersEquipment(places, files);
+    } catch (const Failure& missing) {
+        if (!onlyReview) throw;
+        shell.operatorSide.notice("Equipment",
+                                  std::string(missing.what()) + ". Reviewing goes on; logging needs it.",
+                                  Icon::exclamation);
+    }
 }
 
 FrameHooks Program::connectHooks() {

@@ -20,6 +20,7 @@
 #include "app/stored_settings.h"
 #include "equipment/calibration_history.h"
 #include "equipment/tool_winch_data.h"
+#include "files/las_reader.h"
 #include "files/run_file_reader.h"
 #include "files/run_file_writer.h"
 #include "lcu/lcu_commands.h"
@@ -49,6 +50,7 @@ struct ProgramOptions {
     std::array<std::optional<std::string>, 4> ports; ///< devices of COM1 to COM4
     std::optional<Path> traceFile;                   ///< transcript of the serial line
     bool trapErrors = true;
+    bool onlyReview = false; ///< without the maker's equipment database, which reviewing does not need
 };
 
 /// What stands before the operator. The parts that are not brought show nothing.
@@ -63,7 +65,8 @@ struct Shell {
 
 class Program {
   public:
-    /// Throws a Failure when the program has no place to live or its equipment database is missing.
+    /// Throws a Failure when the program has no place to live or, unless it only reviews, its
+    /// equipment database is missing.
     Program(const ProgramOptions& options, const Shell& shell);
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
@@ -93,6 +96,7 @@ class Program {
     CalibrationHistory calibrations;
     ToolWinchData equipment;
     RunFileReader runReader;
+    LasFileReader lasReader;
     RunFileWriter runWriter;
     LasExport lasExport;
 
@@ -106,6 +110,7 @@ class Program {
 
   private:
     [[nodiscard]] FrameHooks connectHooks();
+    void findEquipment(bool onlyReview);
 };
 
 } // namespace tarvik
