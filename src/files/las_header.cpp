@@ -29,6 +29,10 @@ std::size_t lineNumber(std::string_view text, std::size_t at) {
     throw LasRefusal("line " + std::to_string(line) + ": " + reason);
 }
 
+std::string inQuotes(std::string_view text) {
+    return "\"" + std::string(text) + "\"";
+}
+
 /// Finds keys one behind the other: each search begins at the colon of the key before.
 class KeySearch {
   public:
@@ -48,6 +52,7 @@ class KeySearch {
         const std::size_t colon = following(":", space, key);
         position_ = colon;
         before_ = key;
+        lineBefore_ = lineOf(at);
         return {block_.substr(point + 1, space - point - 1), block_.substr(space, colon - space),
                 lineNumber(block_, at)};
     }
@@ -58,6 +63,7 @@ class KeySearch {
         if (at == npos) refuseMissing(section);
         position_ = at;
         before_ = section;
+        lineBefore_ = lineOf(at);
         return at;
     }
 
@@ -67,7 +73,7 @@ class KeySearch {
     std::size_t following(std::string_view mark, std::size_t at, std::string_view key) const {
         const std::size_t found = block_.find(mark, at);
         if (found == npos) {
-            refuse(lineOf(at), "\"" + std::string(key) + "\" has no \"" + std::string(mark) + "\" behind it");
+            refuse(lineOf(at), inQuotes(key) + " has no " + inQuotes(mark) + " behind it");
         }
         return found;
     }
@@ -81,11 +87,15 @@ class KeySearch {
     }
 
     [[noreturn]] void refuseMissing(std::string_view key) const {
-        const std::string name = "\"" + std::string(key) + "\"";
+        const std::string name = inQuotes(key);
         const std::size_t here = lineOf(position_);
+        if (!before_.empty() && here != lineBefore_) {
+            refuse(lineBefore_, inQuotes(before_) +
+                                    " has no blank and colon in its line; the next ones are in line " +
+                                    std::to_string(here) + ", and " + name + " is not behind them");
+        }
         const std::string place =
-            before_.empty() ? ""
-                            : " behind \"" + std::string(before_) + "\" (line " + std::to_string(here) + ")";
+            before_.empty() ? "" : " behind " + inQuotes(before_) + " (line " + std::to_string(here) + ")";
         if (const std::size_t line = lineWith(key); line != 0)
             refuse(line, name + " is out of place, it must stand" + place);
         refuse(here, name + " is missing" + place +
@@ -96,6 +106,7 @@ class KeySearch {
     bool wholeFile_;
     std::size_t position_ = 0;
     std::string_view before_; ///< what was found last
+    std::size_t lineBefore_ = 0;
 };
 
 // --- what the keys say -------------------------------------------------------------------------------------
