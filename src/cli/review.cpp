@@ -6,7 +6,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr std::int64_t longLoadingMs = 1000; ///< a shorter one shows no progress
+constexpr std::int64_t longLoadingMs = 300; ///< a shorter one shows no progress
 
 ProgramOptions reviewOptions(const Arguments& arguments) {
     ProgramOptions options = programOptions(arguments);
@@ -38,8 +38,10 @@ std::optional<ReviewLog> Review::open(const Path& file) {
         if (now - start < longLoadingMs) return;
         terminal_.lines().progress(std::string(text) + "  " + std::to_string(percent) + " %", now);
     };
-    if (program_.files.exists(file) && isLasFile(program_.files, file)) return openLas(file, progress);
-    return program_.runReader.Tarvikfileopen(file, progress);
+    const bool las = program_.files.exists(file) && isLasFile(program_.files, file);
+    auto log = las ? openLas(file, progress) : program_.runReader.Tarvikfileopen(file, progress);
+    terminal_.lines().endProgress();
+    return log;
 }
 
 std::optional<ReviewLog> Review::openLas(const Path& file, const Progress& progress) {

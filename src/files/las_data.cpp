@@ -29,12 +29,11 @@ class LasDataLoader {
 
     void load(LasLines& lines, const Progress& progress) {
         LasLine line;
-        std::uint64_t told = 0;
+        int told = -1;
         while (lines.next(line)) {
-            if (progress && lines.position() != told) {
-                told = lines.position();
-                progress(static_cast<int>(told * 100 / lines.fileSize()), "Loading data values from file");
-            }
+            const int percent = static_cast<int>(lines.position() * 100 / lines.fileSize());
+            if (progress && percent != told) progress(percent, "Loading data values from file");
+            told = percent;
             takeLine(line);
         }
         if (wrapped_.inRow()) dropFragment(wrapped_.firstLine(), 0);
