@@ -7,15 +7,37 @@
 namespace tarvik {
 
 bool Review::open(const Path& file) {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    auto log = program_.runReader.Tarvikfileopen(file);
-    QApplication::restoreOverrideCursor();
+    auto log = read(file);
     if (!log) return false;
     log_ = std::move(log);
     file_ = file;
     program_.state.runFileName = file.filename().string();
     show();
     return true;
+}
+
+/// A LAS file that is refused can be read tolerantly: every repair is then in the event log.
+std::optional<ReviewLog> Review::read(const Path& file) {
+    const bool las = program_.errors.run("Review open", false, [&](Level&) {
+        return isLasFile(program_.files, file);
+    });
+    if (!las) return program_.runReader.Tarvikfileopen(file, progress());
+    if (auto log = program_.lasReader.LASfileopen(file, progress())) return log;
+    if (program_.frame.operatorSide.ask("LAS file",
+                                        "The file does not follow LAS 2.0 to the letter. The event log says where.\n"
+                                        "Read it tolerantly? Each repair is listed, no value is invented.",
+                                        Icon::question) == Answer::no) {
+        return std::nullopt;
+    }
+    return program_.lasReader.openTolerantly(file, progress());
+}
+
+Progress Review::progress() {
+    return [this](int percent, std::string_view words) {
+        screen_.status().showText(words);
+        screen_.status().showProgress(percent);
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    };
 }
 
 void Review::close() {

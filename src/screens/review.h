@@ -25,6 +25,8 @@ class Review {
     [[nodiscard]] const Path& file() const { return file_; }
 
   private:
+    [[nodiscard]] std::optional<ReviewLog> read(const Path& file);
+    [[nodiscard]] Progress progress();
     void showEmpty();
 
     Program& program_;
