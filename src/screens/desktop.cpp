@@ -83,7 +83,7 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
                                       .exportLas = [this] { openScreen("frmLASexport"); },
                                       .calibrations = [this] { openScreen("frmCalibrations"); }}});
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
-    review_ = std::make_unique<Review>(program_, *screen, gate_);
+    review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
     screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *acquisition_);
     operator_.attach(screen.get(), &program_.clock);
     program_.lcu.setWatcher(&screen->side());

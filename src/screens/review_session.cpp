@@ -1,4 +1,4 @@
-#include "screens/review.h"
+#include "screens/review_session.h"
 
 #include "screens/qt_text.h"
 
@@ -6,7 +6,7 @@
 
 namespace tarvik {
 
-bool Review::open(const Path& file) {
+bool ReviewSession::open(const Path& file) {
     auto log = read(file);
     if (!log) return false;
     log_ = std::move(log);
@@ -17,7 +17,7 @@ bool Review::open(const Path& file) {
 }
 
 /// A LAS file that is refused can be read tolerantly: every repair is then in the event log.
-std::optional<ReviewLog> Review::read(const Path& file) {
+std::optional<ReviewLog> ReviewSession::read(const Path& file) {
     const bool las = program_.errors.run("Review open", false, [&](Level&) {
         return isLasFile(program_.files, file);
     });
@@ -32,7 +32,7 @@ std::optional<ReviewLog> Review::read(const Path& file) {
     return program_.lasReader.openTolerantly(file, progress());
 }
 
-Progress Review::progress() {
+Progress ReviewSession::progress() {
     return [this](int percent, std::string_view words) {
         screen_.status().showText(words);
         screen_.status().showProgress(percent);
@@ -40,7 +40,7 @@ Progress Review::progress() {
     };
 }
 
-void Review::close() {
+void ReviewSession::close() {
     log_.reset();
     file_.clear();
     program_.state.runFileName.clear();
@@ -48,7 +48,7 @@ void Review::close() {
     show();
 }
 
-void Review::show() {
+void ReviewSession::show() {
     screen_.side().review().showRun(log(), qt(file_.filename().string()));
     screen_.bars().setEnabled("MB-Details", log_.has_value());
     screen_.bars().setEnabled("MB-Paint", log_.has_value());
@@ -59,7 +59,7 @@ void Review::show() {
     screen_.logs().showPicture();
 }
 
-void Review::showEmpty() {
+void ReviewSession::showEmpty() {
     const auto command = [this](const char* key) {
         return [this, key] { program_.commands.toolClick(key); };
     };
