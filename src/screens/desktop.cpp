@@ -96,8 +96,12 @@ RunViewParts Desktop::runViewParts() {
                             std::string_view range) { return screens_->chooseRun(runs, range); },
         .setEnabled = [this](bool on) { program_.commands.setControls(on ? "ENABLE" : "DISABLE"); },
         .currentLimit = [this] { return program_.equipment.currentTool().record.get(tool::maximumCurrent); },
-        .started = [](const RunHeader&) {},
-        .kept = [](const KeptScanView&) {},
+        .started =
+            [this](const RunHeader& header) {
+                screen().live().setRun(header);
+                screen().logs().showPage(&screen().live());
+            },
+        .shown = [this](const CurrentScan& scan) { screen().live().showScan(scan); },
         .ended = [] {}};
 }
 

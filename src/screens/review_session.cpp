@@ -9,6 +9,7 @@ namespace tarvik {
 bool ReviewSession::open(const Path& file) {
     auto log = read(file);
     if (!log) return false;
+    screen_.values().setLog(nullptr);
     log_ = std::move(log);
     file_ = file;
     program_.state.runFileName = file.filename().string();
@@ -18,15 +19,15 @@ bool ReviewSession::open(const Path& file) {
 
 /// A LAS file that is refused can be read tolerantly: every repair is then in the event log.
 std::optional<ReviewLog> ReviewSession::read(const Path& file) {
-    const bool las = program_.errors.run("Review open", false, [&](Level&) {
-        return isLasFile(program_.files, file);
-    });
+    const bool las =
+        program_.errors.run("Review open", false, [&](Level&) { return isLasFile(program_.files, file); });
     if (!las) return program_.runReader.Tarvikfileopen(file, progress());
     if (auto log = program_.lasReader.LASfileopen(file, progress())) return log;
-    if (program_.frame.operatorSide.ask("LAS file",
-                                        "The file does not follow LAS 2.0 to the letter. The event log says where.\n"
-                                        "Read it tolerantly? Each repair is listed, no value is invented.",
-                                        Icon::question) == Answer::no) {
+    if (program_.frame.operatorSide.ask(
+            "LAS file",
+            "The file does not follow LAS 2.0 to the letter. The event log says where.\n"
+            "Read it tolerantly? Each repair is listed, no value is invented.",
+            Icon::question) == Answer::no) {
         return std::nullopt;
     }
     return program_.lasReader.openTolerantly(file, progress());
@@ -41,6 +42,7 @@ Progress ReviewSession::progress() {
 }
 
 void ReviewSession::close() {
+    screen_.values().setLog(nullptr);
     log_.reset();
     file_.clear();
     program_.state.runFileName.clear();
@@ -56,7 +58,8 @@ void ReviewSession::show() {
     screen_.bars().setEnabled("MB-Print", log_.has_value());
     if (!log_) return showEmpty();
     program_.state.exitConfirmation = true;
-    screen_.logs().showPicture();
+    screen_.values().setLog(log());
+    screen_.logs().showPage(&screen_.values());
 }
 
 void ReviewSession::showEmpty() {
