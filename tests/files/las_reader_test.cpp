@@ -132,7 +132,8 @@ TEST(LasReader, KeepsFiftyCurvesAndTwentyChannels) {
     ASSERT_EQ(log->channels.size(), 20U);
     EXPECT_EQ(log->channels.back().name, "C20");
     EXPECT_EQ(log->channels.back().values.front(), 20);
-    EXPECT_THAT(log->las->findings, IsEmpty());
+    EXPECT_THAT(log->las->findings,
+                ElementsAre(HasSubstr("line 13: the first 20 channels of 299 are loaded")));
 }
 
 /// Searched are the first 20,000 characters, and 20,000 from the curve section on.
@@ -178,6 +179,40 @@ TEST(LasReader, ReadsToTheLimitOfStepsInBlocks) {
                     ElementsAre(HasSubstr("line 80017 and 2 more (80018, 80019): row not read")));
         EXPECT_THAT(las.viewer.lines.at(0), HasSubstr("too many data points for array"));
     }
+}
+
+/// Wherever the border between two blocks falls in a line's end.
+TEST(LasLines, AreTheSameWhereverABlockEnds) {
+    for (const std::string end : {"\n", "\r", "\r\n"}) {
+        for (std::size_t before = LasLines::blockBytes - 3; before < LasLines::blockBytes + 2; ++before) {
+            LasFiles las;
+            las.files.put(lasFile, std::string(before, 'x') + end + end + "b" + end);
+            LasLines lines(las.files, lasFile);
+            std::vector<std::string> read;
+            for (LasLine line; lines.next(line);) {
+                EXPECT_EQ(line.number, read.size() + 1);
+                EXPECT_TRUE(line.ended);
+                read.push_back(line.tooLong ? std::string(before, 'x') : std::string(line.text));
+            }
+            EXPECT_EQ(read, (std::vector<std::string>{std::string(before, 'x'), "", "b"})) << before;
+        }
+    }
+}
+
+TEST(LasLines, JoinSurrogatePairsOfUtf16AndReplaceHalves) {
+    LasFiles las;
+    las.files.put(lasFile, std::string_view("\x3D\xD8\x00\xDE"
+                                            "a\0"
+                                            "\x3D\xD8"
+                                            "b\0"
+                                            "\x00\xDE",
+                                            12));
+    LasLines lines(las.files, lasFile, 0, 1, TextEncoding::utf16le);
+    LasLine line;
+    ASSERT_TRUE(lines.next(line));
+    EXPECT_EQ(line.text, "\U0001F600"
+                         "a\uFFFD"
+                         "b\uFFFD");
 }
 
 TEST(LasReader, ALineWithoutEndDoesNotFillTheMemory) {
