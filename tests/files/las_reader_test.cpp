@@ -3,6 +3,7 @@
 
 #include "files/las_cases.h"
 #include "files/run_files.h"
+#include "lcu/counting_new.h"
 
 #include "base/number_picture.h"
 #include "base/text.h"
@@ -223,6 +224,22 @@ TEST(LasReader, ALineWithoutEndDoesNotFillTheMemory) {
     ASSERT_TRUE(log);
     EXPECT_EQ(rowsOf(*log), "2(11,21)");
     EXPECT_THAT(log->las->findings, ElementsAre(HasSubstr("line 17: line of more than")));
+}
+
+/// Rows are counted, repaired and stored without memory of their own: only the arrays grow, by doubling.
+TEST(LasReader, RowsAllocateNothingHoweverOdd) {
+    std::string odd = sound();
+    replace(odd, "1 10 20\n2 11 21\n", "");
+    for (int i = 0; i < 9000; ++i) odd += "1,5 -999.25-7.5\nx (null)\n2 1,5 2\n# comment\n3\n";
+    LasFiles las;
+    las.files.put(lasFile, odd);
+    const long before = test::allocationsSoFar();
+    const auto log = las.las.openTolerantly(lasFile);
+    const long allocated = test::allocationsSoFar() - before;
+    ASSERT_TRUE(log);
+    EXPECT_EQ(log->steps(), 27000U);
+    EXPECT_GT(allocated, 0);
+    EXPECT_LT(allocated, 1000);
 }
 
 /// What the quick path reads is what the general parser reads, to the last bit.
