@@ -113,6 +113,8 @@ TEST(LasReader, KeepsWhatTheHeaderSays) {
                             LasCurveEntry{"B", "OHM", "3 b"}));
     EXPECT_EQ(text.substr(facts.dataStart, 2), "~A");
     EXPECT_EQ(log->header.hole.prospect, "North");
+    ASSERT_EQ(log->header.channels.size(), log->channels.size());
+    EXPECT_EQ(log->header.channels[0].calibration.state, "") << "neither calibrated nor known not to be";
 }
 
 TEST(LasReader, KeepsFiftyCurvesAndTwentyChannels) {
