@@ -173,8 +173,8 @@ MUTANTS = [
            "mended_.tokens != columns || ", ""),
     Mutant("wrapped rows need not be wrapped alike", "files_tests", "src/files/las_wrapped_rows.cpp",
            "if (inRow() && lineRow_.tokens != layout_[lineInRow_]) drop();", ""),
-    Mutant("feet and metres of one file are never told apart", "files_tests", "src/files/las_units.cpp",
-           "        convert(review, ofIndex, ofStart);\n", ""),
+    Mutant("a conversion takes feet for metres", "files_tests", "src/files/las_units.cpp",
+           "fromMetres(toMetres(depth, from), to)", "fromMetres(toMetres(depth, to), from)"),
     Mutant("a name of 12 characters pushes its column", "processing_tests", "src/processing/las_text.cpp",
            "name.size() <= columnWidth", "name.size() < columnWidth"),
 

@@ -3,6 +3,7 @@
 #include "base/number_picture.h"
 #include "cli/json.h"
 
+#include <cmath>
 #include <iostream>
 
 namespace tarvik {
@@ -17,6 +18,11 @@ std::string channelsJson(const ReviewLog& log) {
         members.raw("calibration", "null");
         return members.inLine();
     });
+}
+
+/// A header can lack its numbers.
+std::string headerNumber(double number) {
+    return std::isfinite(number) ? shortestNumber(number) : "-";
 }
 
 std::string depthText(double depth) {
@@ -57,8 +63,8 @@ void printLasText(const Path& file, const ReviewLog& log) {
               << "LAS        " << formatPicture(facts.version, "0.0#") << "\n"
               << "Hole       " << log.header.hole.holeId << "  (company " << log.header.hole.company << ")\n"
               << "Run        " << log.header.runDate << "\n"
-              << "Header     " << shortestNumber(facts.start) << " to " << shortestNumber(facts.stop)
-              << " by " << facts.stepText << " " << facts.depthUnit
+              << "Header     " << headerNumber(facts.start) << " to " << headerNumber(facts.stop) << " by "
+              << facts.stepText << " " << facts.depthUnit
               << ", no value: " << (facts.hasNull ? facts.nullText : "none") << "\n"
               << "Steps      " << log.steps();
     if (log.steps() > 0) {

@@ -51,6 +51,11 @@ class LasDataLoader {
             review_.channels.push_back(std::move(channel));
             review_.header.channels.push_back(name);
         }
+        if (columns_ > loaded_) {
+            findings_.say(header_.indexLine, "the first " + std::to_string(maxChannels) + " channels of " +
+                                                 std::to_string(columns_ - 1) +
+                                                 " are loaded, the review has room for no more");
+        }
     }
 
     void takeLine(const LasLine& line) {

@@ -11,6 +11,16 @@ namespace {
 
 constexpr std::string_view blanks = " \t";
 
+/// A LAS file tells neither whether a channel is calibrated nor how.
+Calibration unknownCalibration() {
+    Calibration calibration;
+    for (std::string* const text :
+         {&calibration.state, &calibration.fitName, &calibration.identifier, &calibration.date,
+          &calibration.time, &calibration.calibratedBy, &calibration.kind})
+        text->clear();
+    return calibration;
+}
+
 struct FurtherText {
     char section;
     std::string_view key;
@@ -78,6 +88,7 @@ LasCurveEntry lasCurveEntry(std::string_view line) {
 
 RunChannel lasChannel(std::string_view line, const LasCurveEntry& entry, std::size_t number) {
     RunChannel channel;
+    channel.calibration = unknownCalibration();
     channel.name = entry.mnemonic;
     channel.unit = entry.unit;
     const std::string mark = " :  " + std::to_string(number) + "   ";

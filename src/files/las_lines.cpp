@@ -77,18 +77,23 @@ void LasLines::decode(const Bytes& block) {
         hasOddByte_ = false;
         const bool little = encoding_ == TextEncoding::utf16le;
         const auto unit = static_cast<char16_t>(little ? byte << 8 | oddByte_ : oddByte_ << 8 | byte);
-        if (unit >= 0xD800 && unit < 0xDC00) {
-            highSurrogate_ = unit;
-        } else if (unit >= 0xDC00 && unit < 0xE000) {
-            if (highSurrogate_ != 0) {
-                const char32_t high = highSurrogate_ - 0xD800U;
-                appendUtf8(buffer_, 0x10000 + (high << 10) + (unit - 0xDC00U));
-            }
-            highSurrogate_ = 0;
-        } else {
-            appendUtf8(buffer_, unit);
-        }
+        append(unit);
     }
+}
+
+/// Half a surrogate pair by itself is no character.
+void LasLines::append(char16_t unit) {
+    constexpr char32_t noCharacter = 0xFFFD;
+    const bool low = unit >= 0xDC00 && unit < 0xE000;
+    if (low && highSurrogate_ != 0) {
+        appendUtf8(buffer_, 0x10000 + ((highSurrogate_ - 0xD800U) << 10) + (unit - 0xDC00U));
+        highSurrogate_ = 0;
+        return;
+    }
+    if (highSurrogate_ != 0) appendUtf8(buffer_, noCharacter);
+    const bool high = unit >= 0xD800 && unit < 0xDC00;
+    highSurrogate_ = high ? unit : u'\0';
+    if (!high) appendUtf8(buffer_, low ? noCharacter : unit);
 }
 
 /// The rest of the line is read block by block and thrown away.

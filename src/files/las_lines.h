@@ -40,6 +40,7 @@ class LasLines {
     [[nodiscard]] bool atEnd() const { return position_ >= fileSize_; }
     void refill();
     void decode(const Bytes& block);
+    void append(char16_t unit);
     /// Where the line at `at_` ends in the buffer; npos when its end is not there yet.
     std::size_t lineEnd();
     std::size_t nextOf(char end, std::size_t& known) const;

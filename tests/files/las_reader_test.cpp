@@ -3,6 +3,7 @@
 
 #include "files/las_cases.h"
 #include "files/run_files.h"
+#include "lcu/counting_new.h"
 
 #include "base/number_picture.h"
 #include "base/text.h"
@@ -112,6 +113,8 @@ TEST(LasReader, KeepsWhatTheHeaderSays) {
                             LasCurveEntry{"B", "OHM", "3 b"}));
     EXPECT_EQ(text.substr(facts.dataStart, 2), "~A");
     EXPECT_EQ(log->header.hole.prospect, "North");
+    ASSERT_EQ(log->header.channels.size(), log->channels.size());
+    EXPECT_EQ(log->header.channels[0].calibration.state, "") << "neither calibrated nor known not to be";
 }
 
 TEST(LasReader, KeepsFiftyCurvesAndTwentyChannels) {
@@ -132,7 +135,8 @@ TEST(LasReader, KeepsFiftyCurvesAndTwentyChannels) {
     ASSERT_EQ(log->channels.size(), 20U);
     EXPECT_EQ(log->channels.back().name, "C20");
     EXPECT_EQ(log->channels.back().values.front(), 20);
-    EXPECT_THAT(log->las->findings, IsEmpty());
+    EXPECT_THAT(log->las->findings,
+                ElementsAre(HasSubstr("line 13: the first 20 channels of 299 are loaded")));
 }
 
 /// Searched are the first 20,000 characters, and 20,000 from the curve section on.
@@ -180,6 +184,40 @@ TEST(LasReader, ReadsToTheLimitOfStepsInBlocks) {
     }
 }
 
+/// Wherever the border between two blocks falls in a line's end.
+TEST(LasLines, AreTheSameWhereverABlockEnds) {
+    for (const std::string end : {"\n", "\r", "\r\n"}) {
+        for (std::size_t before = LasLines::blockBytes - 3; before < LasLines::blockBytes + 2; ++before) {
+            LasFiles las;
+            las.files.put(lasFile, std::string(before, 'x') + end + end + "b" + end);
+            LasLines lines(las.files, lasFile);
+            std::vector<std::string> read;
+            for (LasLine line; lines.next(line);) {
+                EXPECT_EQ(line.number, read.size() + 1);
+                EXPECT_TRUE(line.ended);
+                read.push_back(line.tooLong ? std::string(before, 'x') : std::string(line.text));
+            }
+            EXPECT_EQ(read, (std::vector<std::string>{std::string(before, 'x'), "", "b"})) << before;
+        }
+    }
+}
+
+TEST(LasLines, JoinSurrogatePairsOfUtf16AndReplaceHalves) {
+    LasFiles las;
+    las.files.put(lasFile, std::string_view("\x3D\xD8\x00\xDE"
+                                            "a\0"
+                                            "\x3D\xD8"
+                                            "b\0"
+                                            "\x00\xDE",
+                                            12));
+    LasLines lines(las.files, lasFile, 0, 1, TextEncoding::utf16le);
+    LasLine line;
+    ASSERT_TRUE(lines.next(line));
+    EXPECT_EQ(line.text, "\U0001F600"
+                         "a\uFFFD"
+                         "b\uFFFD");
+}
+
 TEST(LasReader, ALineWithoutEndDoesNotFillTheMemory) {
     LasFiles las;
     std::string text = sound();
@@ -188,6 +226,22 @@ TEST(LasReader, ALineWithoutEndDoesNotFillTheMemory) {
     ASSERT_TRUE(log);
     EXPECT_EQ(rowsOf(*log), "2(11,21)");
     EXPECT_THAT(log->las->findings, ElementsAre(HasSubstr("line 17: line of more than")));
+}
+
+/// Rows are counted, repaired and stored without memory of their own: only the arrays grow, by doubling.
+TEST(LasReader, RowsAllocateNothingHoweverOdd) {
+    std::string odd = sound();
+    replace(odd, "1 10 20\n2 11 21\n", "");
+    for (int i = 0; i < 9000; ++i) odd += "1,5 -999.25-7.5\nx (null)\n2 1,5 2\n# comment\n3\n";
+    LasFiles las;
+    las.files.put(lasFile, odd);
+    const long before = test::allocationsSoFar();
+    const auto log = las.las.openTolerantly(lasFile);
+    const long allocated = test::allocationsSoFar() - before;
+    ASSERT_TRUE(log);
+    EXPECT_EQ(log->steps(), 27000U);
+    EXPECT_GT(allocated, 0);
+    EXPECT_LT(allocated, 1000);
 }
 
 /// What the quick path reads is what the general parser reads, to the last bit.
