@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tarvik {
 
@@ -43,19 +44,29 @@ class LasDataLoader {
   private:
     void describeChannels() {
         for (std::size_t i = 1; i < loaded_; ++i) {
-            const RunChannel& name = header_.names[i];
-            ReviewChannel channel{.name = name.name, .unit = name.unit, .calibrated = true, .values = {}};
+            RunChannel named = header_.names[i];
+            clearOfMarks(named);
+            ReviewChannel channel{.name = named.name, .unit = named.unit, .calibrated = true, .values = {}};
             for (const auto& [filtered, points] : header_.filters) {
-                if (filtered == name.name) channel.filteredOver = points;
+                if (filtered == named.name) channel.filteredOver = points;
             }
             review_.channels.push_back(std::move(channel));
-            review_.header.channels.push_back(name);
+            review_.header.channels.push_back(std::move(named));
         }
         if (columns_ > loaded_) {
             findings_.say(header_.indexLine, "the first " + std::to_string(maxChannels) + " channels of " +
                                                  std::to_string(columns_ - 1) +
                                                  " are loaded, the review has room for no more");
         }
+    }
+
+    /// Written again, a curve line that begins so would be a comment or a section.
+    void clearOfMarks(RunChannel& named) {
+        const std::size_t clear = std::min(named.name.find_first_not_of("#~ "), named.name.size());
+        if (clear == 0) return;
+        const std::string before = std::exchange(named.name, named.name.substr(clear));
+        findings_.say(0, "the channel \"" + before + "\" is called \"" + named.name +
+                             "\" here: a curve cannot begin with # or ~");
     }
 
     void takeLine(const LasLine& line) {

@@ -121,6 +121,18 @@ TEST(LasRoundTrip, WhatAnImportedFileSaysHoldsUnlessAskedOtherwise) {
     EXPECT_NE(text.find("Speed - 5 pt"), std::string::npos) << "filtered values stay filtered";
 }
 
+/// Found by a fuzzer: a name that reads as a section once what stood before it is cleaned away.
+TEST(LasRoundTrip, NoNameTurnsIntoASectionOrAComment) {
+    Road road;
+    road.exported(run(DepthUnits::metres, 5), {});
+    std::string text = road.files.text("out.las");
+    text.replace(text.find("\r\nSpeed.") + 2, 5, "\x01~A 1");
+    road.files.put("out.las", text);
+    const std::string first = road.again(true);
+    EXPECT_NE(first.find("\r\nA 1."), std::string::npos);
+    EXPECT_EQ(road.again(true), first);
+}
+
 /// The unit of an index that is no depth is neither lost nor turned into another.
 TEST(LasRoundTrip, KeepsAnUnknownUnit) {
     Road road;
