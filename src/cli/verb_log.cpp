@@ -2,6 +2,7 @@
 #include "cli/console_run_view.h"
 #include "cli/terminal.h"
 
+#include "app/sampling_checks.h"
 #include "base/text.h"
 #include "lcu/depth_setting.h"
 #include "lcu/logging_run.h"
@@ -61,7 +62,8 @@ void applyLimits(const Arguments& arguments, RunSetup& setup) {
 /// Throws UsageError for an interval that no box could step by.
 float sampledEvery(const Settings& settings) {
     const bool byDepth = settings.sampling() == Sampling::depth;
-    const Range intervals = byDepth ? Range{1, 10'000} : Range{0.01, 3600};
+    const auto [least, most] = intervalRange(settings.sampling());
+    const Range intervals{least, most};
     if (!intervals.holds(settings.samplingInterval.value())) {
         throw UsageError("the sampling interval must be a number" + intervals.text() +
                          (byDepth ? " centimetres" : " seconds") + " (--interval), not " +
