@@ -84,6 +84,7 @@ QLineEdit, QComboBox, QSpinBox, QDoubleSpinBox { padding: 4px 8px; min-height: 2
 QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QDoubleSpinBox:focus, QPlainTextEdit:focus, QListView:focus,
 QTreeView:focus, QTableView:focus, QTextBrowser:focus { border: 2px solid @accent; }
 QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QDoubleSpinBox:focus { padding: 3px 7px; }
+QComboBox::drop-down { border: none; width: 24px; }
 QLineEdit[wrong="true"] { border: 2px solid @bad; padding: 3px 7px; }
 QLineEdit:disabled, QComboBox:disabled { background: @ground; color: @quiet; }
 QHeaderView::section { background: @ground; color: @quiet; border: none; border-bottom: 1px solid @line;
