@@ -33,7 +33,8 @@ struct TableTexts {
     QString objectName; ///< of the table itself; the filter field's is "txtfilter" and this
     QString title;      ///< over the table, and for screen readers
     QStringList heads;
-    QString empty; ///< shown in place of a table without rows
+    QString empty;       ///< shown in place of a table without rows
+    int wideColumn = -1; ///< takes the room that the others leave; the last one when not said
 };
 
 class FilterTable final : public QWidget {

@@ -90,7 +90,8 @@ QWidget* SetupEquipmentList::buildMakers() {
         {.objectName = named("param%1list"),
          .title = "Models of the maker",
          .heads = {"Code", "Name", "Yours"},
-         .empty = "The maker's database is missing:\n" + qt(modules_.equipment.makerFile().string())},
+         .empty = "The maker's database is missing:\n" + qt(modules_.equipment.makerFile().string()),
+         .wideColumn = 1},
         modules_.memory);
     auto* const edit = lineEdit(named("%1serialnumber"));
     edit->setMaxLength(static_cast<int>(tool::serialNumber.width));

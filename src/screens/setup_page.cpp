@@ -44,6 +44,7 @@ void tell(QLabel& label, const QString& text, const char* role) {
     label.setProperty("role", role);
     label.style()->unpolish(&label);
     label.style()->polish(&label);
+    label.setVisible(!text.isEmpty());
 }
 
 QLabel* copyableLabel(const QString& objectName) {

@@ -36,7 +36,7 @@ class SetupPage : public QWidget {
 
 /// A label that wraps; `role` as the theme names it ("quiet", "good", "warning", "bad"), or nothing.
 [[nodiscard]] QLabel* wrappingLabel(const QString& text, const char* role = "");
-/// Gives a label another text and role.
+/// Gives a label that stands in a layout another text and role; without a text it takes no room.
 void tell(QLabel& label, const QString& text, const char* role);
 /// A text that can be selected and copied, such as a path.
 [[nodiscard]] QLabel* copyableLabel(const QString& objectName);

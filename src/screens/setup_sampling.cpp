@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -107,12 +108,16 @@ QWidget* SetupSampling::buildDepth() {
     scale_ = numberField("txtwinchscalefactor", "Winch scale factor", {},
                          "1.0 leaves the winch's depth counts as they are.");
     scale_->setCheck(numberBetween(editOf(*scale_), 0.0001, 10'000));
-    marker_ = numberField("txtmagneticmarker", "Magnetic marker", {}, "0 without magnetic depth marks.");
+    marker_ = numberField("txtmagneticmarker", "Magnetic marker", {}, "0: no depth marks.");
     marker_->setCheck([this] { return qt(wholeNumberProblem(plain(editOf(*marker_)->text()), 0, 65'535)); });
-    declination_ = numberField("txtdeclination", "Magnetic declination", "degrees",
-                               "Of the deviation tool; east is positive.");
+    declination_ = numberField("txtdeclination", "Magnetic declination", "degrees", "East is positive.");
     declination_->setCheck(numberBetween(editOf(*declination_), -360, 360));
-    for (Field* const field : {scale_, marker_, declination_}) card->body()->addWidget(field);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(measure::wide);
+    row->addWidget(marker_, 1, Qt::AlignTop);
+    row->addWidget(declination_, 1, Qt::AlignTop);
+    card->body()->addWidget(scale_);
+    card->body()->addLayout(row);
     card->body()->addStretch(1);
     connect(unit_, &QButtonGroup::idClicked, this, [this] { showUnits(); });
     return card;

@@ -12,6 +12,7 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <QTest>
 
 namespace tarvik::test {
 
@@ -69,8 +70,10 @@ TEST_F(Setup, AProjectIsMadeInTwoClicksAndKeptWhenThePageIsLeft) {
     press("comnewproject");
     EXPECT_EQ(edit("txtnewproject").accessibleDescription(),
               R"(A name cannot hold any of / \ : * ? " < > |)");
+    screen->show();
     edit("txtnewproject").setText("North");
-    press("comnewproject");
+    QTest::keyClick(&edit("txtnewproject"), Qt::Key_Return);
+    EXPECT_TRUE(screen->isVisible()) << "Enter creates while there is a name to create";
     EXPECT_TRUE(desk.program.files.exists(folder("North")));
     EXPECT_EQ(control<QLabel>(*screen, "lbprojectfolder").text().toStdString(), folder("North").string());
 
