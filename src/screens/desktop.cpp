@@ -22,6 +22,7 @@ Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
       memory_(program_.store),
       gate_(program_.link, program_.state) {
     applyTheme(*qApp, memory_.theme());
+    program_.log.addViewer(events_);
     connectHooks();
     mainTimer_.setInterval(mainTimerMs);
     QObject::connect(&mainTimer_, &QTimer::timeout, [this] { acquisition_->watchDepth(); });
@@ -30,6 +31,8 @@ Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
 /// Notices that come from here on have no screen any more.
 Desktop::~Desktop() {
     program_.lcu.setWatcher(nullptr);
+    program_.log.removeViewer(events_);
+    operator_.setReports({});
     operator_.attach(nullptr, nullptr);
 }
 
@@ -84,7 +87,11 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
                                       .calibrations = [this] { openScreen("frmCalibrations"); }}});
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
     review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
-    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *acquisition_);
+    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, events_);
+    operator_.setReports(
+        {.error = [this](const ErrorReport& error, std::string_view dateTime,
+                         std::string_view file) { screens_->showError(error, dateTime, file); },
+         .overflow = {}});
     operator_.attach(screen.get(), &program_.clock);
     program_.lcu.setWatcher(&screen->side());
     return screen;

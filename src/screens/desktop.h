@@ -55,6 +55,7 @@ class Desktop {
     std::unique_ptr<Display> display_;
     Program program_;
     DesktopMemory memory_;
+    EventLogModel events_;
     LinkGate gate_;
     std::unique_ptr<Acquisition> acquisition_; ///< with the main screen
     std::unique_ptr<ReviewSession> review_;
