@@ -39,6 +39,7 @@ Desktop::~Desktop() {
 bool Desktop::startUp() {
     program_.startUp.Main();
     if (!program_.startUp.formActivate()) return false;
+    window_.setChecked("MB-Review", true);
     review_->show();
     operator_.statusText("Data review mode");
     mainTimer_.start();
@@ -61,7 +62,8 @@ IntroWindowParts Desktop::windowParts() {
             .stopMainTimer = [this] { mainTimer_.stop(); },
             .openHelp = [this] { screens_->open({"help"}); },
             .closeRun = [this] { review_->close(); },
-            .redrawReview = [this] { review_->show(); }};
+            .redrawReview = [this] { review_->show(); },
+            .loadNotes = [this] { loadNotes(); }};
 }
 
 void Desktop::toolClick(std::string_view key) {
@@ -84,7 +86,8 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
                            .review = {.open = [this] { toolClick("MB-Open"); },
                                       .details = [this] { openScreen("frmDetails"); },
                                       .exportLas = [this] { openScreen("frmLASexport"); },
-                                      .calibrations = [this] { openScreen("frmCalibrations"); }}});
+                                      .calibrations = [this] { openScreen("frmCalibrations"); }}},
+        program_.files);
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
     review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
     screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, events_);
@@ -109,7 +112,7 @@ RunViewParts Desktop::runViewParts() {
                 screen().logs().showPage(&screen().live());
             },
         .shown = [this](const CurrentScan& scan) { screen().live().showScan(scan); },
-        .ended = [] {}};
+        .ended = [this] { loadNotes(); }};
 }
 
 // ---- What the frame calls.
@@ -122,6 +125,8 @@ void Desktop::connectHooks() {
     };
     hooks.searchForLcu = [this, search = hooks.searchForLcu] { return searchForLcu(search); };
     hooks.endProcess = [this] { endProcess(); };
+    hooks.printLog = [this](const Path&) { screens_->open({"print"}); };
+    hooks.loadHoleNotes = [this] { loadNotes(); };
 }
 
 bool Desktop::searchForLcu(const std::function<bool()>& search) {
@@ -131,6 +136,10 @@ bool Desktop::searchForLcu(const std::function<bool()>& search) {
     screen().status().showSearch(false);
     acquisition_->show();
     return found;
+}
+
+void Desktop::loadNotes() {
+    screen().notes().load(projectFolder(program_.frame), qt(program_.settings.hole.holeId));
 }
 
 void Desktop::modeShown() {

@@ -43,6 +43,7 @@ class Desktop {
     void toolClick(std::string_view key);
     void openScreen(std::string_view name);
     bool searchForLcu(const std::function<bool()>& search);
+    void loadNotes();
     void modeShown();
     void showAcquire();
     void showDemo();
