@@ -38,4 +38,11 @@ void saveMachineMap(SettingsStore& store, const MachineMap& map) {
     store.commit();
 }
 
+void useDrives(Places& places, const MachineMap& map) {
+    std::map<char, std::string> folders = map.drives;
+    folders.erase('C');
+    places.drives.clear();
+    takeDrives(places, folders);
+}
+
 } // namespace tarvik

@@ -1,11 +1,14 @@
 // A finished run in memory: the review arrays, whatever file they came from.
 #pragma once
 
+#include "base/las_facts.h"
 #include "base/limits.h"
 #include "base/run_header.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvik {
@@ -19,13 +22,18 @@ struct ReviewChannel {
     std::string unit;
     bool calibrated = true; ///< false: the values are counts; say so wherever they are shown or exported
     std::vector<float> values;
+    std::optional<int> filteredOver{}; ///< points of the filter that a LAS file says its values went through
 };
 
 struct ReviewLog {
     RunHeader header;
-    std::vector<double> depth;           ///< in `header.setup.units`, increasing
+    std::vector<double> depth; ///< in `header.setup.units`, increasing
+    /// The index of a LAS file may count something else than metres or feet; its unit, which may be blank,
+    /// then stands here, and `header.setup.units` means nothing.
+    std::optional<std::string> otherDepthUnit;
     std::vector<ReviewChannel> channels; ///< the recorded channels, "Speed" first for a run file
-    // Derived from the scans of a run file; they come besides the 20 recorded channels.
+    std::optional<LasFacts> las;         ///< of a LAS file
+    // Derived from the scans of a run file, empty for a LAS file; they come besides the 20 recorded channels.
     std::vector<double> time; ///< seconds since the first scan
     ReviewChannel current{"Current", "mA", true, {}};
     ReviewChannel voltage{"Voltage", "Volts", true, {}};
@@ -37,6 +45,10 @@ struct ReviewLog {
     bool truncated = false;       ///< more steps than the arrays hold
 
     [[nodiscard]] std::size_t steps() const { return depth.size(); }
+    /// "Metres", "Feet" or the index's own unit.
+    [[nodiscard]] std::string_view depthUnit() const {
+        return otherDepthUnit ? std::string_view(*otherDepthUnit) : depthUnitsText(header.setup.units);
+    }
 };
 
 } // namespace tarvik

@@ -22,19 +22,6 @@ char ansiByte(char32_t point) {
     return found == cp1252High.end() ? '?' : static_cast<char>(0x80 + (found - cp1252High.begin()));
 }
 
-void appendUtf8(std::string& text, char32_t point) {
-    if (point < 0x80) {
-        text += static_cast<char>(point);
-    } else if (point < 0x800) {
-        text += static_cast<char>(0xC0 | (point >> 6));
-        text += static_cast<char>(0x80 | (point & 0x3F));
-    } else {
-        text += static_cast<char>(0xE0 | (point >> 12));
-        text += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-        text += static_cast<char>(0x80 | (point & 0x3F));
-    }
-}
-
 /// Takes one character off the front; a byte that starts no valid sequence is taken alone and reads as
 /// U+FFFD.
 char32_t takeUtf8(std::string_view& text) {
@@ -84,6 +71,32 @@ std::string upperCase(std::string_view text) {
         return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
     });
     return upper;
+}
+
+void appendUtf8(std::string& text, char32_t point) {
+    if (point < 0x80) {
+        text += static_cast<char>(point);
+    } else if (point < 0x800) {
+        text += static_cast<char>(0xC0 | (point >> 6));
+        text += static_cast<char>(0x80 | (point & 0x3F));
+    } else {
+        if (point < 0x10000) {
+            text += static_cast<char>(0xE0 | (point >> 12));
+        } else {
+            text += static_cast<char>(0xF0 | (point >> 18));
+            text += static_cast<char>(0x80 | ((point >> 12) & 0x3F));
+        }
+        text += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+        text += static_cast<char>(0x80 | (point & 0x3F));
+    }
+}
+
+bool isUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::string_view before = text;
+        if (takeUtf8(text) == 0xFFFD && !before.starts_with("\xEF\xBF\xBD")) return false;
+    }
+    return true;
 }
 
 std::string toAnsi(std::string_view utf8) {

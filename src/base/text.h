@@ -14,6 +14,10 @@ namespace tarvik {
 /// ASCII letters changed to capitals, everything else kept.
 [[nodiscard]] std::string upperCase(std::string_view text);
 
+void appendUtf8(std::string& text, char32_t point);
+/// False where some byte cannot be read so.
+[[nodiscard]] bool isUtf8(std::string_view text);
+
 /// A character outside the code page becomes "?"; bytes that are no UTF-8 become "?" too.
 [[nodiscard]] std::string toAnsi(std::string_view utf8);
 /// The five codes that the code page leaves undefined read as the control characters of the same number.

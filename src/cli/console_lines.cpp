@@ -7,9 +7,13 @@
 
 namespace tarvik {
 
-void ConsoleLines::line(std::string_view text) {
-    if (shown_ > 0) out_ << '\r' << std::string(shown_, ' ') << '\r';
+void ConsoleLines::endProgress() {
+    if (shown_ > 0) out_ << '\r' << std::string(shown_, ' ') << '\r' << std::flush;
     shown_ = 0;
+}
+
+void ConsoleLines::line(std::string_view text) {
+    endProgress();
     out_ << text << '\n' << std::flush;
 }
 

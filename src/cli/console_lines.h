@@ -20,6 +20,8 @@ class ConsoleLines {
 
     void line(std::string_view text);
     void progress(std::string_view text, std::int64_t tickMs);
+    /// The line of progress goes from the terminal; what was asked for has come.
+    void endProgress();
 
   private:
     std::ostream& out_;

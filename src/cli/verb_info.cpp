@@ -1,6 +1,7 @@
-// tarvik info: what a run file holds.
+// tarvik info: what a run file or a LAS file holds.
 #include "cli/json.h"
-#include "cli/terminal.h"
+#include "cli/las_description.h"
+#include "cli/review.h"
 
 #include "base/number_picture.h"
 #include "files/run_details.h"
@@ -88,14 +89,15 @@ void printJson(const RunFacts& facts) {
 }
 
 int runInfo(const Arguments& arguments) {
-    const Path file = arguments.only("run file");
-    Terminal terminal;
-    Program program(programOptions(arguments), terminal.shell());
-    RedLines damage(terminal.lines());
-    program.log.addViewer(damage);
-    auto log = program.runReader.Tarvikfileopen(file);
+    const Path file = arguments.only("run or LAS file");
+    Review review(arguments);
+    auto log = review.open(file);
     if (!log) return exitFailed;
-    const RunFacts facts{file, readRunHeader(program.files, file), std::move(*log)};
+    if (log->las) {
+        arguments.has("--json") ? printLasJson(file, *log) : printLasText(file, *log);
+        return exitDone;
+    }
+    const RunFacts facts{file, readRunHeader(review.program().files, file), std::move(*log)};
     if (arguments.has("--json"))
         printJson(facts);
     else
@@ -107,9 +109,9 @@ int runInfo(const Arguments& arguments) {
 
 Verb infoVerb() {
     return {.name = "info",
-            .usage = "info RUN.kvx [--json]",
-            .purpose = "what a run file holds: header, channels, depth range, number of scans",
-            .options = {{"--json", "", "as one JSON object"}},
+            .usage = "info FILE [--json]",
+            .purpose = "what a run file or a LAS file holds: header, channels, depth range, number of scans",
+            .options = {{"--json", "", "as one JSON object"}, tolerantOption()},
             .run = runInfo};
 }
 

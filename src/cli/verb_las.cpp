@@ -1,5 +1,7 @@
-// tarvik las: a run written as a LAS 2.0 file.
-#include "cli/terminal.h"
+// tarvik las: a run or an imported LAS file written as a LAS 2.0 file.
+#include "base/failure.h"
+#include "cli/review.h"
+#include "processing/las_again.h"
 
 #include <iostream>
 
@@ -16,8 +18,8 @@ ChannelFilter filterFrom(const std::string& text) {
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
-LasExportOptions exportOptions(const Arguments& arguments) {
-    LasExportOptions options;
+/// What is not asked for stays as the file has it.
+LasExportOptions exportOptions(const Arguments& arguments, LasExportOptions options) {
     options.start = arguments.number("--start");
     options.stop = arguments.number("--stop");
     options.step = arguments.number("--step");
@@ -25,24 +27,32 @@ LasExportOptions exportOptions(const Arguments& arguments) {
     if (const auto decimals = arguments.whole("--decimals")) options.decimals = *decimals;
     for (const std::string& filter : arguments.all("--filter")) options.filters.push_back(filterFrom(filter));
     options.channels = arguments.all("--channel");
-    options.holeAzimuth = arguments.text("--azimuth").value_or("");
-    options.holeInclination = arguments.text("--inclination").value_or("");
+    if (const auto azimuth = arguments.text("--azimuth")) options.holeAzimuth = *azimuth;
+    if (const auto inclination = arguments.text("--inclination")) options.holeInclination = *inclination;
     return options;
 }
 
+/// What is not loaded (more than 20 channels or 80,000 steps) would be lost for good.
+void refuseItself(const Path& file, const Path& output) {
+    std::error_code notThere;
+    if (std::filesystem::equivalent(file, output, notThere))
+        throw Failure(ErrorNumber::pathFileAccess,
+                      output.string() + ": is the file read. Choose another name.");
+}
+
 int runLas(const Arguments& arguments) {
-    const Path run = arguments.only("run file");
+    const Path file = arguments.only("run or LAS file");
     const auto output = arguments.name("-o");
     if (!output) throw UsageError("-o OUT.las is missing");
-    const LasExportOptions options = exportOptions(arguments);
-    Terminal terminal;
-    Program program(programOptions(arguments), terminal.shell());
-    RedLines damage(terminal.lines());
-    program.log.addViewer(damage);
-    const auto log = program.runReader.Tarvikfileopen(run);
+    std::ignore = exportOptions(arguments, {}); // wrong usage is told before anything is done
+    refuseItself(file, *output);
+    Review review(arguments);
+    const auto log = review.open(file);
     if (!log) return exitFailed;
     const auto show = [](std::string_view line) { std::cerr << line << "\n"; };
-    if (!program.lasExport.Logprintexport_exportLASfile(*log, *output, options, show)) return exitFailed;
+    const LasExportOptions options = exportOptions(arguments, lasOptionsFor(*log));
+    if (!review.program().lasExport.Logprintexport_exportLASfile(*log, *output, options, show))
+        return exitFailed;
     std::cout << *output << "\n";
     return exitDone;
 }
@@ -51,12 +61,16 @@ int runLas(const Arguments& arguments) {
 
 Verb lasVerb() {
     return {.name = "las",
-            .usage = "las RUN.kvx -o OUT.las [options]",
-            .purpose = "write a run as a LAS 2.0 file; prints its path\nDepths are in the run's depth unit.",
-            .options = {{"-o", "FILE", "the LAS file"},
+            .usage = "las FILE -o OUT.las [options]",
+            .purpose =
+                "write a run or a LAS file as a LAS 2.0 file; prints its path\n"
+                "Depths are in the file's depth unit. What a LAS file says of its null value, decimals, "
+                "azimuth and\ninclination holds unless asked otherwise.",
+            .options = {tolerantOption(),
+                        {"-o", "FILE", "the LAS file"},
                         {"--start", "D", "first depth (default: the first on file)"},
                         {"--stop", "D", "last depth (default: the last on file)"},
-                        {"--step", "D", "interpolate to this regular step (default: the steps as logged)"},
+                        {"--step", "D", "interpolate to this regular step (default: the steps as they are)"},
                         {"--null", "V", "what stands for no value (default -999.25)"},
                         {"--decimals", "N", "decimals of the data, 2 to 5 (default 2)"},
                         {"--filter", "NAME=N", "smooth a channel over N points; may be repeated"},

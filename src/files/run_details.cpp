@@ -35,12 +35,21 @@ std::string runText(const RunHeader& header) {
     return text;
 }
 
+std::string holeText(const RunHeader& header) {
+    if (header.project.empty()) return header.hole.holeId;
+    return header.hole.holeId + "  (project " + header.project + ")";
+}
+
+std::string toolText(const EquipmentIdentity& tool) {
+    return tool.code.empty() ? tool.name : tool.code + "  " + tool.name + "  SN-" + tool.serialNumber;
+}
+
 std::string scansText(const ReviewLog& log) {
     std::string text = std::to_string(log.steps());
     if (log.steps() == 0) return text;
     text += ", depth " + formatPicture(log.depth.front(), "###0.00") + " to " +
             formatPicture(log.depth.back(), "###0.00") + " ";
-    text += depthUnitsText(log.header.setup.units);
+    text += log.depthUnit();
     return text;
 }
 
@@ -59,13 +68,13 @@ std::string line(const DetailRow& row) {
 
 std::vector<DetailRow> runSummary(const ReviewLog& log, const Path& file) {
     const RunHeader& header = log.header;
-    std::vector<DetailRow> rows{
-        {"File", file.string()},
-        {"Hole", header.hole.holeId + "  (project " + header.project + ")"},
-        {"Tool", header.tool.code + "  " + header.tool.name + "  SN-" + header.tool.serialNumber},
-        {"Winch", header.winch.name},
-        {"Run", runText(header)},
-        {"Scans", scansText(log)}};
+    std::vector<DetailRow> rows{{"File", file.string()},
+                                {"Hole", holeText(header)},
+                                {"Tool", toolText(header.tool)},
+                                {"Winch", header.winch.name},
+                                {"Run", log.las ? header.runDate : runText(header)},
+                                {"Scans", scansText(log)}};
+    std::erase_if(rows, [](const DetailRow& row) { return trimmed(row.value).empty(); });
     if (log.skippedScans > 0)
         rows.push_back({"Skipped", std::to_string(log.skippedScans) + " without a depth"});
     if (log.partialBytes > 0) {
@@ -80,13 +89,17 @@ std::vector<DetailRow> runRows(const ReviewLog& log, const Path& file) {
     const auto add = [&](const char* title, const std::string& value) {
         if (!trimmed(value).empty()) rows.push_back({title, value});
     };
-    add("Tool mode", std::to_string(header.toolMode) + "  " + header.toolModeName);
-    add("Winch", header.winch.code + "  SN-" + header.winch.serialNumber);
-    add("Depth units", std::string(depthUnitsText(header.setup.units)));
+    if (!log.las) {
+        add("Tool mode", std::to_string(header.toolMode) + "  " + header.toolModeName);
+        add("Winch code", header.winch.code + "  SN-" + header.winch.serialNumber);
+    }
+    add("Depth units", std::string(log.depthUnit()));
     if (!log.time.empty()) add("Duration", durationText(log.time.back() - log.time.front()));
     add("Processing", header.specialKind);
-    add("Data", header.dataState);
-    add("File version", formatPicture(header.versionMajor + header.versionMinor / 100.0, "0.00"));
+    if (!log.las) {
+        add("Data", header.dataState);
+        add("File version", formatPicture(header.versionMajor + header.versionMinor / 100.0, "0.00"));
+    }
     if (log.reversed) add("Order", "logged upwards, shown from the top down");
     if (log.truncated) add("Cut", "the file holds more than the 80000 steps that are shown");
     return rows;

@@ -15,8 +15,8 @@ struct DetailRow {
     std::string value;
 };
 
-/// File, hole, tool, winch, sampling, scans; a line for skipped scans and one for a torn record only when
-/// there are such.
+/// File, hole, tool, winch, sampling, scans, as far as the file says; a line for skipped scans and one for a
+/// torn record only when there are such.
 [[nodiscard]] std::vector<DetailRow> runSummary(const ReviewLog& log, const Path& file);
 
 /// The summary and, behind it, what only a screen has room for: mode, winch in full, duration, what was done

@@ -1,5 +1,6 @@
 #include "lcu/run_order.h"
 
+#include "app/sampling_checks.h"
 #include "base/number_picture.h"
 #include "base/text.h"
 
@@ -33,10 +34,6 @@ float sampledEvery(const Settings& settings) {
 }
 
 } // namespace
-
-IntervalRange intervalRange(Sampling sampling) {
-    return sampling == Sampling::depth ? IntervalRange{1, 10'000} : IntervalRange{0.01, 3600};
-}
 
 RunSetup runSetupFrom(const Settings& settings, const RunLimits& limits) {
     RunSetup setup;

@@ -31,13 +31,6 @@ class BadOrder : public Failure {
     OrderPart part_;
 };
 
-/// The sampling interval is 0.01 to 3600 s, or 1 to 10,000 cm.
-struct IntervalRange {
-    double least;
-    double most;
-};
-[[nodiscard]] IntervalRange intervalRange(Sampling sampling);
-
 /// Throws BadOrder. One limit given leaves the other side open; none given puts no limit to the run.
 [[nodiscard]] RunSetup runSetupFrom(const Settings& settings, const RunLimits& limits);
 /// Throws BadOrder.

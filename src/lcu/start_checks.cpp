@@ -1,8 +1,8 @@
 #include "lcu/start_checks.h"
 
+#include "base/file_names.h"
 #include "lcu/lcu_models.h"
 
-#include <algorithm>
 #include <string>
 
 namespace tarvik {
@@ -22,14 +22,6 @@ Refusal sonicRefusal(const LinkState& link) {
     return {"Sonic tool", "The sonic run of tool K521 is not built yet. Choose another tool."};
 }
 
-/// The hole becomes part of file names.
-bool nameable(std::string_view hole) {
-    constexpr std::string_view forbidden = R"(/\:*?"<>|)";
-    return !hole.empty() && std::ranges::none_of(hole, [&](char c) {
-        return forbidden.find(c) != std::string_view::npos || static_cast<unsigned char>(c) < ' ';
-    });
-}
-
 /// Without a text the run may start.
 Refusal refusalOf(const ToolRecord& tool, const LinkState& link, std::string_view hole) {
     const std::string code = tool.get(tool::code);
@@ -38,7 +30,7 @@ Refusal refusalOf(const ToolRecord& tool, const LinkState& link, std::string_vie
     if (link.demo) return {"Demonstration", "The demonstration run is not built yet. Connect an LCU to log."};
     if (!link.open() || modelNamed(link.model) == nullptr)
         return {"LCU", "No LCU is connected. Search for it first."};
-    if (!nameable(hole)) {
+    if (!canStandInFileName(hole)) { // it becomes part of one
         return {"Hole name", "The hole name \"" + std::string(hole) +
                                  "\" cannot be part of a file name. Change it: it must not be empty nor hold "
                                  "any of / \\ : * ? \" < > |"};

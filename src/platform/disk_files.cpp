@@ -90,6 +90,22 @@ void takeOver(const struct stat& old, const Descriptor& file) {
     std::ignore = ::fchmod(file.number(), old.st_mode & 07777);
 }
 
+/// Sorted; none when there is no such folder.
+template <class Wanted>
+std::vector<std::string> namesIn(const Path& folder, const Wanted& wanted) {
+    std::vector<std::string> names;
+    std::error_code error;
+    fs::directory_iterator at(folder, error);
+    if (error == std::errc::no_such_file_or_directory) return names;
+    for (; !error && at != fs::directory_iterator(); at.increment(error)) {
+        std::error_code unknown;
+        if (wanted(*at, unknown)) names.push_back(at->path().filename().string());
+    }
+    if (error) throw diskFailure(folder, DiskAction::read, error.value());
+    std::ranges::sort(names);
+    return names;
+}
+
 } // namespace
 
 std::ptrdiff_t DiskCalls::write(int descriptor, const void* bytes, std::size_t count) {
@@ -258,19 +274,16 @@ void DiskFiles::createFolder(const Path& folder) {
 }
 
 std::vector<std::string> DiskFiles::list(const Path& folder) const {
-    std::vector<std::string> names;
-    std::error_code error;
-    fs::directory_iterator at(folder, error);
-    if (error == std::errc::no_such_file_or_directory) return names;
-    for (; !error && at != fs::directory_iterator(); at.increment(error)) {
-        std::error_code unknown;
-        std::string name = at->path().filename().string();
-        if (at->is_regular_file(unknown) && !name.starts_with(temporaryPrefix))
-            names.push_back(std::move(name));
-    }
-    if (error) throw diskFailure(folder, DiskAction::read, error.value());
-    std::ranges::sort(names);
-    return names;
+    return namesIn(folder, [](const fs::directory_entry& entry, std::error_code& unknown) {
+        return entry.is_regular_file(unknown) &&
+               !entry.path().filename().string().starts_with(temporaryPrefix);
+    });
+}
+
+std::vector<std::string> DiskFiles::folders(const Path& folder) const {
+    return namesIn(folder, [](const fs::directory_entry& entry, std::error_code& unknown) {
+        return entry.is_directory(unknown);
+    });
 }
 
 } // namespace tarvik

@@ -43,6 +43,7 @@ class DiskFiles final : public Files {
 
     void createFolder(const Path& folder) override;
     [[nodiscard]] std::vector<std::string> list(const Path& folder) const override;
+    [[nodiscard]] std::vector<std::string> folders(const Path& folder) const override;
 
   private:
     void writeThrough(const Path& file, std::span<const std::uint8_t> bytes);

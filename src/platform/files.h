@@ -48,6 +48,8 @@ class Files {
     virtual void createFolder(const Path& folder) = 0;
     /// Names (without the folder) of the files in a folder, sorted; empty when there is no such folder.
     [[nodiscard]] virtual std::vector<std::string> list(const Path& folder) const = 0;
+    /// The same for the folders in it.
+    [[nodiscard]] virtual std::vector<std::string> folders(const Path& folder) const = 0;
 };
 
 /// A text as the bytes that go into a file.

@@ -83,6 +83,13 @@ class MemoryFiles final : public Files {
         }
         return names;
     }
+    [[nodiscard]] std::vector<std::string> folders(const Path& folder) const override {
+        std::vector<std::string> names;
+        for (const Path& at : folders_) {
+            if (at.parent_path() == folder && at != folder) names.push_back(at.filename().string());
+        }
+        return names;
+    }
 
   private:
     [[nodiscard]] const Bytes& content(const Path& file) const {

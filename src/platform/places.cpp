@@ -112,6 +112,9 @@ void fillProgramFolder(const Places& places, Files& files) {
         const Path installed = places.installedData / name;
         if (!files.exists(wanted) && files.exists(installed)) files.copy(installed, wanted);
     }
+}
+
+void requireMakersEquipment(const Places& places, const Files& files) {
     if (const Path equipment = places.programFolder / makersEquipment; !files.exists(equipment)) {
         throw Failure(ErrorNumber::fileNotFound,
                       equipment.string() + ": the maker's equipment file is missing, here and in " +

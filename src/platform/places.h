@@ -47,8 +47,9 @@ void takeDrives(Places& places, const std::map<char, std::string>& folders, cons
 [[nodiscard]] Path installedDataFolder(const Files& files, const Path& executable, Path fallback);
 [[nodiscard]] Path runningExecutable();
 
-/// What a first start copies into the program folder, each file only when it is missing there. Throws a
-/// Failure when the maker's equipment file is in neither place.
+/// What a first start copies into the program folder, each file only when it is missing there.
 void fillProgramFolder(const Places& places, Files& files);
+/// Throws a Failure when the maker's equipment file is not in the program folder.
+void requireMakersEquipment(const Places& places, const Files& files);
 
 } // namespace tarvik

@@ -3,6 +3,7 @@
 #include "base/failure.h"
 #include "base/number_picture.h"
 #include "base/text.h"
+#include "processing/las_again.h"
 #include "processing/log_filter.h"
 #include "processing/log_interpolation.h"
 
@@ -32,7 +33,11 @@ struct DepthChoice {
 DepthChoice chooseDepths(const ReviewLog& log, const LasExportOptions& options) {
     if (log.depth.empty()) refuse("the run holds no depth steps, there is nothing to export");
     const auto [smallest, largest] = std::ranges::minmax(log.depth);
-    const DepthChoice choice{options.start.value_or(smallest), options.stop.value_or(largest), options.step};
+    DepthChoice choice{options.start.value_or(smallest), options.stop.value_or(largest), options.step};
+    if (const auto header = lasHeaderInterval(log); header && !options.step) {
+        choice.start = options.start.value_or(header->start);
+        choice.stop = options.stop.value_or(header->stop);
+    }
     if (!std::isfinite(choice.start) || !std::isfinite(choice.stop)) refuse("start and stop must be numbers");
     if (choice.start > choice.stop) {
         refuse("the start " + shortestNumber(choice.start) + " is greater than the stop " +
@@ -78,10 +83,11 @@ struct Source {
     std::string_view unit;
     bool calibrated;
     const std::vector<float>* values;
+    std::optional<int> filteredOver{};
 };
 
 Source sourceOf(const ReviewChannel& channel) {
-    return {trimmed(channel.name), channel.unit, channel.calibrated, &channel.values};
+    return {trimmed(channel.name), channel.unit, channel.calibrated, &channel.values, channel.filteredOver};
 }
 
 std::vector<Source> recordedSources(const ReviewLog& log) {
@@ -144,6 +150,20 @@ std::vector<std::vector<float>> filteredColumns(std::span<const Source> sources,
     return columns;
 }
 
+/// An imported channel stays as filtered as its file says, whatever is done to it now.
+void noteEarlierFilters(std::span<const Source> sources, std::vector<LasCurve>& curves,
+                        const ExportList& list) {
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+        if (!sources[i].filteredOver) continue;
+        if (curves[i].filter) {
+            tell(list, "Warning: " + curves[i].name + " has been filtered before, over " +
+                           std::to_string(*sources[i].filteredOver) + " points");
+        } else {
+            curves[i].filter = sources[i].filteredOver;
+        }
+    }
+}
+
 // --- to the depths -----------------------------------------------------------------------------------------
 
 void interpolate(LasData& data, std::span<const double> loaded, const DepthSteps& steps) {
@@ -180,14 +200,15 @@ LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options, co
 
     const std::vector<float> time(log.time.begin(), log.time.end());
     const std::vector<Source> sources = chooseSources(log, time, options);
-    LasData data{.well = {.units = log.header.setup.units,
-                          .start = choice.start,
-                          .stop = choice.stop,
-                          .step = 0,
-                          .nullText = options.nullText},
-                 .curves = curvesOf(sources, options),
-                 .depth = {},
-                 .columns = {}};
+    LasData data{
+        .well = {.unit = log.otherDepthUnit.value_or(std::string(lasDepthUnit(log.header.setup.units))),
+                 .start = choice.start,
+                 .stop = choice.stop,
+                 .step = 0,
+                 .nullText = options.nullText},
+        .curves = curvesOf(sources, options),
+        .depth = {},
+        .columns = {}};
     for (const Source& source : sources) {
         if (source.values->size() != log.steps()) {
             refuse("the channel " + std::string(source.name) + " was not loaded whole, open the run again");
@@ -196,13 +217,14 @@ LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options, co
     }
 
     data.columns = filteredColumns(sources, data.curves);
+    noteEarlierFilters(sources, data.curves, list);
     if (steps) {
         tell(list, "Interpolate...");
         interpolate(data, log.depth, *steps);
         data.well.step = steps->step;
     } else {
         select(data, log.depth);
-        data.well.step = evenStep(data.depth);
+        data.well.step = log.las ? lasHeaderStep(*log.las, data.depth) : evenStep(data.depth);
     }
     warnOfRounding(data.well.step, list);
     return data;

@@ -58,7 +58,7 @@ bool LasExport::Logprintexport_exportLASfile(const ReviewLog& log, const Path& f
         LasFile las(files_, file);
         las.text() += lasVersionSection();
         las.text() += lasWellSection(data.well, log.header.hole, log.header.runDate);
-        las.text() += lasCurveSection(data.well.units, data.curves);
+        las.text() += lasCurveSection(data.well.unit, data.curves);
         las.text() += lasFilterNote(data.curves);
         las.text() += lasParameterSection(options.holeAzimuth, options.holeInclination);
         las.text() += lasColumnLine(data.curves);

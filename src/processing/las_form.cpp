@@ -21,7 +21,7 @@ std::string lasStepWarning(std::string_view text) {
     const auto step = parseNumber(text);
     if (!step || !lasStepProblem(text).empty()) return {};
     if (std::abs(*step * 100 - std::round(*step * 100)) <= sameDepth) return {};
-    return "No multiple of 0.01: the depths of the file are rounded.";
+    return "No multiple of 0.01: depths are rounded.";
 }
 
 std::string lasChannelsProblem(const LasExportOptions& options) {

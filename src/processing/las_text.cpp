@@ -65,7 +65,7 @@ std::string lasVersionSection() {
 }
 
 std::string lasWellSection(const LasWell& well, const HoleDetails& hole, std::string_view date) {
-    const std::string_view unit = lasDepthUnit(well.units);
+    const std::string unit = toAnsi(well.unit);
     std::string text = "~Well Information Section\r\n"
                        "#MNEM.UNIT      VALUE/NAME      DESCRIPTION\r\n"
                        "#--------     --------------   ---------------------\r\n";
@@ -84,12 +84,12 @@ std::string lasWellSection(const LasWell& well, const HoleDetails& hole, std::st
     return text;
 }
 
-std::string lasCurveSection(DepthUnits units, std::span<const LasCurve> curves) {
+std::string lasCurveSection(std::string_view depthUnit, std::span<const LasCurve> curves) {
     std::string text = "~CURVE INFORMATION\r\n"
                        "#MNEM.UNIT                               CURVE DESCRIPTION\r\n"
                        "#-------------                           -----------------\r\n";
     std::size_t number = 1;
-    addCurve(text, "Depth", lasDepthUnit(units), number);
+    addCurve(text, "Depth", toAnsi(depthUnit), number);
     for (const LasCurve& curve : curves) addCurve(text, nameOf(curve), toAnsi(trimmed(curve.unit)), ++number);
     return text;
 }

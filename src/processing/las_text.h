@@ -14,7 +14,7 @@
 namespace tarvik {
 
 struct LasWell {
-    DepthUnits units = DepthUnits::metres;
+    std::string unit = "M"; ///< of the depths
     double start = 0;
     double stop = 0;
     double step = 0; ///< 0: no regular step
@@ -33,7 +33,7 @@ struct LasCurve {
 [[nodiscard]] std::string lasVersionSection();
 [[nodiscard]] std::string lasWellSection(const LasWell& well, const HoleDetails& hole, std::string_view date);
 /// The depth curve goes first; `curves` are the channels behind it, numbered from 2.
-[[nodiscard]] std::string lasCurveSection(DepthUnits units, std::span<const LasCurve> curves);
+[[nodiscard]] std::string lasCurveSection(std::string_view depthUnit, std::span<const LasCurve> curves);
 [[nodiscard]] std::string lasFilterNote(std::span<const LasCurve> curves);
 [[nodiscard]] std::string lasParameterSection(std::string_view azimuth, std::string_view inclination);
 /// "~A     Depth" and the names over their columns, which a name of 12 characters fills; a longer one has a

@@ -1,5 +1,6 @@
 #include "program/program.h"
 
+#include "base/failure.h"
 #include "platform/serial_devices.h"
 
 namespace tarvik {
@@ -69,6 +70,7 @@ Program::Program(const ProgramOptions& theOptions, const Shell& theShell, const 
       calibrations(errors, files, log, shell.operatorSide, clock, places.programFolder),
       equipment(errors, files, log, shell.operatorSide, calibrations, places.programFolder),
       runReader(errors, log, files),
+      lasReader(errors, log, shell.operatorSide, files),
       runWriter(errors, files),
       lasExport(errors, files),
       hooks(connectHooks()),
@@ -80,6 +82,19 @@ Program::Program(const ProgramOptions& theOptions, const Shell& theShell, const 
       commands(frame, modes, shutDown, developerBackup, shell.window, shell.display),
       startUp(frame, commands, shell.window, shell.display, errorLog, system) {
     fillProgramFolder(places, files);
+    findEquipment(options.onlyReview);
+}
+
+/// Reviewing needs no equipment, but an operator who goes logging with this machine should know.
+void Program::findEquipment(bool onlyReview) {
+    try {
+        requireMakersEquipment(places, files);
+    } catch (const Failure& missing) {
+        if (!onlyReview) throw;
+        shell.operatorSide.notice("Equipment",
+                                  std::string(missing.what()) + ". Reviewing goes on; logging needs it.",
+                                  Icon::exclamation);
+    }
 }
 
 FrameHooks Program::connectHooks() {

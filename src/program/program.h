@@ -20,6 +20,7 @@
 #include "app/stored_settings.h"
 #include "equipment/calibration_history.h"
 #include "equipment/tool_winch_data.h"
+#include "files/las_reader.h"
 #include "files/run_file_reader.h"
 #include "files/run_file_writer.h"
 #include "lcu/lcu_commands.h"
@@ -50,6 +51,7 @@ struct ProgramOptions {
     std::optional<Path> traceFile = {};                   ///< transcript of the serial line
     std::optional<std::int32_t> searchedPorts = {};       ///< as the setting "LCUComms"
     bool trapErrors = true;
+    bool onlyReview = false; ///< without the maker's equipment database, which reviewing does not need
 };
 
 /// What stands in for this machine's clock and serial devices, if anything: a simulated box on its own time.
@@ -70,7 +72,8 @@ struct Shell {
 
 class Program {
   public:
-    /// Throws a Failure when the program has no place to live or its equipment database is missing.
+    /// Throws a Failure when the program has no place to live or, unless it only reviews, its
+    /// equipment database is missing.
     Program(const ProgramOptions& options, const Shell& shell, const StandIns& standIns = {});
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
@@ -102,6 +105,7 @@ class Program {
     CalibrationHistory calibrations;
     ToolWinchData equipment;
     RunFileReader runReader;
+    LasFileReader lasReader;
     RunFileWriter runWriter;
     LasExport lasExport;
 
@@ -115,6 +119,7 @@ class Program {
 
   private:
     [[nodiscard]] FrameHooks connectHooks();
+    void findEquipment(bool onlyReview);
 };
 
 } // namespace tarvik

@@ -94,7 +94,7 @@ void CalibrationPlot::paintAxes(QPainter& painter) const {
 void CalibrationPlot::paintReadings(QPainter& painter) const {
     const ThemeColours& colours = coloursOf(appliedTheme());
     const int line = fontMetrics().height();
-    const AxisTicks ticks = axisTicks(readings_.low, readings_.high, std::max(2, int(area_.width()) / 80));
+    const AxisTicks ticks = axisTicks(readings_.low, readings_.high, std::max(2, int(area_.width()) / 56));
     for (std::size_t i = 0; i < ticks.at.size(); ++i) {
         const double x = place(ticks.at[i], values_.low).x();
         painter.setPen(QPen(colours.ground, 1));

@@ -1,70 +1,109 @@
 #include "screens/command_looks.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tarvik {
 
 namespace {
 
-constexpr bool checkable = true;
-constexpr bool newGroup = true;
+using enum CommandPlace;
 
 constexpr std::array looks{
-    CommandLook{"File-open", "File", "&Open\u2026", "open", "Ctrl+O", "Open a finished run or a LAS file"},
-    CommandLook{"File-batch", "File", "&Batch processing\u2026", "", "", "Process many files in one go"},
-    CommandLook{"File-minimise", "File", "&Minimise", "", "Ctrl+M", "Out of the way, the run goes on", false,
-                newGroup},
-    CommandLook{"File-exit", "File", "E&xit", "exit", "Ctrl+Q", "Close the port and leave", false, newGroup},
+    CommandLook{"File-open", fileMenu, "&Open run…", "open", "Ctrl+O",
+                "Choose a run or a LAS file and look at it."},
+    CommandLook{"File-batch", fileMenu, "&Batch processing…", "lithology", "",
+                "Process several runs in one go."},
+    CommandLook{"File-minimise", fileMenu, "&Minimise", "minimise", "Ctrl+M",
+                "Put the program aside; a run goes on.", true},
+    CommandLook{"File-exit", fileMenu, "E&xit", "exit", "Ctrl+Q", "Save the settings and end the program.",
+                true},
 
-    CommandLook{"Setup-project", "Setup", "&Project\u2026", "project", "Ctrl+1", "Choose or make a project"},
-    CommandLook{"Setup-hole", "Setup", "&Hole\u2026", "hole", "Ctrl+2",
-                "Choose or make a hole, fill in its heading"},
-    CommandLook{"Setup-winch", "Setup", "&Winch and tool\u2026", "winch", "Ctrl+3",
-                "Your tools and winches, sampling"},
-    CommandLook{"Setup-lithology", "Setup", "&Lithology\u2026", "lithology", "Ctrl+4", "Layers of the hole"},
-    CommandLook{"Setup-logdisplay", "Setup", "Log &display\u2026", "display", "Ctrl+5",
-                "Theme and drawing of logs"},
-    CommandLook{"Setup-systemtest", "Setup", "&System test\u2026", "systemtest", "Ctrl+6",
-                "Ports, drives, state of the LCU"},
-    CommandLook{"Setup-firmware", "Setup", "&Firmware\u2026", "firmware", "Ctrl+7",
-                "Versions in LCU and tool"},
-    CommandLook{"Setup-LCUsearch", "Setup", "Search for the LCU &automatically", "search", "",
-                "Search whenever Acquire or Calib/test is chosen", checkable, newGroup},
+    CommandLook{"Setup-project", setupMenu, "&Project…", "project", "",
+                "Choose or create the project; its runs lie in one folder."},
+    CommandLook{"Setup-hole", setupMenu, "&Hole…", "hole", "", "The hole and the texts of its heading."},
+    CommandLook{"Setup-winch", setupMenu, "&Winch and tool…", "winch", "",
+                "The winch and the tool that are in use."},
+    CommandLook{"Setup-lithology", setupMenu, "&Lithology…", "lithology", "",
+                "Rock types and how they are drawn."},
+    CommandLook{"Setup-logdisplay", setupMenu, "Log &display…", "display", "",
+                "Tracks, scales and curves of the log picture."},
+    CommandLook{"Setup-systemtest", setupMenu, "System &test…", "systemtest", "",
+                "Check the program's folders, files and serial ports.", true},
+    CommandLook{"Setup-firmware", setupMenu, "&Firmware…", "firmware", "",
+                "The firmware of the LCU and of the tool."},
+    CommandLook{"Setup-LCUsearch", setupMenu, "Automatic LCU &search", "search", "",
+                "Search for the LCU by itself when Acquire or Calib/test is chosen.", true, true},
 
-    CommandLook{"Help-contents", "Help", "&Contents", "help", "F1", "The handbook"},
-    CommandLook{"Help-demo", "Help", "&Demonstration\u2026", "play", "",
-                "Play a run as if it were being logged"},
-    CommandLook{"Help-diagnostics", "Help", "D&iagnostics\u2026", "systemtest", "Ctrl+D",
-                "Talk to the LCU by hand", false, newGroup},
-    CommandLook{"Help-backup", "Help", "Developer &backup", "", "", "Copy the development folder"},
-    CommandLook{"Help-ReleaseNotes", "Help", "&Release notes", "", "", "What is new", false, newGroup},
-    CommandLook{"Help-about", "Help", "&About Tarvik", "about", "", "Version and machine"},
+    CommandLook{"Help-contents", helpMenu, "&Contents", "help", "F1", "The help pages."},
+    CommandLook{"Help-ReleaseNotes", helpMenu, "&Release notes…", "notes", "",
+                "What is new in this version, and what is not built yet."},
+    CommandLook{"Help-diagnostics", helpMenu, "&Diagnostics console…", "diagnostics", "Ctrl+D",
+                "Talk to the LCU by hand and watch its raw answers.", true},
+    CommandLook{"Help-demo", helpMenu, "De&monstration…", "play", "",
+                "Play a run that was recorded earlier, as if it were being logged."},
+    CommandLook{"Help-backup", helpMenu, "Developer &backup", "copy", "",
+                "Copy the development folder to the day's backup folders."},
+    CommandLook{"Help-about", helpMenu, "&About Tarvik…", "about", "",
+                "Version, build and facts about this machine.", true},
 
-    CommandLook{"MB-Review", "", "Review", "review", "Ctrl+R", "Look at finished runs", checkable},
-    CommandLook{"MB-Acquire", "", "Acquire", "acquire", "Ctrl+L", "Search for the LCU and log a hole",
-                checkable},
-    CommandLook{"MB-CalibTest", "", "Calib/test", "calibtest", "Ctrl+T", "Calibrate and test tools",
-                checkable},
-    CommandLook{"MB-Open", "", "Open", "open", "", "Open a finished run or a LAS file", false, newGroup},
-    CommandLook{"MB-Close", "", "Close", "close", "Ctrl+W", "Close the run that is shown"},
-    CommandLook{"MB-Details", "", "Details", "details", "Ctrl+I",
-                "Heading, tool and calibrations of the run"},
-    CommandLook{"MB-Print", "", "Print", "print", "Ctrl+P", "Print the logs to scale"},
-    CommandLook{"MB-Paint", "", "Paint", "paint", "Ctrl+E", "Whole run in the window, equally spaced", false,
-                newGroup},
-    CommandLook{"MB-Fluid", "", "Gauges", "fluid", "", "Gauges or logs of the fluid sampler"},
-    CommandLook{"MB-Sonic", "", "Colour", "sonic", "", "Sonic waveforms as colours or traces"},
-    CommandLook{"MB-Bullseye", "", "Bullseye", "bullseye", "Ctrl+B", "Plan view, magnetics or deviation"},
-    CommandLook{"MB-Notes", "", "Notes", "notes", "", "Notes of the hole", checkable, newGroup},
-    CommandLook{"MB-Eventlog", "", "Event log", "eventlog", "F8", "What happened today"},
-    CommandLook{"MB-Setup", "", "Setup", "setup", "F4", "Project, hole, winch and tool"},
-    CommandLook{"MB-Exit", "", "Exit", "exit", "", "Close the port and leave", false, newGroup},
+    CommandLook{"MB-Review", toolBar, "Review", "review", "F6",
+                "Look at runs that are finished. Closes the port.", false, true},
+    CommandLook{"MB-Acquire", toolBar, "Acquire", "acquire", "F7", "Find the LCU and log a run.", false,
+                true},
+    CommandLook{"MB-CalibTest", toolBar, "Calib/test", "calibtest", "F8",
+                "Calibrate or test a tool, with or without an LCU.", false, true},
+    CommandLook{"MB-Open", toolBar, "Open", "open", "", "Choose a run or a LAS file and look at it. (Ctrl+O)",
+                true},
+    CommandLook{"MB-Close", toolBar, "Close", "close", "Ctrl+W", "Close the run that is shown."},
+    CommandLook{"MB-Details", toolBar, "Details", "details", "Ctrl+I",
+                "Header, channels and calibrations of the run that is shown."},
+    CommandLook{"MB-Print", toolBar, "Print", "print", "Ctrl+P", "Print the log that is shown."},
+    CommandLook{"MB-Paint", toolBar, "Paint", "paint", "F5", "Draw the logs again, equally spaced.", true},
+    CommandLook{"MB-Notes", toolBar, "Notes", "notes", "F3", "Show or hide the notes of the hole.", true,
+                true},
+    CommandLook{"MB-Eventlog", toolBar, "Event log", "eventlog", "F4",
+                "Everything that happened today, with faults in red."},
+    CommandLook{"MB-Setup", toolBar, "Setup", "setup", "F2",
+                "Project, hole, tool and winch, on the page that was shown last."},
+    CommandLook{"MB-Fluid", toolBar, "Gauges", "fluid", "", "Change between gauges and logs.", true, false,
+                false},
+    CommandLook{"MB-Sonic", toolBar, "Colour", "sonic", "", "Change between colour and traces.", false, false,
+                false},
+    CommandLook{"MB-Bullseye", toolBar, "Bullseye", "bullseye", "",
+                "Go through bullseye, magnetics and deviation.", false, false, false},
+    CommandLook{"MB-Exit", toolBar, "Exit", "exit", "", "Save the settings and end the program. (Ctrl+Q)",
+                true},
 };
 
 } // namespace
 
 std::span<const CommandLook> commandLooks() {
     return looks;
+}
+
+const CommandLook* commandLook(std::string_view key) {
+    const auto* const found = std::ranges::find(looks, key, &CommandLook::key);
+    return found == looks.end() ? nullptr : found;
+}
+
+std::string_view menuTitle(CommandPlace place) {
+    switch (place) {
+    case fileMenu:
+        return "&File";
+    case setupMenu:
+        return "&Setup";
+    case helpMenu:
+        return "&Help";
+    case toolBar:
+        break;
+    }
+    return {};
+}
+
+std::string_view menuKey(CommandPlace place) {
+    const std::string_view title = menuTitle(place);
+    return title.empty() ? title : title.substr(1);
 }
 
 } // namespace tarvik

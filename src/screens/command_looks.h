@@ -1,4 +1,8 @@
-// How each key of the command table looks: where it stands, its words, icon, shortcut and tool tip.
+// How each key of the command table looks: where it stands, its texts, its picture, its shortcut.
+//
+// The shortcuts of the keys that matter on the winch are function keys, which are found with gloves on. A
+// command that stands in a menu and on the tool bar has its shortcut in one of the two places only: a key
+// that two actions claim does nothing.
 #pragma once
 
 #include <span>
@@ -6,18 +10,32 @@
 
 namespace tarvik {
 
+enum class CommandPlace { fileMenu, setupMenu, helpMenu, toolBar };
+
 struct CommandLook {
     std::string_view key;
-    std::string_view menu;     ///< "File", "Setup" or "Help"; empty: a button of the tool bar
-    std::string_view text;     ///< with the mnemonic of a menu entry
-    std::string_view icon;     ///< file in data/icons, without its ending
-    std::string_view shortcut; ///< as the toolkit reads it; empty for none
-    std::string_view tip;
+    CommandPlace place = CommandPlace::toolBar;
+    std::string_view caption; ///< with its mnemonic in a menu; the short text under the picture on the bar
+    std::string_view icon;    ///< name in data/icons
+    std::string_view shortcut = {}; ///< in the portable spelling, "Ctrl+O"; may be empty
+    std::string_view tip = {};      ///< what it does, in one sentence
+    bool startsGroup = false;       ///< a separator stands before it
     bool checkable = false;
-    bool startsGroup = false; ///< a separator stands before it
+    bool shownAtFirst = true; ///< false: only some runs show it
 };
 
-/// In the order in which they stand. Keys that share an action ("MB-Exit", "File-exit") have a row each.
+/// In the order in which they stand in each place.
 [[nodiscard]] std::span<const CommandLook> commandLooks();
+/// Nothing for a key that is not in the table.
+[[nodiscard]] const CommandLook* commandLook(std::string_view key);
+
+/// "&File", "&Setup", "&Help"; empty for the tool bar.
+[[nodiscard]] std::string_view menuTitle(CommandPlace place);
+/// The key of the menu as a whole ("File"), by which it is enabled; empty for the tool bar.
+[[nodiscard]] std::string_view menuKey(CommandPlace place);
+
+/// The pictures of "Setup-LCUsearch": the automatic search on and off.
+constexpr std::string_view searchOnIcon = "search";
+constexpr std::string_view searchOffIcon = "search-off";
 
 } // namespace tarvik

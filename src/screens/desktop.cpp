@@ -83,7 +83,7 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
                                       .exportLas = [this] { openScreen("frmLASexport"); },
                                       .calibrations = [this] { openScreen("frmCalibrations"); }}});
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
-    review_ = std::make_unique<Review>(program_, *screen, gate_);
+    review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
     screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *acquisition_);
     operator_.attach(screen.get(), &program_.clock);
     program_.lcu.setWatcher(&screen->side());
@@ -96,8 +96,12 @@ RunViewParts Desktop::runViewParts() {
                             std::string_view range) { return screens_->chooseRun(runs, range); },
         .setEnabled = [this](bool on) { program_.commands.setControls(on ? "ENABLE" : "DISABLE"); },
         .currentLimit = [this] { return program_.equipment.currentTool().record.get(tool::maximumCurrent); },
-        .started = [](const RunHeader&) {},
-        .kept = [](const KeptScanView&) {},
+        .started =
+            [this](const RunHeader& header) {
+                screen().live().setRun(header);
+                screen().logs().showPage(&screen().live());
+            },
+        .shown = [this](const CurrentScan& scan) { screen().live().showScan(scan); },
         .ended = [] {}};
 }
 

@@ -4,7 +4,7 @@
 #include "screens/acquisition.h"
 #include "screens/desktop_memory.h"
 #include "screens/intro_window.h"
-#include "screens/review.h"
+#include "screens/review_session.h"
 #include "screens/screen_opener.h"
 #include "screens/screen_operator.h"
 
@@ -29,7 +29,7 @@ class Desktop {
     [[nodiscard]] Program& program() { return program_; }
     [[nodiscard]] IntroScreen& screen() { return *window_.screen(); }
     [[nodiscard]] Acquisition& acquisition() { return *acquisition_; }
-    [[nodiscard]] Review& review() { return *review_; }
+    [[nodiscard]] ReviewSession& review() { return *review_; }
     /// The frame has ended the program: leave the event loop.
     [[nodiscard]] bool ended() const { return ended_; }
 
@@ -57,7 +57,7 @@ class Desktop {
     DesktopMemory memory_;
     LinkGate gate_;
     std::unique_ptr<Acquisition> acquisition_; ///< with the main screen
-    std::unique_ptr<Review> review_;
+    std::unique_ptr<ReviewSession> review_;
     std::unique_ptr<ScreenOpener> screens_;
     QTimer mainTimer_;
     bool searchCancelled_ = false;

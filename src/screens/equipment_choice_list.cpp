@@ -8,6 +8,7 @@
 
 namespace tarvik {
 
+/// "K215  Natural gamma  SN-12"; the data are code and serial number.
 void fillChoices(QComboBox& list, const std::vector<UserRow>& rows, const EquipmentChoice& chosen) {
     const QSignalBlocker quiet(&list);
     list.clear();

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int keyRole = Qt::UserRole;
 constexpr int sortRole = Qt::UserRole + 1;
+constexpr int least = 110; ///< pixels in height: the head and two rows
 
 QFont boldFont() {
     QFont font = QApplication::font();
@@ -55,7 +56,8 @@ FilterTable::FilterTable(const TableTexts& texts, DesktopMemory& memory)
       filter_(new QLineEdit),
       emptyText_(new QLabel(texts.empty)),
       stack_(new QStackedWidget),
-      whenEmpty_(texts.empty) {
+      whenEmpty_(texts.empty),
+      columnsFit_(false) {
     build(texts);
     connect(filter_, &QLineEdit::textChanged, this, [this] { narrow(); });
     connect(table_, &QTableWidget::itemSelectionChanged, this, [this] {
@@ -74,12 +76,16 @@ void FilterTable::build(const TableTexts& texts) {
     table_->setShowGrid(false);
     table_->setTabKeyNavigation(false);
     table_->setWordWrap(false);
-    table_->horizontalHeader()->setStretchLastSection(true);
     table_->horizontalHeader()->setHighlightSections(false);
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table_->setSortingEnabled(true);
     table_->sortByColumn(0, Qt::AscendingOrder);
-    memory_.restoreColumns(*table_->horizontalHeader(), texts.objectName);
+    // Heads begin where their cells begin.
+    table_->setStyleSheet("QHeaderView::section { padding: 6px 4px; }");
+    columnsFit_ = memory_.restoreColumns(*table_->horizontalHeader(), texts.objectName);
+    table_->horizontalHeader()->setStretchLastSection(texts.wideColumn < 0);
+    if (texts.wideColumn >= 0)
+        table_->horizontalHeader()->setSectionResizeMode(texts.wideColumn, QHeaderView::Stretch);
 
     filter_->setObjectName("txtfilter" + texts.objectName);
     filter_->setPlaceholderText("Filter");
@@ -92,6 +98,8 @@ void FilterTable::build(const TableTexts& texts) {
     emptyText_->setProperty("role", "quiet");
     stack_->addWidget(table_);
     stack_->addWidget(emptyText_);
+    stack_->setMinimumHeight(least);
+    stack_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored); // takes what is left
 
     auto* const title = new QLabel(texts.title);
     title->setProperty("role", "head");
@@ -126,6 +134,20 @@ void FilterTable::setRows(const std::vector<TableRow>& rows) {
     filling_ = false;
     choose(before);
     narrow();
+    if (!columnsFit_ && !rows.empty()) fitColumns();
+}
+
+void FilterTable::fitColumns() {
+    constexpr int air = 12;
+    columnsFit_ = true;
+    table_->resizeColumnsToContents();
+    const bool lastStretches = table_->horizontalHeader()->stretchLastSection();
+    for (int column = 0; column < table_->columnCount() - (lastStretches ? 1 : 0); ++column) {
+        const bool number = table_->item(0, column)->textAlignment() & Qt::AlignRight;
+        table_->horizontalHeaderItem(column)->setTextAlignment((number ? Qt::AlignRight : Qt::AlignLeft) |
+                                                               Qt::AlignVCenter);
+        table_->setColumnWidth(column, table_->columnWidth(column) + air);
+    }
 }
 
 int FilterTable::currentKey() const {

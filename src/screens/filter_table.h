@@ -34,7 +34,8 @@ struct TableTexts {
     QString objectName; ///< of the table itself; the filter field's is "txtfilter" and this
     QString title;      ///< over the table, and for screen readers
     QStringList heads;
-    QString empty; ///< shown in place of a table without rows
+    QString empty;       ///< shown in place of a table without rows
+    int wideColumn = -1; ///< takes the room that the others leave; the last one when not said
 };
 
 class FilterTable final : public QWidget {
@@ -58,6 +59,7 @@ class FilterTable final : public QWidget {
 
   private:
     void build(const TableTexts& texts);
+    void fitColumns();
     void narrow();
 
     DesktopMemory& memory_;
@@ -68,6 +70,7 @@ class FilterTable final : public QWidget {
     QString whenEmpty_;
     std::function<void()> chosen_;
     bool filling_ = false;
+    bool columnsFit_; ///< they were remembered, or fitted to the first rows
 };
 
 } // namespace tarvik

@@ -125,6 +125,8 @@ void frmCalibrations::buildPoints() {
     points_->setAlternatingRowColors(true);
     points_->setTabKeyNavigation(false);
     points_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    points_->horizontalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    points_->setStyleSheet("QHeaderView::section { padding: 6px 4px; }"); // heads end where cells end
     points_->setMinimumHeight(110);
 }
 

@@ -84,17 +84,20 @@ void frmDataFileExists::buildChoice(const LoggingRuns& runs, const std::vector<A
 void frmDataFileExists::buildAdvanced(const std::vector<AppendRow>& comparison) {
     table_ = new FilterTable({.objectName = "appendchecks",
                               .title = "What has to agree",
-                              .heads = {"", "Latest run", "Now", "Check"},
+                              .heads = {"Check of", "Latest run", "Now", "Outcome"},
                               .empty = "Nothing could be compared."},
                              memory());
     std::vector<TableRow> rows;
     for (const AppendRow& one : comparison) {
         rows.push_back({.key = static_cast<int>(rows.size()),
-                        .cells = {{qt(one.what)}, {qt(one.onFile)}, {qt(one.now)}, {markOf(one)}},
+                        .cells = {{qt(one.what), QString::number(rows.size())},
+                                  {qt(one.onFile)},
+                                  {qt(one.now)},
+                                  {markOf(one)}},
                         .bold = !one.agrees});
     }
     table_->setRows(rows);
-    table_->setMinimumHeight(320);
+    table_->setMinimumHeight(380);
     body()->addWidget(table_, 1);
 }
 
@@ -102,8 +105,8 @@ void frmDataFileExists::showAdvanced(bool shown) {
     table_->setVisible(shown);
     advanced_->setText(shown ? hideText : showText);
     setMinimumWidth(shown ? 760 : 560);
-    setMinimumHeight(shown ? 600 : 0);
-    adjustSize();
+    layout()->activate();
+    resize(minimumWidth(), sizeHint().height());
 }
 
 RunChoice frmDataFileExists::choice() const {

@@ -1,9 +1,8 @@
 #include "screens/frm_equipment.h"
 
-#include "base/sampling_words.h"
+#include "app/sampling_checks.h"
 #include "base/text.h"
 #include "equipment/channel_states.h"
-#include "lcu/run_order.h"
 #include "lcu/runs_in_hole.h"
 #include "lcu/tool_rules.h"
 #include "screens/card.h"
@@ -36,6 +35,15 @@ QLabel* wrapping(const char* objectName, const char* role) {
     return label;
 }
 
+/// The upper card takes what the lower one leaves.
+QVBoxLayout* column(QWidget* upper, QWidget* lower) {
+    auto* const cards = new QVBoxLayout;
+    cards->setSpacing(measure::wide);
+    cards->addWidget(upper, 1);
+    cards->addWidget(lower);
+    return cards;
+}
+
 } // namespace
 
 frmEquipment::frmEquipment(const EquipmentModules& modules, QWidget* parent)
@@ -54,16 +62,11 @@ frmEquipment::frmEquipment(const EquipmentModules& modules, QWidget* parent)
       runs_(wrapping("lbruns", "")),
       range_(wrapping("lbdepthrange", "")) {
     setModal(true);
-    auto* const grid = new QGridLayout;
-    grid->setSpacing(measure::wide);
-    grid->addWidget(buildEquipment(), 0, 0);
-    grid->addWidget(buildSampling(), 1, 0);
-    grid->addWidget(buildChannels(), 0, 1);
-    grid->addWidget(buildHole(), 1, 1);
-    grid->setColumnStretch(0, 2);
-    grid->setColumnStretch(1, 3);
-    grid->setRowStretch(0, 1);
-    body()->addLayout(grid, 1);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(measure::wide);
+    row->addLayout(column(buildEquipment(), buildSampling()), 2);
+    row->addLayout(column(buildChannels(), buildHole()), 3);
+    body()->addLayout(row, 1);
     buildButtons();
     load();
     setMinimumSize(880, 600);
@@ -97,7 +100,7 @@ QWidget* frmEquipment::buildSampling() {
     grid->setSpacing(measure::wide);
     const auto cell = [&](int row, int column) {
         auto* const layout = new QVBoxLayout;
-        grid->addLayout(layout, row, column);
+        grid->addLayout(layout, row, column, Qt::AlignTop);
         grid->setColumnStretch(column, 1);
         return layout;
     };
@@ -107,6 +110,7 @@ QWidget* frmEquipment::buildSampling() {
     unit_ = addOptions(*cell(1, 0), "Depth units", {{"optmetres", "&Metres"}, {"optfeet", "&Feet"}});
     cell(1, 1)->addWidget(interval_);
     intervalEdit_->setAlignment(Qt::AlignRight);
+    interval_->setCheck([this] { return qt(intervalProblem(sampling(), plain(intervalEdit_->text()))); });
     buildDeviation(*card->body());
     for (QButtonGroup* const group : {method_, unit_}) {
         connect(group, &QButtonGroup::idClicked, this, [this] {
@@ -144,6 +148,7 @@ QWidget* frmEquipment::buildChannels() {
     channels_->setFocusPolicy(Qt::NoFocus);
     channels_->setShowGrid(false);
     channels_->setAlternatingRowColors(true);
+    channels_->setStyleSheet("QHeaderView::section { padding: 6px 4px; }"); // heads begin where cells begin
     channels_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     channels_->horizontalHeader()->setStretchLastSection(true);
     card->body()->addWidget(channelsVerdict_);
@@ -229,7 +234,11 @@ void frmEquipment::showChannels(const CurrentTool& tool) {
             channels_->setItem(row, column++, item);
         }
     }
-    for (const int column : {0, 1, 2}) channels_->resizeColumnToContents(column);
+    constexpr int air = 12;
+    for (const int column : {0, 1, 2}) {
+        channels_->resizeColumnToContents(column);
+        channels_->setColumnWidth(column, channels_->columnWidth(column) + air);
+    }
     const bool sound = calibrationIsComplete(states);
     channelsVerdict_->setText((sound ? "" : "\u25b2  ") + qt(calibrationVerdict(states)));
     setRole(*channelsVerdict_, sound ? "good" : "warning");
@@ -245,17 +254,19 @@ void frmEquipment::showRuns(const CurrentTool& tool) {
     range_->setText(qt(found.depthRangeText));
 }
 
+/// The unit beside the interval follows the method and the depth unit.
 void frmEquipment::showInterval() {
-    const bool byDepth = method_->checkedId() == second;
-    const Sampling sampling = byDepth ? Sampling::depth : Sampling::time;
-    const IntervalRange range = intervalRange(sampling);
-    interval_->setCheck(numberBetween(intervalEdit_, range.least, range.most));
-    interval_->setUnit(byDepth ? "cms" : "seconds");
-    const auto entered = parseNumber(plain(intervalEdit_->text()));
-    const bool inFeet = byDepth && unit_->checkedId() == second && entered;
-    interval_->setHint(inFeet ? qt(intervalText(sampling, static_cast<float>(*entered), DepthUnits::feet)) +
-                                    " of cable"
-                              : QString());
+    interval_->setUnit(qt(intervalUnitLabel(samplingText(sampling()), units())));
+    const QString words = qt(intervalInWords(sampling(), units(), plain(intervalEdit_->text())));
+    interval_->setHint(words.isEmpty() ? QString() : "Counts cable: " + words + ".");
+}
+
+Sampling frmEquipment::sampling() const {
+    return method_->checkedId() == second ? Sampling::depth : Sampling::time;
+}
+
+DepthUnits frmEquipment::units() const {
+    return unit_->checkedId() == second ? DepthUnits::feet : DepthUnits::metres;
 }
 
 void frmEquipment::showDeclination() {
@@ -271,10 +282,10 @@ void frmEquipment::use() {
     settings.currentToolSerial = tool.serialNumber;
     settings.currentWinch = winch.code;
     settings.currentWinchSerial = winch.serialNumber;
-    settings.samplingMethod = samplingText(method_->checkedId() == second ? Sampling::depth : Sampling::time);
+    settings.samplingMethod = samplingText(sampling());
     settings.logDirection =
         directionText(direction_->checkedId() == second ? Direction::up : Direction::down);
-    settings.setUnits(unit_->checkedId() == second ? DepthUnits::feet : DepthUnits::metres);
+    settings.setUnits(units());
     settings.samplingInterval = NumberText(trimmed(plain(intervalEdit_->text())));
     modules_.store.Utilities_saveregsettings(settings);
     modules_.equipment.ToolWinchData_loadcurrentttoolwinch(tool, winch, mode());

@@ -54,6 +54,8 @@ class frmEquipment final : public ScreenDialog {
     void showDeclination();
     void use();
     [[nodiscard]] int mode() const;
+    [[nodiscard]] Sampling sampling() const;
+    [[nodiscard]] DepthUnits units() const;
 
     EquipmentModules modules_;
     QComboBox* tool_;

@@ -3,6 +3,7 @@
 #include "base/number_picture.h"
 #include "base/text.h"
 #include "processing/las_form.h"
+#include "processing/las_text.h"
 #include "screens/card.h"
 #include "screens/field.h"
 #include "screens/qt_text.h"
@@ -31,7 +32,7 @@ enum Column { nameColumn, unitColumn, valuesColumn, filterColumn };
 constexpr int leastDecimals = 2;
 constexpr int mostDecimals = 5;
 constexpr double deepest = 1e6;
-constexpr const char* stepHint = "Empty: the steps as they were logged.";
+constexpr const char* stepHint = "Empty: as logged.";
 
 QComboBox* filterList(const QString& channel) {
     auto* const list = new QComboBox;
@@ -44,7 +45,7 @@ QComboBox* filterList(const QString& channel) {
 }
 
 QString depthUnit(const ReviewLog& log) {
-    return log.header.setup.units == DepthUnits::metres ? "m" : "ft";
+    return log.otherDepthUnit ? qt(*log.otherDepthUnit) : qt(lasDepthUnit(log.header.setup.units)).toLower();
 }
 
 } // namespace
@@ -74,14 +75,15 @@ frmLASexport::frmLASexport(const ReviewLog& log, const Path& file, const LasExpo
     grid->addWidget(buildInterval(), 0, 0);
     grid->addWidget(buildData(), 1, 0);
     grid->addWidget(buildChannels(), 0, 1, 2, 1);
-    grid->setColumnStretch(0, 2);
-    grid->setColumnStretch(1, 3);
+    grid->setColumnStretch(0, 4);
+    grid->setColumnStretch(1, 5);
+    grid->setRowStretch(1, 1);
     body()->addWidget(form_, 1);
     body()->addWidget(buildFile());
     buildButtons();
     fillChannels();
     setMinimumSize(860, 620);
-    resize(1000, 700);
+    resize(1040, 720);
 }
 
 Field* frmLASexport::numberField(QLineEdit*& edit, const char* name, const QString& title,
@@ -123,7 +125,7 @@ QWidget* frmLASexport::buildInterval() {
 QString frmLASexport::endHint(bool start) const {
     if (log_.depth.empty()) return "The run holds no depth steps.";
     const auto [first, last] = std::ranges::minmax(log_.depth);
-    return "Empty: the " + QString(start ? "first" : "last") + " depth, " +
+    return QString(start ? "Empty: from " : "Empty: to ") +
            qt(formatPicture(start ? first : last, "###0.00"));
 }
 
@@ -171,6 +173,7 @@ QWidget* frmLASexport::buildChannels() {
     channels_->setMinimumHeight(160);
     channelsProblem_->setObjectName("lbchannelsproblem");
     channelsProblem_->setWordWrap(true);
+    channelsProblem_->hide();
     card->body()->addWidget(channels_, 1);
     card->body()->addWidget(channelsProblem_);
     return card;
@@ -196,7 +199,7 @@ QWidget* frmLASexport::buildFile() {
     row->addWidget(choose, 0, Qt::AlignBottom);
     list_->setObjectName("lbexport");
     list_->setAccessibleName("Progress of the export");
-    list_->setFixedHeight(84);
+    list_->setFixedHeight(76);
     list_->setSelectionMode(QAbstractItemView::NoSelection);
     progress_->setObjectName("exportprogress");
     progress_->setAccessibleName("Share of the data lines written");
@@ -265,6 +268,7 @@ void frmLASexport::startExport() {
     const LasExportOptions options = entered();
     const QString problem = qt(lasChannelsProblem(options));
     channelsProblem_->setText(problem);
+    channelsProblem_->setVisible(!problem.isEmpty());
     if (!validateAll(fields_) || !problem.isEmpty()) return;
     const Path file = plain(file_->text().trimmed());
     const bool replace = modules_.files.exists(file);

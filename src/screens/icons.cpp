@@ -31,6 +31,10 @@ QPixmap drawn(QByteArray svg, const QColor& colour, int scale) {
 
 } // namespace
 
+void openIcons() {
+    openResources();
+}
+
 QIcon icon(const QString& name) {
     openResources();
     QFile file(":/icons/" + name + ".svg");

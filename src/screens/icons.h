@@ -9,4 +9,7 @@ namespace tarvik {
 /// data/icons/NAME.svg; an empty icon when there is none.
 [[nodiscard]] QIcon icon(const QString& name);
 
+/// The style sheet names icons too: they must be there before it is read.
+void openIcons();
+
 } // namespace tarvik

@@ -15,9 +15,13 @@ IntroScreen::IntroScreen(IntroScreenActions actions)
       status_(*statusBar(), actions_.cancelSearch),
       side_(new SideFrame(actions_.run, actions_.review)),
       notices_(new NoticeStrip),
-      logs_(new LogArea) {
+      logs_(new LogArea),
+      values_(new ValueTable),
+      live_(new LiveValues) {
     setObjectName("IntroScreen");
     setWindowTitle("Tarvik");
+    logs_->addPage(values_);
+    logs_->addPage(live_);
     auto* const middle = new QWidget;
     auto* const row = new QHBoxLayout(middle);
     row->setContentsMargins(8, 8, 8, 8);

@@ -1,11 +1,13 @@
 // The main screen: bars, side frame, the logs, notices, status bar. It only lays them out and hands them on.
 #pragma once
 
+#include "screens/live_values.h"
 #include "screens/log_area.h"
 #include "screens/main_bars.h"
 #include "screens/notice_strip.h"
 #include "screens/side_frame.h"
 #include "screens/status_panels.h"
+#include "screens/value_table.h"
 
 #include <QMainWindow>
 
@@ -30,6 +32,8 @@ class IntroScreen final : public QMainWindow {
     [[nodiscard]] LogArea& logs() { return *logs_; }
     [[nodiscard]] NoticeStrip& notices() { return *notices_; }
     [[nodiscard]] StatusPanels& status() { return status_; }
+    [[nodiscard]] ValueTable& values() { return *values_; }
+    [[nodiscard]] LiveValues& live() { return *live_; }
 
     /// Lets the window go for good.
     void unload();
@@ -44,6 +48,8 @@ class IntroScreen final : public QMainWindow {
     SideFrame* side_;
     NoticeStrip* notices_;
     LogArea* logs_;
+    ValueTable* values_;
+    LiveValues* live_;
     bool unloading_ = false;
 };
 

@@ -48,13 +48,12 @@ LogArea::LogArea()
     line_->setVisible(false);
 }
 
-void LogArea::setPicture(QWidget* picture) {
-    picture_ = picture;
-    pages_->addWidget(picture);
+void LogArea::addPage(QWidget* page) {
+    pages_->addWidget(page);
 }
 
-void LogArea::showPicture() {
-    if (picture_ != nullptr) pages_->setCurrentWidget(picture_);
+void LogArea::showPage(QWidget* page) {
+    pages_->setCurrentWidget(page);
 }
 
 void LogArea::showEmpty(const QString& headline, const QString& text, std::vector<NextStep> steps) {

@@ -21,9 +21,9 @@ class LogArea final : public QFrame {
   public:
     LogArea();
 
-    /// Takes the picture of the logs over.
-    void setPicture(QWidget* picture);
-    void showPicture();
+    /// One of several pages: the logs of a run, the values that come in. Takes the widget over.
+    void addPage(QWidget* page);
+    void showPage(QWidget* page);
     void showEmpty(const QString& headline, const QString& text, std::vector<NextStep> steps);
     /// A line at the foot, such as that errors are not trapped.
     void printLine(const QString& text);
@@ -34,7 +34,6 @@ class LogArea final : public QFrame {
     QLabel* text_;
     QVBoxLayout* steps_;
     QLabel* line_;
-    QWidget* picture_ = nullptr;
 };
 
 } // namespace tarvik

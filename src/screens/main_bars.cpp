@@ -25,14 +25,16 @@ constexpr std::string_view paintKey = "MB-Paint"; // the scale list stands befor
 constexpr int iconPixels = 24;
 
 QAction* makeAction(const CommandLook& look, QObject* owner) {
-    auto* const made = new QAction(icon(qt(look.icon)), qt(look.text), owner);
+    auto* const made = new QAction(icon(qt(look.icon)), qt(look.caption), owner);
     made->setObjectName(qt(look.key));
     made->setCheckable(look.checkable);
-    if (!look.shortcut.empty()) made->setShortcut(QKeySequence(qt(look.shortcut)));
+    made->setVisible(look.shownAtFirst);
     QString tip = qt(look.tip);
-    if (!look.shortcut.empty()) tip += " (" + made->shortcut().toString(QKeySequence::NativeText) + ")";
+    if (!look.shortcut.empty()) {
+        made->setShortcut(QKeySequence(qt(look.shortcut)));
+        tip += " (" + made->shortcut().toString(QKeySequence::NativeText) + ")";
+    }
     made->setToolTip(tip);
-    made->setStatusTip({});
     return made;
 }
 
@@ -50,25 +52,30 @@ MainBars::MainBars(QMainWindow& window, std::function<void(std::string_view key)
                 made->setChecked(!made->isChecked()); // the program decides what is checked
             toolClick_(key);
         });
-        if (look.menu.empty()) {
-            if (look.startsGroup) bar_->addSeparator();
-            if (look.key == paintKey) scalesAction_ = bar_->addWidget(scales_);
-            bar_->addAction(made);
-        } else {
-            QMenu* const menu = menus_.find(look.menu)->second;
-            if (look.startsGroup) menu->addSeparator();
-            menu->addAction(made);
-        }
+        place(look, made);
     }
-    setShown("MB-Sonic", false);
 }
 
 void MainBars::makeMenus(QMainWindow& window) {
-    for (const auto& [key, text] : {std::pair{"File", "&File"}, {"Setup", "&Setup"}, {"Help", "&Help"}}) {
-        QMenu* const menu = window.menuBar()->addMenu(text);
-        menu->setObjectName(std::string_view(key) == "Setup" ? "ch-setup" : key);
-        menus_.emplace(key, menu);
+    for (const CommandPlace menuPlace :
+         {CommandPlace::fileMenu, CommandPlace::setupMenu, CommandPlace::helpMenu}) {
+        QMenu* const menu = window.menuBar()->addMenu(qt(menuTitle(menuPlace)));
+        menu->setObjectName(menuPlace == CommandPlace::setupMenu ? QString("ch-setup")
+                                                                 : qt(menuKey(menuPlace)));
+        menus_.emplace(menuKey(menuPlace), menu);
     }
+}
+
+void MainBars::place(const CommandLook& look, QAction* made) {
+    if (look.place != CommandPlace::toolBar) {
+        QMenu* const menu = menus_.find(menuKey(look.place))->second;
+        if (look.startsGroup) menu->addSeparator();
+        menu->addAction(made);
+        return;
+    }
+    if (look.startsGroup) bar_->addSeparator();
+    if (look.key == paintKey) scalesAction_ = bar_->addWidget(scales_);
+    bar_->addAction(made);
 }
 
 void MainBars::makeToolBar(QMainWindow& window) {
@@ -114,7 +121,9 @@ void MainBars::setCaption(std::string_view key, std::string_view caption) {
 }
 
 void MainBars::setSearchPicture(bool searching) {
-    setChecked("Setup-LCUsearch", searching);
+    constexpr std::string_view key = "Setup-LCUsearch";
+    setChecked(key, searching);
+    action(key)->setIcon(icon(qt(searching ? searchOnIcon : searchOffIcon)));
 }
 
 void MainBars::fillScales(std::span<const std::string_view> scales) {

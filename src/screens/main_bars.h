@@ -1,6 +1,8 @@
 // Menu bar and main tool bar, made from the table of commands: every entry and button carries its key.
 #pragma once
 
+#include "screens/command_looks.h"
+
 #include <QString>
 
 #include <functional>
@@ -36,6 +38,7 @@ class MainBars {
   private:
     void makeMenus(QMainWindow& window);
     void makeToolBar(QMainWindow& window);
+    void place(const CommandLook& look, QAction* made);
     [[nodiscard]] QAction* action(std::string_view key) const;
 
     std::function<void(std::string_view key)> toolClick_;

@@ -47,8 +47,8 @@ RunPanel::RunPanel(RunPanelActions actions)
           button("comsetdepth", "Set &depth", "Sets the winch depth in the LCU. The winch must stand.")),
       equipment_(button("comequipment", "&Change\u2026", "Tool, winch and sampling of the next run")),
       record_(new QCheckBox),
-      start_(button("comstartlogging", "&Start", "Prepares the tool and starts logging (F5)")),
-      stop_(button("comstoplogging", "S&top", "Ends the run and powers the tool down (Esc)")) {
+      start_(button("comstartlogging", "&Start", "Prepares the tool and starts logging (F9)")),
+      stop_(button("comstoplogging", "S&top", "Ends the run and powers the tool down (F10)")) {
     setProperty("card", true);
     order_->setObjectName("lborder");
     order_->setWordWrap(true);
@@ -56,7 +56,7 @@ RunPanel::RunPanel(RunPanelActions actions)
     file_->setWordWrap(true);
     record_->setObjectName("chkrecord");
     start_->setProperty("primary", true);
-    start_->setShortcut(Qt::Key_F5);
+    start_->setShortcut(Qt::Key_F9);
     start_->setMinimumHeight(36);
     stop_->setMinimumHeight(36);
     connect(record_, &QCheckBox::toggled, this,
@@ -162,7 +162,7 @@ void RunPanel::setState(State state) {
     start_->setEnabled(state == State::ready);
     stop_->setEnabled(state == State::running);
     stop_->setText(state == State::stopping ? "Stopping\u2026" : "S&top");
-    stop_->setShortcut(state == State::running ? QKeySequence(Qt::Key_Escape) : QKeySequence());
+    stop_->setShortcut(state == State::running ? QKeySequence(Qt::Key_F10) : QKeySequence());
     setDepth_->setEnabled(state == State::ready);
     equipment_->setEnabled(idle);
     for (QLineEdit* const edit : {top_, bottom_, endDistance_, depthToSet_}) edit->setEnabled(idle);

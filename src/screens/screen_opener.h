@@ -5,13 +5,13 @@
 #include "screens/acquisition.h"
 #include "screens/desktop_memory.h"
 #include "screens/intro_screen.h"
-#include "screens/review.h"
+#include "screens/review_session.h"
 
 namespace tarvik {
 
 class ScreenOpener {
   public:
-    ScreenOpener(Program& program, IntroScreen& parent, DesktopMemory& memory, Review& review,
+    ScreenOpener(Program& program, IntroScreen& parent, DesktopMemory& memory, ReviewSession& review,
                  Acquisition& acquisition)
         : program_(program), parent_(parent), memory_(memory), review_(review), acquisition_(acquisition) {}
 
@@ -26,7 +26,7 @@ class ScreenOpener {
     Program& program_;
     IntroScreen& parent_;
     DesktopMemory& memory_;
-    Review& review_;
+    ReviewSession& review_;
     Acquisition& acquisition_;
 };
 

@@ -71,7 +71,9 @@ void ScreenRunView::scanKept(const KeptScanView& scan) {
     latest_.kept = scan.number;
     if (!scan.savedDepth.empty() && !keepingShown_) keepingState(KeepingState::kept, {});
     LCU_ShowDepthSpeed(scan.depth, scan.speed);
-    parts_.kept(scan);
+    if (clock_.tickMs() - valuesShownTick_ < refreshEveryMs) return;
+    valuesShownTick_ = clock_.tickMs();
+    parts_.shown(*scan.scan);
 }
 
 void ScreenRunView::refreshWhenDue() {

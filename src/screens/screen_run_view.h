@@ -14,7 +14,7 @@ struct RunViewParts {
     std::function<void(bool)> setEnabled;          ///< the frame's menus and buttons
     std::function<int()> currentLimit;             ///< of the tool, mA; 0 for none
     std::function<void(const RunHeader&)> started; ///< for the log display
-    std::function<void(const KeptScanView&)> kept;
+    std::function<void(const CurrentScan&)> shown; ///< the latest kept scan, ten times a second
     std::function<void()> ended;
 };
 
@@ -62,6 +62,7 @@ class ScreenRunView final : public RunView {
     Path file_;
     Latest latest_;
     std::int64_t refreshedTick_ = 0;
+    std::int64_t valuesShownTick_ = 0;
     bool keepingShown_ = false; ///< a run that keeps its scans from the start says nothing of it
     bool stop_ = false;
 };

@@ -60,7 +60,8 @@ SideFrame::SideFrame(RunPanelActions runActions, ReviewPanelActions reviewAction
 void SideFrame::layOut(std::string_view mode) {
     const bool instruments = mode == programMode::acquire || mode == programMode::demo;
     // What goes, goes first: all of them at once would be taller than the screen.
-    for (QWidget* const part : std::initializer_list<QWidget*>{instrument_, lamps_, run_, review_}) part->hide();
+    for (QWidget* const part : std::initializer_list<QWidget*>{instrument_, lamps_, run_, review_})
+        part->hide();
     instrument_->setVisible(instruments);
     lamps_->setVisible(instruments || mode == programMode::calibTest);
     run_->setVisible(mode == programMode::acquire);

@@ -1,5 +1,7 @@
 #include "screens/theme.h"
 
+#include "screens/icons.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
@@ -63,7 +65,7 @@ QPalette paletteOf(const ThemeColours& colours) {
     return palette;
 }
 
-/// "@name" is replaced by the colour. The indicator of a check box stays the style's own.
+/// "@name" of a colour is replaced by the colour, "@name" itself by the theme's name.
 constexpr const char* sheet = R"(
 QWidget { font-size: 10pt; }
 QMainWindow, QDialog { background: @ground; }
@@ -84,6 +86,16 @@ QLineEdit, QComboBox, QSpinBox, QDoubleSpinBox { padding: 4px 8px; min-height: 2
 QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QDoubleSpinBox:focus, QPlainTextEdit:focus, QListView:focus,
 QTreeView:focus, QTableView:focus, QTextBrowser:focus { border: 2px solid @accent; }
 QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QDoubleSpinBox:focus { padding: 3px 7px; }
+QComboBox::drop-down { border: none; width: 24px; }
+QComboBox::down-arrow { image: url(:/icons/arrow-@name.svg); width: 12px; height: 12px; }
+QRadioButton::indicator, QCheckBox::indicator { width: 12px; height: 12px; border: 2px solid @quiet;
+              background: @surface; }
+QRadioButton::indicator { border-radius: 8px; }
+QCheckBox::indicator { border-radius: 3px; }
+QRadioButton::indicator:checked { width: 6px; height: 6px; border: 5px solid @accent; }
+QCheckBox::indicator:checked { border-color: @accent; background: @accent;
+              image: url(:/icons/check-@name.svg); }
+QRadioButton::indicator:disabled, QCheckBox::indicator:disabled { border-color: @line; }
 QLineEdit[wrong="true"] { border: 2px solid @bad; padding: 3px 7px; }
 QLineEdit:disabled, QComboBox:disabled { background: @ground; color: @quiet; }
 QHeaderView::section { background: @ground; color: @quiet; border: none; border-bottom: 1px solid @line;
@@ -130,7 +142,7 @@ QScrollBar::add-line, QScrollBar::sub-line, QScrollBar::add-page, QScrollBar::su
                border: none; width: 0; height: 0; }
 )";
 
-QString styleSheetOf(const ThemeColours& colours) {
+QString styleSheetOf(const ThemeColours& colours, Theme theme) {
     // Longer names first: "@onAccent" before "@accent" does not matter, "@text" inside none of them.
     const std::array<std::pair<const char*, QColor>, 10> names{{{"@ground", colours.ground},
                                                                 {"@surface", colours.surface},
@@ -144,6 +156,7 @@ QString styleSheetOf(const ThemeColours& colours) {
                                                                 {"@bad", colours.bad}}};
     QString text = sheet;
     for (const auto& [name, colour] : names) text.replace(name, colour.name());
+    text.replace("@name", QString::fromLatin1(themeName(theme).data()));
     return text;
 }
 
@@ -169,7 +182,8 @@ void applyTheme(QApplication& application, Theme theme) {
     font.setPointSize(textPoints);
     QApplication::setFont(font);
     QApplication::setPalette(paletteOf(colours));
-    application.setStyleSheet(styleSheetOf(colours));
+    openIcons();
+    application.setStyleSheet(styleSheetOf(colours, theme));
 }
 
 Theme appliedTheme() {

@@ -104,3 +104,12 @@ TEST(FixedRecord, TextsArePaddedCutAndTrimmed) {
     EXPECT_EQ(record.get(Int16Field{8}), -1);
     EXPECT_EQ(FixedRecord<12>(record.bytes().first(4)).get(Int16Field{8}), 0);
 }
+
+TEST(Text, Utf8IsToldFromOtherEightBitText) {
+    for (const char* const text : {"", "plain", "\xC3\xBC", "\xEF\xBF\xBD", "\xF0\x9F\x98\x80"}) {
+        EXPECT_TRUE(isUtf8(text)) << text;
+    }
+    for (const char* const text : {"\xFC", "\xC3", "\xC3z", "\xC0\x80", "\xF8\x88\x80\x80\x80"}) {
+        EXPECT_FALSE(isUtf8(text)) << text;
+    }
+}

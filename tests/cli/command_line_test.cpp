@@ -48,7 +48,7 @@ TEST_F(CommandLine, WrongUsageIsTwoWithTheReasonAndTheWayToTheHelp) {
         {{"fly"}, "unknown verb \"fly\""},
         {{"find", "here"}, "\"here\" is not expected"},
         {{"find", "--lcucomms", "7"}, "--lcucomms expects 12, 34, 1, 2, 3 or 4"},
-        {{"info"}, "run file is missing"},
+        {{"info"}, "run or LAS file is missing"},
         {{"las", "a.kvx"}, "-o OUT.las is missing"},
         {{"las", "a.kvx", "-o", "b", "--filter", "Gamma="}, "--filter expects NAME=POINTS"},
         {{"fit"}, "--order is missing"},

@@ -24,7 +24,10 @@ TEST(ConsoleLines, OnATerminalProgressIsWrittenOverAndMakesRoomForOtherLines) {
     lines.progress("12", 1);
     lines.line("news");
     lines.line("more");
-    EXPECT_EQ(out.str(), "\r1234567\r12     \r  \rnews\nmore\n");
+    lines.progress("34", 2);
+    lines.endProgress();
+    lines.endProgress();
+    EXPECT_EQ(out.str(), "\r1234567\r12     \r  \rnews\nmore\n\r34\r  \r");
 }
 
 TEST(ConsoleOperator, SaysANoticeOnceOnOneLineAndRemembersErrors) {

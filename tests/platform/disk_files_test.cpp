@@ -219,6 +219,8 @@ TEST_F(DiskFilesTest, FoldersAreCreatedAndListed) {
     for (const char* name : {"b", "B", "a b", ".hidden"}) files_.append(deep / name, {});
     files_.createFolder(deep / "folder");
     EXPECT_THAT(files_.list(deep), ElementsAre(".hidden", "B", "a b", "b"));
+    EXPECT_THAT(files_.folders(deep), ElementsAre("folder"));
+    EXPECT_TRUE(files_.folders(deep / "none").empty());
     EXPECT_EQ(numberOf([&] { files_.createFolder(deep / "b" / "c"); }), ErrorNumber::pathNotFound);
 }
 

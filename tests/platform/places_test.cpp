@@ -81,10 +81,12 @@ TEST(Places, WithAHomeNoDriveLeadsOutOfIt) {
 TEST(Places, AFirstStartFillsTheProgramFolderAndALaterOneKeepsIt) {
     MemoryFiles files;
     const Places places = placesFor("/x", environmentOf({}), "/usr/share/tarvik");
-    EXPECT_THROW(fillProgramFolder(places, files), Failure) << "no equipment anywhere";
+    fillProgramFolder(places, files);
+    EXPECT_THROW(requireMakersEquipment(places, files), Failure) << "no equipment anywhere";
     files.put("/usr/share/tarvik/BrennaTools-Winches.dat", "maker's");
     files.put("/usr/share/tarvik/Brenna-Calibrations.dat", "factory's");
     fillProgramFolder(places, files);
+    EXPECT_NO_THROW(requireMakersEquipment(places, files));
     EXPECT_EQ(files.text("/x/program/BrennaTools-Winches.dat"), "maker's");
     EXPECT_EQ(files.text("/x/program/Brenna-Calibrations.dat"), "factory's");
     files.put("/usr/share/tarvik/BrennaTools-Winches.dat", "newer");

@@ -8,6 +8,7 @@ import json
 import os
 import pathlib
 import pty
+import shutil
 import signal
 import subprocess
 import sys
@@ -99,6 +100,14 @@ class Field:
     def log(self, *words):
         return pathlib.Path(self.tarvik(*self.log_words(*words)).stdout.splitlines()[-1])
 
+    def bin_without_equipment(self):
+        """The program, installed without its data and started for the first time."""
+        (self.home / "installed" / "share" / "tarvik").mkdir(parents=True)
+        (self.home / "installed" / "bin").mkdir()
+        shutil.copy(self.bin / "tarvik", self.home / "installed" / "bin")
+        shutil.rmtree(self.home / "program")
+        return self.home / "installed" / "bin"
+
     def run_file(self, number=1):
         return self.home / "C" / "Brenna Projects" / "P" / f"H_{self.tool.code}_{number:02}.kvx"
 
@@ -169,6 +178,12 @@ def logged(field, model, sampling, interval, up, feet, count=25):
     check(names[:3] == ["Depth", "Speed", "Res 8 inch"] and len(names) == 9, f"curves {names}")
     depths = sorted(int.from_bytes(r[0:4], "little") / 1000 for r in field.records(file))
     check(len(rows) == count and all(abs(row[0] - d) < 0.0051 for row, d in zip(rows, depths)), "depths of the LAS")
+
+    again = las.with_name("again.las")
+    field.tarvik("las", las, "-o", again)
+    check(again.read_bytes() == las.read_bytes(), "the LAS file read and written again is another one")
+    info = field.info(las)
+    check((info["kind"], info["scans"], info["units"]) == ("las", count, "Feet" if feet else "Metres"), f"{info}")
 
     for text in ("============ NEW logging run ============", f"{model} activated on COM1", "LCU powered down OK",
                  "Tarvik program closed"):
@@ -314,10 +329,28 @@ def refusals(field):
     check("UserTools-Winches.dat is damaged" in said, "damage of the equipment file is not said at the terminal")
 
 
+def foreign_las(field):
+    """A LAS file of another program, on a machine without the maker's equipment: refused, read tolerantly, exported."""
+    field.bin = field.bin_without_equipment()
+    las = field.home / "odd.las"
+    las.write_text("~V\nVERS. 2.0 : v\nWRAP. NO : w\n~W\nSTRT.M 1 : s\nSTOP.M 2 : s\nSTEP.M 1 : s\nNULL. -9999 : n\n"
+                   "DATE. 13-Mar-2006 : d\nCOMP. Acme : c\nWELL. H1 : w\n~C\nDEPT.M : 1\nA.CPS : 2\n~A\n1 -9999\n2 11,5\n")
+    refused = field.tarvik("info", las, expect=1).stderr
+    for text in ("Problems with LAS file", 'odd.las, line 9: "DATE" is out of place', "--tolerant",
+                 "the maker's equipment file is missing"):
+        check(text in refused, f"the refusal lacks: {text}")
+    out = field.home / "out.las"
+    said = field.tarvik("las", las, "-o", out, "--tolerant").stderr
+    check("line 17: decimal comma" in said, "the repair is not said")
+    names, rows = read_las(out)
+    check(names == ["Depth", "A"] and rows == [[1, -9999], [2, 11.5]], f"{names} {rows}")
+    check("is the file read" in field.tarvik("las", out, "-o", out, expect=1).stderr, "a file written over itself")
+
+
 def main():
     cases = {f.__name__: f for f in (depth_down_metres_lcu2plus, time_up_feet_lcu2plus, depth_up_feet_lcu4,
                                      time_down_metres_lcu4, calibrated, fluid_sampler_in_both_modes, killed_and_appended,
-                                     stopped_by_the_operator, refusals)}
+                                     stopped_by_the_operator, refusals, foreign_las)}
     parser = argparse.ArgumentParser()
     parser.add_argument("case", choices=cases)
     parser.add_argument("--bin", type=pathlib.Path, required=True)

@@ -10,9 +10,9 @@
 
 namespace tarvik {
 
-class Review {
+class ReviewSession {
   public:
-    Review(Program& program, IntroScreen& screen, LinkGate& gate)
+    ReviewSession(Program& program, IntroScreen& screen, LinkGate& gate)
         : program_(program), screen_(screen), gate_(gate) {}
 
     /// False when the file cannot be read; the reason has been shown.
@@ -25,6 +25,8 @@ class Review {
     [[nodiscard]] const Path& file() const { return file_; }
 
   private:
+    [[nodiscard]] std::optional<ReviewLog> read(const Path& file);
+    [[nodiscard]] Progress progress();
     void showEmpty();
 
     Program& program_;

@@ -1,0 +1,20 @@
+~V
+VERS. 1.2 : v
+WRAP. YES : w
+~W
+DATE. LOG DATE: 13-Mar-2006
+STRT.F 10 : s
+STOP.F 9 : s
+STEP.F -1 : s
+NULL. -999 : n
+COMP. COMPANY: Acme
+WELL. WELL: H1
+~C
+DEPT.F : 1
+A.CPS : 2
+B. : 3
+~A
+10
+1 2
+9
+-999 1,5

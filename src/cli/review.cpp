@@ -1,0 +1,54 @@
+#include "cli/review.h"
+
+#include <string>
+
+namespace tarvik {
+
+namespace {
+
+constexpr std::int64_t longLoadingMs = 300; ///< a shorter one shows no progress
+
+ProgramOptions reviewOptions(const Arguments& arguments) {
+    ProgramOptions options = programOptions(arguments);
+    options.onlyReview = true;
+    return options;
+}
+
+} // namespace
+
+Option tolerantOption() {
+    return {"--tolerant", "", "read a LAS file that is refused otherwise, saying each repair"};
+}
+
+Review::Review(const Arguments& arguments)
+    : tolerant_(arguments.has("--tolerant")),
+      program_(reviewOptions(arguments), terminal_.shell()),
+      red_(terminal_.lines()) {
+    program_.log.addViewer(red_);
+}
+
+Review::~Review() {
+    program_.log.removeViewer(red_);
+}
+
+std::optional<ReviewLog> Review::open(const Path& file) {
+    const std::int64_t start = program_.clock.tickMs();
+    const Progress progress = [&, start](int percent, std::string_view text) {
+        const std::int64_t now = program_.clock.tickMs();
+        if (now - start < longLoadingMs) return;
+        terminal_.lines().progress(std::string(text) + "  " + std::to_string(percent) + " %", now);
+    };
+    const bool las = program_.files.exists(file) && isLasFile(program_.files, file);
+    auto log = las ? openLas(file, progress) : program_.runReader.Tarvikfileopen(file, progress);
+    terminal_.lines().endProgress();
+    return log;
+}
+
+std::optional<ReviewLog> Review::openLas(const Path& file, const Progress& progress) {
+    if (tolerant_) return program_.lasReader.openTolerantly(file, progress);
+    auto log = program_.lasReader.LASfileopen(file, progress);
+    if (!log) terminal_.lines().line("With --tolerant more is read, and each repair is said.");
+    return log;
+}
+
+} // namespace tarvik

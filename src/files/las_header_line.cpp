@@ -1,0 +1,126 @@
+#include "files/las_header_line.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarvik {
+
+namespace {
+
+constexpr std::string_view blanks = " \t";
+
+/// A LAS file tells neither whether a channel is calibrated nor how.
+Calibration unknownCalibration() {
+    Calibration calibration;
+    for (std::string* const text :
+         {&calibration.state, &calibration.fitName, &calibration.identifier, &calibration.date,
+          &calibration.time, &calibration.calibratedBy, &calibration.kind})
+        text->clear();
+    return calibration;
+}
+
+struct FurtherText {
+    char section;
+    std::string_view key;
+    std::string& (*of)(LasHeader&);
+};
+
+constexpr std::array<FurtherText, 6> furtherTexts{{
+    {'W', "FLD", [](LasHeader& header) -> std::string& { return header.hole.prospect; }},
+    {'W', "LOC", [](LasHeader& header) -> std::string& { return header.hole.coordinates; }},
+    {'W', "PROV", [](LasHeader& header) -> std::string& { return header.hole.area; }},
+    {'W', "SRVC", [](LasHeader& header) -> std::string& { return header.hole.contractor; }},
+    {'P', "HOLEAZIM", [](LasHeader& header) -> std::string& { return header.facts.holeAzimuth; }},
+    {'P', "HOLEINCL", [](LasHeader& header) -> std::string& { return header.facts.holeInclination; }},
+}};
+
+} // namespace
+
+std::string_view strippedLasText(std::string_view text) {
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string plainLasText(std::string_view text) {
+    std::string plain(text);
+    std::ranges::replace_if(
+        plain, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+    return std::string(trimmed(plain));
+}
+
+bool startsWithNumber(std::string_view text) {
+    text = trimmed(text);
+    if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
+    if (text.starts_with('.')) text.remove_prefix(1);
+    return !text.empty() && text.front() >= '0' && text.front() <= '9';
+}
+
+std::optional<LasHeaderLine> splitLasHeaderLine(std::string_view line) {
+    const auto point = line.find('.');
+    if (point == std::string_view::npos) return std::nullopt;
+    LasHeaderLine parts;
+    parts.mnemonic = strippedLasText(line.substr(0, point));
+    const auto unitEnd = std::min(line.find_first_of(" \t:", point + 1), line.size());
+    parts.unit = line.substr(point + 1, unitEnd - point - 1);
+    std::string_view rest = line.substr(unitEnd);
+    const auto colon = rest.rfind(':');
+    parts.hasColon = colon != std::string_view::npos;
+    if (parts.hasColon) {
+        parts.description = strippedLasText(rest.substr(colon + 1));
+        rest = rest.substr(0, colon);
+    }
+    parts.value = strippedLasText(rest);
+    return parts;
+}
+
+LasCurveEntry lasCurveEntry(std::string_view line) {
+    const std::size_t point = line.find('.');
+    const std::size_t space = std::min(line.find(' ', point), line.size());
+    const std::size_t colon = line.find(':', space);
+    return {.mnemonic = plainLasText(line.substr(0, point)),
+            .unit = plainLasText(line.substr(point + 1, space - point - 1)),
+            .description =
+                colon == std::string_view::npos ? std::string() : plainLasText(line.substr(colon + 1))};
+}
+
+RunChannel lasChannel(std::string_view line, const LasCurveEntry& entry, std::size_t number) {
+    RunChannel channel;
+    channel.calibration = unknownCalibration();
+    channel.name = entry.mnemonic;
+    channel.unit = entry.unit;
+    const std::string mark = " :  " + std::to_string(number) + "   ";
+    const auto at = line.rfind(mark);
+    if (at == std::string_view::npos) return channel;
+    const std::string_view name = line.substr(at + mark.size());
+    if (name.empty() || !line.starts_with(std::string(name) + ".")) return channel;
+    channel.name = plainLasText(name);
+    channel.unit = plainLasText(line.substr(name.size() + 1, at - name.size() - 1));
+    return channel;
+}
+
+void takeFurtherLasLine(char section, std::string_view key, std::string_view value, LasHeader& header) {
+    if (section == 'V' && key == "WRAP") header.wrapped = value.starts_with('Y') || value.starts_with('y');
+    for (const FurtherText& further : furtherTexts) {
+        if (further.section == section && further.key == key) further.of(header) = plainLasText(value);
+    }
+}
+
+void takeLasFilterNote(std::string_view line, LasHeader& header) {
+    constexpr std::string_view begin = "#        ";
+    constexpr std::string_view middle = " - ";
+    constexpr std::string_view end = " pt";
+    const auto dash = line.rfind(middle);
+    if (!line.starts_with(begin) || !line.ends_with(end) || dash == std::string_view::npos) return;
+    if (dash < begin.size()) return;
+    const std::string_view points =
+        line.substr(dash + middle.size(), line.size() - end.size() - dash - middle.size());
+    const auto number = parseInteger(points);
+    if (!number || *number < 1 || *number > 1'000'000) return;
+    header.filters.emplace_back(plainLasText(line.substr(begin.size(), dash - begin.size())),
+                                static_cast<int>(*number));
+}
+
+} // namespace tarvik

@@ -1,0 +1,109 @@
+#include "files/las_reader.h"
+
+#include "base/text.h"
+#include "files/las_data.h"
+#include "files/las_tolerant_header.h"
+#include "files/las_units.h"
+#include "files/run_file_layout.h"
+
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+ReviewLog emptyReview(const LasHeader& header) {
+    ReviewLog review;
+    review.header.hole = header.hole;
+    review.header.runDate = header.date;
+    review.las = header.facts;
+    return review;
+}
+
+/// Rows of a wrapped file would each give several depths that are none.
+void refuseWrapped(const LasHeader& header) {
+    if (!header.wrapped) return;
+    throw LasRefusal("line " + std::to_string(header.wrapLine) +
+                     ": WRAP is YES, the rows take several lines each; only the tolerant reading joins them");
+}
+
+} // namespace
+
+template <class Body>
+bool LasFileReader::opened(const Path& file, Body&& body) {
+    try {
+        body();
+        return true;
+    } catch (const LasRefusal& reason) {
+        log_.red(file.filename().string() + ", " + reason.what());
+        operatorSide_.message("Tarvik", "Problems with LAS file", Icon::exclamation);
+        return false;
+    }
+}
+
+std::optional<ReviewLog> LasFileReader::LASfileopen(const Path& file, const Progress& progress) {
+    return errors_.run("Logdisplay1-LASfileopen", std::optional<ReviewLog>(), [&](Level& level) {
+        std::optional<ReviewLog> review;
+        LasFindings findings;
+        LasHeader header;
+        if (!opened(file, [&] { header = readLasKeys(files_, file, findings); })) return review;
+        level = 1; // the curves
+        if (!getLAScurvedata(file, header)) return review;
+        level = 2; // the data
+        review = emptyReview(header);
+        LasLines lines(files_, file, header.facts.dataStart, header.dataLine);
+        LasLine columnNames;
+        lines.next(columnNames);
+        if (!scanLASdatavalues(lines, header, false, *review, findings, progress)) review.reset();
+        if (review) tell(file, findings, *review);
+        return review;
+    });
+}
+
+std::optional<ReviewLog> LasFileReader::openTolerantly(const Path& file, const Progress& progress) {
+    return errors_.run("Logdisplay1-openTolerantly", std::optional<ReviewLog>(), [&](Level& level) {
+        std::optional<ReviewLog> review;
+        LasFindings findings;
+        LasHeader header;
+        const LasText text = detectLasText(files_, file, findings);
+        LasLines lines(files_, file, text.start, 1, text.encoding);
+        if (!opened(file, [&] { header = readTolerantLasHeader(lines, findings); })) return review;
+        level = 1; // the data
+        review = emptyReview(header);
+        if (!scanLASdatavalues(lines, header, true, *review, findings, progress)) review.reset();
+        if (review) tell(file, findings, *review);
+        return review;
+    });
+}
+
+bool LasFileReader::getLAScurvedata(const Path& file, LasHeader& header) {
+    return errors_.run("Logdisplay1-getLAScurvedata", false, [&](Level&) {
+        return opened(file, [&] {
+            readLasCurves(files_, file, header);
+            refuseWrapped(header);
+        });
+    });
+}
+
+bool LasFileReader::scanLASdatavalues(LasLines& lines, const LasHeader& header, bool tolerant,
+                                      ReviewLog& review, LasFindings& findings, const Progress& progress) {
+    return errors_.run("Logdisplay1-scanLASdatavalues", false, [&](Level& level) {
+        loadLasData(lines, header, tolerant, review, findings, progress);
+        level = 1; // the unit of the depths
+        settleLasDepthUnit(header, review, findings);
+        if (review.truncated) log_.red("Scan LAS data values - too many data points for array");
+        return true;
+    });
+}
+
+void LasFileReader::tell(const Path& file, const LasFindings& findings, ReviewLog& review) {
+    review.las->findings = findings.texts(file.filename().string());
+    for (const std::string& finding : review.las->findings) log_.red(finding);
+}
+
+bool isLasFile(const Files& files, const Path& file) {
+    if (upperCase(file.extension().string()) == ".KVX") return false;
+    return asText(files.readPart(file, 0, run_file::tagText.size())) != run_file::tagText;
+}
+
+} // namespace tarvik

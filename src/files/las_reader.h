@@ -1,0 +1,52 @@
+// Opens LAS files for review: strictly, as LAS 2.0 with its keys in their order, or tolerantly, when the user
+// asks for it after a refusal.
+//
+// Both fill the same review arrays as a run file. Whatever is dropped, converted or repaired is said in red
+// in the status log, a line for each kind with the lines of the file, and kept with the log.
+#pragma once
+
+#include "app/error_trap.h"
+#include "app/operator_side.h"
+#include "app/status_log.h"
+#include "base/review_log.h"
+#include "files/las_header.h"
+#include "files/las_lines.h"
+#include "files/progress.h"
+#include "platform/files.h"
+
+#include <optional>
+
+namespace tarvik {
+
+class LasFileReader {
+  public:
+    LasFileReader(ErrorTrap& errors, StatusLog& log, OperatorSide& operatorSide, const Files& files)
+        : errors_(errors), log_(log), operatorSide_(operatorSide), files_(files) {}
+
+    /// The file as LAS 2.0. Nothing when it is refused ("Problems with LAS file" is shown, the log says the
+    /// line and the reason) or cannot be read (the error is reported).
+    std::optional<ReviewLog> LASfileopen(const Path& file, const Progress& progress = {});
+
+    /// The same for files that LASfileopen refuses: keys in any order, long headers, wrapped rows, LAS 1.2,
+    /// other encodings. Each repair is said; no value is guessed.
+    std::optional<ReviewLog> openTolerantly(const Path& file, const Progress& progress = {});
+
+  private:
+    bool getLAScurvedata(const Path& file, LasHeader& header);
+    bool scanLASdatavalues(LasLines& lines, const LasHeader& header, bool tolerant, ReviewLog& review,
+                           LasFindings& findings, const Progress& progress);
+    /// False when the body refuses the file; the operator has been told.
+    template <class Body>
+    bool opened(const Path& file, Body&& body);
+    void tell(const Path& file, const LasFindings& findings, ReviewLog& review);
+
+    ErrorTrap& errors_;
+    StatusLog& log_;
+    OperatorSide& operatorSide_;
+    const Files& files_;
+};
+
+/// False for what is a run file by its first bytes or its name.
+[[nodiscard]] bool isLasFile(const Files& files, const Path& file);
+
+} // namespace tarvik

@@ -1,0 +1,55 @@
+#include "files/run_catalogue.h"
+
+#include "base/failure.h"
+#include "base/number_picture.h"
+#include "base/text.h"
+#include "files/run_file_reader.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarvik {
+
+namespace {
+
+constexpr std::array<std::string_view, 3> filesOfTheHole{"_NOTES.KVX", "_HOLEDETAILS.KVX", "_LITHOLOGY.KVX"};
+
+bool isReviewable(const std::string& name) {
+    const std::string upper = upperCase(name);
+    if (upper.ends_with(".LAS")) return true;
+    return upper.ends_with(".KVX") &&
+           std::ranges::none_of(filesOfTheHole, [&](std::string_view end) { return upper.ends_with(end); });
+}
+
+std::string depthsText(const DepthRange& range, DepthUnits units) {
+    return formatPicture(range.smallest, "###0.00") + " to " + formatPicture(range.largest, "###0.00") +
+           (units == DepthUnits::metres ? " m" : " ft");
+}
+
+} // namespace
+
+std::vector<Path> reviewableFiles(const Files& files, const Path& folder) {
+    std::vector<Path> found;
+    for (const std::string& name : files.list(folder)) {
+        if (isReviewable(name)) found.push_back(folder / name);
+    }
+    return found;
+}
+
+RunRow describeRun(const Files& files, const Path& file) {
+    RunRow row{.file = file, .hole = {}, .tool = {}, .logged = {}, .depths = {}, .problem = {}};
+    if (upperCase(file.extension().string()) == ".LAS") return row;
+    try {
+        const RunHeader header = readRunHeader(files, file).header;
+        row.hole = header.hole.holeId;
+        row.tool = header.tool.name;
+        row.logged = header.runDate + " " + header.startTime;
+        if (const auto range = readDepthRange(files, file))
+            row.depths = depthsText(*range, header.setup.units);
+    } catch (const Failure& failure) {
+        row.problem = failure.what();
+    }
+    return row;
+}
+
+} // namespace tarvik

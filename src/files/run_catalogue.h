@@ -1,0 +1,27 @@
+// The runs and LAS files of a project folder, as a list to choose from.
+#pragma once
+
+#include "platform/files.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvik {
+
+struct RunRow {
+    Path file;
+    std::string hole;
+    std::string tool;
+    std::string logged;  ///< "dd-mmm-yyyy hh:mm am/pm", as the header has it
+    std::string depths;  ///< "10.00 to 54.35 m"; empty without scans
+    std::string problem; ///< why the file cannot be read; empty when it can
+};
+
+/// *.kvx (but the hole's own notes, details and lithology) and *.las of a folder, by name.
+[[nodiscard]] std::vector<Path> reviewableFiles(const Files& files, const Path& folder);
+
+/// Reads a run's header; of a LAS file only its name.
+[[nodiscard]] RunRow describeRun(const Files& files, const Path& file);
+
+} // namespace tarvik

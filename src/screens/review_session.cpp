@@ -1,0 +1,77 @@
+#include "screens/review_session.h"
+
+#include "screens/qt_text.h"
+
+#include <QApplication>
+
+namespace tarvik {
+
+bool ReviewSession::open(const Path& file) {
+    auto log = read(file);
+    if (!log) return false;
+    screen_.values().setLog(nullptr);
+    log_ = std::move(log);
+    file_ = file;
+    program_.state.runFileName = file.filename().string();
+    show();
+    return true;
+}
+
+/// A LAS file that is refused can be read tolerantly: every repair is then in the event log.
+std::optional<ReviewLog> ReviewSession::read(const Path& file) {
+    const bool las =
+        program_.errors.run("Review open", false, [&](Level&) { return isLasFile(program_.files, file); });
+    if (!las) return program_.runReader.Tarvikfileopen(file, progress());
+    if (auto log = program_.lasReader.LASfileopen(file, progress())) return log;
+    if (program_.frame.operatorSide.ask(
+            "LAS file",
+            "The file does not follow LAS 2.0 to the letter. The event log says where.\n"
+            "Read it tolerantly? Each repair is listed, no value is invented.",
+            Icon::question) == Answer::no) {
+        return std::nullopt;
+    }
+    return program_.lasReader.openTolerantly(file, progress());
+}
+
+Progress ReviewSession::progress() {
+    return [this](int percent, std::string_view words) {
+        screen_.status().showText(words);
+        screen_.status().showProgress(percent);
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    };
+}
+
+void ReviewSession::close() {
+    screen_.values().setLog(nullptr);
+    log_.reset();
+    file_.clear();
+    program_.state.runFileName.clear();
+    program_.state.exitConfirmation = false;
+    show();
+}
+
+void ReviewSession::show() {
+    screen_.side().review().showRun(log(), qt(file_.filename().string()));
+    screen_.bars().setEnabled("MB-Details", log_.has_value());
+    screen_.bars().setEnabled("MB-Paint", log_.has_value());
+    screen_.bars().setEnabled("MB-Close", log_.has_value());
+    screen_.bars().setEnabled("MB-Print", log_.has_value());
+    if (!log_) return showEmpty();
+    program_.state.exitConfirmation = true;
+    screen_.values().setLog(log());
+    screen_.logs().showPage(&screen_.values());
+}
+
+void ReviewSession::showEmpty() {
+    const auto command = [this](const char* key) {
+        return [this, key] { program_.commands.toolClick(key); };
+    };
+    screen_.logs().showEmpty(
+        "No run is open",
+        "Open a finished run or a LAS file to see its logs, or go to Acquire to log a hole.",
+        {{"Open a run or LAS file\u2026", command("MB-Open")},
+         {"Acquire: search for the LCU", command("MB-Acquire")},
+         {"Play a run as a demonstration", command("Help-demo")}});
+}
+
+} // namespace tarvik

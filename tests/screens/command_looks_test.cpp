@@ -1,0 +1,42 @@
+#include "app/command_table.h"
+#include "screens/command_looks.h"
+#include "screens/icons.h"
+#include "screens/qt_text.h"
+
+#include <QKeySequence>
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace tarvik::test {
+
+TEST(CommandLooks, EveryCommandHasALookAndNoKeyIsClaimedTwice) {
+    std::vector<std::string_view> keys = CommandTable::commandKeys();
+    std::vector<std::string_view> looks;
+    std::set<std::string_view> shortcuts;
+    std::set<std::string> mnemonics;
+    for (const CommandLook& look : commandLooks()) {
+        looks.push_back(look.key);
+        EXPECT_FALSE(icon(qt(look.icon)).isNull()) << look.icon;
+        EXPECT_FALSE(look.tip.empty()) << look.key;
+        if (!look.shortcut.empty()) {
+            EXPECT_TRUE(shortcuts.insert(look.shortcut).second) << look.shortcut;
+            EXPECT_FALSE(QKeySequence(qt(look.shortcut)).isEmpty()) << look.shortcut;
+        }
+        const auto mark = look.caption.find('&');
+        EXPECT_EQ(mark != std::string_view::npos, look.place != CommandPlace::toolBar) << look.key;
+        if (mark == std::string_view::npos) continue;
+        const QChar letter = qt(look.caption).at(static_cast<qsizetype>(mark) + 1).toLower();
+        EXPECT_TRUE(mnemonics.insert(std::string(menuKey(look.place)) + plain(QString(letter))).second)
+            << look.caption;
+    }
+    std::ranges::sort(keys);
+    std::ranges::sort(looks);
+    EXPECT_EQ(looks, keys);
+    EXPECT_FALSE(icon(qt(searchOffIcon)).isNull());
+}
+
+} // namespace tarvik::test
