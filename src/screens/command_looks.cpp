@@ -66,7 +66,7 @@ constexpr std::array looks{
                 "Everything that happened today, with faults in red."},
     CommandLook{"MB-Setup", toolBar, "Setup", "setup", "F2",
                 "Project, hole, tool and winch, on the page that was shown last."},
-    CommandLook{"MB-Fluid", toolBar, "Gauges", "fluid", "", "Change between gauges and logs.", true, false,
+    CommandLook{"MB-Fluid", toolBar, "Gauges", "fluid", "", "Change between gauges and logs.", false, false,
                 false},
     CommandLook{"MB-Sonic", toolBar, "Colour", "sonic", "", "Change between colour and traces.", false, false,
                 false},

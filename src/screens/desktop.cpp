@@ -22,6 +22,7 @@ Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
       memory_(program_.store),
       gate_(program_.link, program_.state) {
     applyTheme(*qApp, memory_.theme());
+    program_.log.addViewer(events_);
     connectHooks();
     mainTimer_.setInterval(mainTimerMs);
     QObject::connect(&mainTimer_, &QTimer::timeout, [this] { acquisition_->watchDepth(); });
@@ -30,12 +31,15 @@ Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
 /// Notices that come from here on have no screen any more.
 Desktop::~Desktop() {
     program_.lcu.setWatcher(nullptr);
+    program_.log.removeViewer(events_);
+    operator_.setReports({});
     operator_.attach(nullptr, nullptr);
 }
 
 bool Desktop::startUp() {
     program_.startUp.Main();
     if (!program_.startUp.formActivate()) return false;
+    window_.setChecked("MB-Review", true);
     review_->show();
     operator_.statusText("Data review mode");
     mainTimer_.start();
@@ -58,7 +62,8 @@ IntroWindowParts Desktop::windowParts() {
             .stopMainTimer = [this] { mainTimer_.stop(); },
             .openHelp = [this] { screens_->open({"help"}); },
             .closeRun = [this] { review_->close(); },
-            .redrawReview = [this] { review_->show(); }};
+            .redrawReview = [this] { review_->show(); },
+            .loadNotes = [this] { loadNotes(); }};
 }
 
 void Desktop::toolClick(std::string_view key) {
@@ -81,10 +86,15 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
                            .review = {.open = [this] { toolClick("MB-Open"); },
                                       .details = [this] { openScreen("frmDetails"); },
                                       .exportLas = [this] { openScreen("frmLASexport"); },
-                                      .calibrations = [this] { openScreen("frmCalibrations"); }}});
+                                      .calibrations = [this] { openScreen("frmCalibrations"); }}},
+        program_.files);
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
     review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
-    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *acquisition_);
+    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, events_);
+    operator_.setReports(
+        {.error = [this](const ErrorReport& error, std::string_view dateTime,
+                         std::string_view file) { screens_->showError(error, dateTime, file); },
+         .overflow = {}});
     operator_.attach(screen.get(), &program_.clock);
     program_.lcu.setWatcher(&screen->side());
     return screen;
@@ -102,7 +112,7 @@ RunViewParts Desktop::runViewParts() {
                 screen().logs().showPage(&screen().live());
             },
         .shown = [this](const CurrentScan& scan) { screen().live().showScan(scan); },
-        .ended = [] {}};
+        .ended = [this] { loadNotes(); }};
 }
 
 // ---- What the frame calls.
@@ -115,6 +125,8 @@ void Desktop::connectHooks() {
     };
     hooks.searchForLcu = [this, search = hooks.searchForLcu] { return searchForLcu(search); };
     hooks.endProcess = [this] { endProcess(); };
+    hooks.printLog = [this](const Path&) { screens_->open({"print"}); };
+    hooks.loadHoleNotes = [this] { loadNotes(); };
 }
 
 bool Desktop::searchForLcu(const std::function<bool()>& search) {
@@ -124,6 +136,10 @@ bool Desktop::searchForLcu(const std::function<bool()>& search) {
     screen().status().showSearch(false);
     acquisition_->show();
     return found;
+}
+
+void Desktop::loadNotes() {
+    screen().notes().load(projectFolder(program_.frame), qt(program_.settings.hole.holeId));
 }
 
 void Desktop::modeShown() {

@@ -43,6 +43,7 @@ class Desktop {
     void toolClick(std::string_view key);
     void openScreen(std::string_view name);
     bool searchForLcu(const std::function<bool()>& search);
+    void loadNotes();
     void modeShown();
     void showAcquire();
     void showDemo();
@@ -55,6 +56,7 @@ class Desktop {
     std::unique_ptr<Display> display_;
     Program program_;
     DesktopMemory memory_;
+    EventLogModel events_;
     LinkGate gate_;
     std::unique_ptr<Acquisition> acquisition_; ///< with the main screen
     std::unique_ptr<ReviewSession> review_;

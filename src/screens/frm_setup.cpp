@@ -44,19 +44,7 @@ frmSetup::frmSetup(const SetupModules& modules, QWidget* parent)
       before_(modules.settings),
       list_(new QListWidget),
       stack_(new QStackedWidget) {
-    list_->setObjectName("lbpages");
-    list_->setAccessibleName("Pages of the setup");
-    list_->setFixedWidth(listWidth);
-    list_->setIconSize({24, 24});
-    list_->setSpacing(2);
-    list_->setStyleSheet("QListWidget::item { padding: 0 8px; border-radius: 4px; }"
-                         "QListWidget::item:selected { background: palette(highlight); "
-                         "color: palette(highlighted-text); }");
-    for (const PageName& name : names) {
-        auto* const item = new QListWidgetItem(name.title, list_);
-        item->setSizeHint({0, 40});
-    }
-    drawIcons();
+    buildList();
     buildPages();
 
     auto* const row = new QHBoxLayout;
@@ -74,6 +62,22 @@ frmSetup::frmSetup(const SetupModules& modules, QWidget* parent)
     connect(list_, &QListWidget::currentRowChanged, this, [this](int chosen) { selectPage(chosen); });
     setMinimumSize(800, 520);
     resize(1060, 700);
+}
+
+void frmSetup::buildList() {
+    list_->setObjectName("lbpages");
+    list_->setAccessibleName("Pages of the setup");
+    list_->setFixedWidth(listWidth);
+    list_->setIconSize({24, 24});
+    list_->setSpacing(2);
+    list_->setStyleSheet("QListWidget::item { padding: 0 8px; border-radius: 4px; }"
+                         "QListWidget::item:selected { background: palette(highlight); "
+                         "color: palette(highlighted-text); }");
+    for (const PageName& name : names) {
+        auto* const item = new QListWidgetItem(name.title, list_);
+        item->setSizeHint({0, 40});
+    }
+    drawIcons();
 }
 
 void frmSetup::buildPages() {

@@ -31,6 +31,7 @@ class frmSetup final : public ScreenDialog { // NOLINT(readability-identifier-na
     void reject() override;
 
   private:
+    void buildList();
     void buildPages();
     void drawIcons();
     [[nodiscard]] SetupPage& shown() const { return *pages_[static_cast<std::size_t>(page_)]; }

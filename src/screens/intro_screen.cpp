@@ -9,7 +9,7 @@
 
 namespace tarvik {
 
-IntroScreen::IntroScreen(IntroScreenActions actions)
+IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     : actions_(std::move(actions)),
       bars_(*this, actions_.toolClick),
       status_(*statusBar(), actions_.cancelSearch),
@@ -17,7 +17,8 @@ IntroScreen::IntroScreen(IntroScreenActions actions)
       notices_(new NoticeStrip),
       logs_(new LogArea),
       values_(new ValueTable),
-      live_(new LiveValues) {
+      live_(new LiveValues),
+      notes_(new NotesPanel(files)) {
     setObjectName("IntroScreen");
     setWindowTitle("Tarvik");
     logs_->addPage(values_);
@@ -32,6 +33,7 @@ IntroScreen::IntroScreen(IntroScreenActions actions)
     right->addWidget(notices_);
     right->addWidget(logs_, 1);
     row->addLayout(right, 1);
+    row->addWidget(notes_);
     setCentralWidget(middle);
 }
 

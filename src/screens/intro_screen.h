@@ -4,6 +4,7 @@
 #include "screens/live_values.h"
 #include "screens/log_area.h"
 #include "screens/main_bars.h"
+#include "screens/notes_panel.h"
 #include "screens/notice_strip.h"
 #include "screens/side_frame.h"
 #include "screens/status_panels.h"
@@ -25,7 +26,8 @@ struct IntroScreenActions {
 
 class IntroScreen final : public QMainWindow {
   public:
-    explicit IntroScreen(IntroScreenActions actions);
+    /// `files` outlives the screen.
+    IntroScreen(IntroScreenActions actions, const Files& files);
 
     [[nodiscard]] MainBars& bars() { return bars_; }
     [[nodiscard]] SideFrame& side() { return *side_; }
@@ -34,6 +36,7 @@ class IntroScreen final : public QMainWindow {
     [[nodiscard]] StatusPanels& status() { return status_; }
     [[nodiscard]] ValueTable& values() { return *values_; }
     [[nodiscard]] LiveValues& live() { return *live_; }
+    [[nodiscard]] NotesPanel& notes() { return *notes_; }
 
     /// Lets the window go for good.
     void unload();
@@ -50,6 +53,7 @@ class IntroScreen final : public QMainWindow {
     LogArea* logs_;
     ValueTable* values_;
     LiveValues* live_;
+    NotesPanel* notes_;
     bool unloading_ = false;
 };
 

@@ -74,6 +74,11 @@ void IntroWindow::hideRunPanels() {
     screen_->side().hideAcquisition();
 }
 
+void IntroWindow::showNotesPanel(bool shown) {
+    if (shown) parts_.loadNotes();
+    screen_->notes().setVisible(shown);
+}
+
 void IntroWindow::showProgress(int percent) {
     screen_->status().showProgress(percent);
 }

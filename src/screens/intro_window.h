@@ -20,6 +20,7 @@ struct IntroWindowParts {
     std::function<void()> openHelp;
     std::function<void()> closeRun;
     std::function<void()> redrawReview;
+    std::function<void()> loadNotes;
 };
 
 class IntroWindow final : public FrameView, public MainWindow {
@@ -50,6 +51,7 @@ class IntroWindow final : public FrameView, public MainWindow {
     void Utilities_setupsideframe() override;
     void hideAcquisitionPanel() override;
     void hideRunPanels() override;
+    void showNotesPanel(bool shown) override;
     void showProgress(int percent) override;
     void showInterface(const InterfaceDisplay& display) override;
     void showLogo(const Path& bitmap) override;

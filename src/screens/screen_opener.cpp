@@ -1,5 +1,14 @@
 #include "screens/screen_opener.h"
 
+#include "screens/frm_about.h"
+#include "screens/frm_exit.h"
+#include "screens/frm_file.h"
+#include "screens/frm_no_lcu_found.h"
+#include "screens/frm_readme.h"
+#include "screens/frm_setup.h"
+#include "screens/not_built.h"
+#include "screens/qt_text.h"
+
 #include <algorithm>
 #include <array>
 
@@ -10,13 +19,97 @@ struct ScreenOpener::Screen {
     void (ScreenOpener::*open)(const ScreenRequest&);
 };
 
+std::span<const ScreenOpener::Screen> ScreenOpener::screens() {
+    using Opener = ScreenOpener;
+    static constexpr std::array table{
+        Screen{"frmSetup", &Opener::openSetup},       Screen{"frmFile", &Opener::openFile},
+        Screen{"frmEventLog", &Opener::openEventLog}, Screen{"frmNoLCUFound", &Opener::openNoLcuFound},
+        Screen{"frmExit", &Opener::openExit},         Screen{"frmAbout", &Opener::openAbout},
+        Screen{"frmReadme", &Opener::openReadme},     Screen{"help", &Opener::openHelp},
+    };
+    return table;
+}
+
 void ScreenOpener::open(const ScreenRequest& request) {
-    program_.frame.operatorSide.message("Tarvik", std::string(request.screen) + " is not built yet.",
-                                        Icon::information);
+    const auto table = screens();
+    const auto found = std::ranges::find(table, request.screen, &Screen::name);
+    if (found == table.end()) return openNotBuilt(request);
+    (this->*found->open)(request);
+}
+
+void ScreenOpener::openSetup(const ScreenRequest& request) {
+    Program& p = program_;
+    frmSetup screen({.errors = p.errors,
+                     .settings = p.settings,
+                     .storedSettings = p.storedSettings,
+                     .store = p.store,
+                     .places = p.places,
+                     .files = p.files,
+                     .equipment = p.equipment,
+                     .lcu = p.lcu,
+                     .link = p.link,
+                     .log = p.log,
+                     .operatorSide = p.frame.operatorSide,
+                     .memory = memory_,
+                     .pageChanged = [&p](int page) { p.state.setupPage = page; }},
+                    &parent_);
+    screen.selectPage(request.page, request.subPage);
+    screen.exec();
+}
+
+void ScreenOpener::openFile(const ScreenRequest&) {
+    const Path folder = projectFolder(program_.frame);
+    frmFile screen(program_.files, folder, anyRunOrLasFile(folder), memory_, &parent_);
+    if (screen.exec() == QDialog::Accepted) review_.open(screen.chosen());
+}
+
+void ScreenOpener::openEventLog(const ScreenRequest&) {
+    frmEventLog(events_, qt(program_.log.todaysFile().string()), memory_, &parent_).exec();
+}
+
+void ScreenOpener::openNoLcuFound(const ScreenRequest&) {
+    const NoLcuActions actions{.search = [this] { return program_.modes.searchForLcu(); },
+                               .setUpPorts =
+                                   [this] {
+                                       openSetup({"frmSetup", 5});
+                                   }};
+    frmNoLCUFound(program_.options.searchedPorts.value_or(program_.settings.lcuComms),
+                  program_.settings.searchAutomatically, actions, memory_, &parent_)
+        .exec();
+}
+
+void ScreenOpener::openExit(const ScreenRequest&) {
+    frmExit(ExitPrompt(program_.state, program_.frame.operatorSide), memory_, &parent_).exec();
+}
+
+void ScreenOpener::openAbout(const ScreenRequest&) {
+    frmAbout(programVersion(), program_.system, qt(program_.places.programFolder.string()), memory_, &parent_)
+        .exec();
+}
+
+void ScreenOpener::openReadme(const ScreenRequest&) {
+    frmReadme(memory_, &parent_).exec();
+}
+
+void ScreenOpener::openHelp(const ScreenRequest&) {
+    if (!help_) help_ = std::make_unique<HelpWindow>(memory_, &parent_);
+    help_->show();
+    help_->raise();
+    help_->activateWindow();
+}
+
+void ScreenOpener::openNotBuilt(const ScreenRequest& request) {
+    NotBuiltScreen(request.screen, memory_, &parent_).exec();
 }
 
 RunChoice ScreenOpener::chooseRun(const LoggingRuns&, std::string_view) {
     return RunChoice::newRun;
+}
+
+void ScreenOpener::showError(const ErrorReport& error, std::string_view dateTime,
+                             std::string_view errorFile) {
+    if (!error_) error_ = std::make_unique<frmERROR>(memory_, &parent_);
+    error_->showError(error, dateTime, errorFile);
 }
 
 } // namespace tarvik

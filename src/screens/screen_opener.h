@@ -4,30 +4,51 @@
 #include "app/frame.h"
 #include "screens/acquisition.h"
 #include "screens/desktop_memory.h"
+#include "screens/frm_error.h"
+#include "screens/frm_event_log.h"
+#include "screens/help_window.h"
 #include "screens/intro_screen.h"
 #include "screens/review_session.h"
+
+#include <memory>
+#include <span>
 
 namespace tarvik {
 
 class ScreenOpener {
   public:
     ScreenOpener(Program& program, IntroScreen& parent, DesktopMemory& memory, ReviewSession& review,
-                 Acquisition& acquisition)
-        : program_(program), parent_(parent), memory_(memory), review_(review), acquisition_(acquisition) {}
+                 EventLogModel& events)
+        : program_(program), parent_(parent), memory_(memory), review_(review), events_(events) {}
 
     /// Returns when the screen is closed, if it is modal.
     void open(const ScreenRequest& request);
     /// Asked before the stream starts.
     [[nodiscard]] RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText);
+    /// Without blocking.
+    void showError(const ErrorReport& error, std::string_view dateTime, std::string_view errorFile);
 
   private:
     struct Screen;
+    static std::span<const Screen> screens();
+
+    void openSetup(const ScreenRequest& request);
+    void openFile(const ScreenRequest&);
+    void openEventLog(const ScreenRequest&);
+    void openNoLcuFound(const ScreenRequest&);
+    void openExit(const ScreenRequest&);
+    void openAbout(const ScreenRequest&);
+    void openReadme(const ScreenRequest&);
+    void openHelp(const ScreenRequest&);
+    void openNotBuilt(const ScreenRequest& request);
 
     Program& program_;
     IntroScreen& parent_;
     DesktopMemory& memory_;
     ReviewSession& review_;
-    Acquisition& acquisition_;
+    EventLogModel& events_;
+    std::unique_ptr<frmERROR> error_;
+    std::unique_ptr<HelpWindow> help_;
 };
 
 } // namespace tarvik

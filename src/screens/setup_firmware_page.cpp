@@ -26,6 +26,22 @@ SetupFirmwarePage::SetupFirmwarePage(const SetupModules& modules)
     connect(read_, &QPushButton::clicked, this, [this] { read(); });
 
     auto* const card = new Card("Versions");
+    card->body()->addLayout(buildVersions());
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(read_);
+    buttons->addStretch(1);
+    card->body()->addLayout(buttons);
+    card->body()->addWidget(result_);
+    card->body()->addWidget(
+        wrappingLabel("A tool that is not on the cable does not answer. Both versions are also written into "
+                      "the status log at "
+                      "the start of every run. Tarvik reads them; it does not load new firmware.",
+                      "quiet"));
+    body()->addWidget(card);
+    body()->addStretch(1);
+}
+
+QLayout* SetupFirmwarePage::buildVersions() {
     auto* const grid = new QGridLayout;
     grid->setHorizontalSpacing(measure::margin);
     grid->setVerticalSpacing(measure::gap);
@@ -38,18 +54,7 @@ SetupFirmwarePage::SetupFirmwarePage(const SetupModules& modules)
     }
     grid->setColumnMinimumWidth(0, 140);
     grid->setColumnStretch(1, 1);
-    card->body()->addLayout(grid);
-    auto* const buttons = new QHBoxLayout;
-    buttons->addWidget(read_);
-    buttons->addStretch(1);
-    card->body()->addLayout(buttons);
-    card->body()->addWidget(result_);
-    card->body()->addWidget(wrappingLabel(
-        "A tool answers only while it has power. Both versions are also written into the status log at the "
-        "start of every run. New firmware is loaded by the maker's service, not by Tarvik.",
-        "quiet"));
-    body()->addWidget(card);
-    body()->addStretch(1);
+    return grid;
 }
 
 void SetupFirmwarePage::load() {

@@ -4,6 +4,7 @@
 #include "screens/setup_modules.h"
 #include "screens/setup_page.h"
 
+class QLayout;
 class QPushButton;
 
 namespace tarvik {
@@ -15,6 +16,7 @@ class SetupFirmwarePage final : public SetupPage {
     void load() override;
 
   private:
+    [[nodiscard]] QLayout* buildVersions();
     void read();
 
     SetupModules modules_;

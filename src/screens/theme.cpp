@@ -100,6 +100,7 @@ QLineEdit[wrong="true"] { border: 2px solid @bad; padding: 3px 7px; }
 QLineEdit:disabled, QComboBox:disabled { background: @ground; color: @quiet; }
 QHeaderView::section { background: @ground; color: @quiet; border: none; border-bottom: 1px solid @line;
                        padding: 6px 8px; font-weight: 600; }
+QTableView::item, QTreeView::item { padding: 0 8px; }
 QTableView, QTreeView { gridline-color: @ground; alternate-background-color: @ground; }
 QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }
 QFrame[card="true"] { background: @surface; border: 1px solid @line; border-radius: 6px; }
