@@ -1,6 +1,7 @@
 #include "app/sampling_checks.h"
 
 #include "base/number_picture.h"
+#include "base/sampling_words.h"
 #include "base/text.h"
 
 namespace tarvik {
@@ -14,12 +15,9 @@ std::string intervalProblem(Sampling sampling, std::string_view text) {
 }
 
 std::string intervalInWords(Sampling sampling, DepthUnits units, std::string_view text) {
-    constexpr double centimetresInMetre = 100;
     const auto number = parseNumber(text);
     if (sampling == Sampling::time || !number) return {};
-    const std::string words = shortestNumber(*number) + " cm";
-    if (units == DepthUnits::metres) return words;
-    return words + " (" + formatPicture(fromMetres(*number / centimetresInMetre, units), "##0.000") + " ft)";
+    return intervalText(sampling, static_cast<float>(*number), units);
 }
 
 std::string wholeNumberProblem(std::string_view text, long long least, long long most) {

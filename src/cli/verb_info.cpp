@@ -4,6 +4,7 @@
 #include "cli/review.h"
 
 #include "base/number_picture.h"
+#include "files/run_details.h"
 
 #include <iostream>
 #include <span>
@@ -17,10 +18,6 @@ struct RunFacts {
     RunFileInfo info;
     ReviewLog log;
 };
-
-std::string depthText(double depth) {
-    return formatPicture(depth, "###0.00");
-}
 
 std::span<const double> coefficientsOf(const Calibration& calibration) {
     return std::span(calibration.coefficients).first(static_cast<std::size_t>(calibration.order) + 1);
@@ -60,24 +57,6 @@ std::string channelsJson(const ReviewLog& log) {
     });
 }
 
-/// A line on where the calibration comes from, one on the polynomial, one on its points.
-void printCalibration(const Calibration& calibration) {
-    constexpr std::string_view indent = "             ";
-    std::cout << indent << calibration.fitName << " " << calibration.identifier << ", " << calibration.date
-              << " " << calibration.time << " by " << calibration.calibratedBy << ", " << calibration.kind
-              << ", " << calibration.state << "\n"
-              << indent << "order " << calibration.order << ":";
-    for (const double coefficient : coefficientsOf(calibration))
-        std::cout << " " << shortestNumber(coefficient);
-    std::cout << "\n";
-    if (calibration.pointCount == 0) return;
-    std::cout << indent << "points:";
-    for (const auto& [reading, reference] : pointsOf(calibration)) {
-        std::cout << " (" << shortestNumber(reading) << ", " << shortestNumber(reference) << ")";
-    }
-    std::cout << "\n";
-}
-
 void printJson(const RunFacts& facts) {
     const RunHeader& header = facts.info.header;
     const auto depthOr = [&](bool first) -> std::string {
@@ -109,38 +88,6 @@ void printJson(const RunFacts& facts) {
     std::cout << object.text();
 }
 
-void printText(const RunFacts& facts) {
-    const RunHeader& header = facts.info.header;
-    const std::string_view units = depthUnitsText(header.setup.units);
-    std::cout << "File       " << facts.file.string() << "\n"
-              << "Hole       " << header.hole.holeId << "  (project " << header.project << ")\n"
-              << "Tool       " << header.tool.code << "  " << header.tool.name << "  SN-"
-              << header.tool.serialNumber << "\n"
-              << "Winch      " << header.winch.name << "\n"
-              << "Run        " << header.runDate << " " << header.startTime << ", "
-              << samplingText(header.setup.sampling) << " sampling every "
-              << shortestNumber(header.setup.interval)
-              << (header.setup.sampling == Sampling::depth ? " cm, " : " s, ")
-              << directionText(header.setup.direction) << "\n"
-              << "Scans      " << facts.log.steps();
-    if (facts.log.steps() > 0) {
-        std::cout << ", depth " << depthText(facts.log.depth.front()) << " to "
-                  << depthText(facts.log.depth.back()) << " " << units;
-    }
-    std::cout << "\n";
-    if (facts.log.skippedScans > 0)
-        std::cout << "Skipped    " << facts.log.skippedScans << " without a depth\n";
-    if (facts.info.shape.partialBytes > 0) {
-        std::cout << "Torn       " << facts.info.shape.partialBytes << " bytes of a last record, not read\n";
-    }
-    for (std::size_t i = 0; i < facts.log.channels.size(); ++i) {
-        const ReviewChannel& channel = facts.log.channels[i];
-        std::cout << "Channel    " << channel.name << "  " << channel.unit
-                  << (channel.calibrated ? "" : "  (not calibrated: counts)") << "\n";
-        printCalibration(facts.log.header.channels[i].calibration);
-    }
-}
-
 int runInfo(const Arguments& arguments) {
     const Path file = arguments.only("run or LAS file");
     Review review(arguments);
@@ -154,7 +101,7 @@ int runInfo(const Arguments& arguments) {
     if (arguments.has("--json"))
         printJson(facts);
     else
-        printText(facts);
+        std::cout << runDetailsText(facts.log, file);
     return exitDone;
 }
 

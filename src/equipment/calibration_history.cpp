@@ -27,7 +27,8 @@ CalibrationRow rowOf(std::size_t index, const CalibrationRecord& record) {
             .text = record.get(calibration::state) + "\t" +
                     joined({record.get(calibration::date), record.get(calibration::calibratedBy),
                             record.get(calibration::kind)}),
-            .bold = record.get(calibration::marked) != 0};
+            .bold = record.get(calibration::marked) != 0,
+            .calibration = calibrationOf(record)};
 }
 
 } // namespace

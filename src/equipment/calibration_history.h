@@ -23,6 +23,7 @@ struct CalibrationRow {
     std::string sensorName;
     std::string text; ///< state, a tab, "date, calibrated by, kind"
     bool bold = false;
+    Calibration calibration;
 };
 
 struct CalibrationList {

@@ -287,6 +287,20 @@ std::string ToolWinchData::ToolWinchData_loadcurrentttoolwinch(const EquipmentCh
     });
 }
 
+CurrentTool ToolWinchData::userTool(const EquipmentChoice& choice, int toolMode) {
+    return errors_.run(errors_.place().routine, CurrentTool{}, [&](Level&) {
+        CurrentTool tool;
+        tool.mode = toolMode == 2 ? 2 : 1;
+        if (!files_.exists(userFile_)) return tool;
+        const EquipmentFile user = load(userFile_);
+        if (const ToolRecord* const found = find(user, toolKind, choice)) {
+            tool.record = *found;
+            attachCalibrations(tool, calibrations_);
+        }
+        return tool;
+    });
+}
+
 void ToolWinchData::ToolWinchData_updatecurrenttoolscales(std::string_view scaleKind, int channel, float left,
                                                           float right) {
     errors_.run("ToolWinchData_updatecurrenttoolscales", [&](Level& level) {

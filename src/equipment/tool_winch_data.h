@@ -69,6 +69,10 @@ class ToolWinchData {
     std::string ToolWinchData_loadcurrentttoolwinch(const EquipmentChoice& tool, const EquipmentChoice& winch,
                                                     int toolMode);
 
+    /// One of the user's tools with its calibrations, for a screen that offers it; blank when there is none.
+    /// The current tool stays what it is.
+    [[nodiscard]] CurrentTool userTool(const EquipmentChoice& choice, int toolMode);
+
     /// Scale kind "UNCAL" or "CALIB", channel 1 to 20 of the current mode. Written into the user's file too
     /// when the current tool is (still) there.
     void ToolWinchData_updatecurrenttoolscales(std::string_view scaleKind, int channel, float left,

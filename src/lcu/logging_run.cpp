@@ -33,12 +33,6 @@ class Owning {
     RunModules& modules_;
 };
 
-std::string depthRangeText(const std::optional<DepthRange>& range) {
-    if (!range) return {};
-    return "Depth range on file  " + formatPicture(range->smallest, "###0.00") + "  to  " +
-           formatPicture(range->largest, "###0.00");
-}
-
 } // namespace
 
 RunResult LoggingRun::comstartlogging(const RunOrder& order) {

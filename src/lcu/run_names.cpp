@@ -60,4 +60,10 @@ std::string loggingRunsText(const LoggingRuns& runs) {
     return "Tool has " + std::to_string(runs.count) + " runs so far, last run " + runs.lastRunText;
 }
 
+std::string depthRangeText(const std::optional<DepthRange>& range) {
+    if (!range) return {};
+    return "Depth range on file  " + formatPicture(range->smallest, "###0.00") + "  to  " +
+           formatPicture(range->largest, "###0.00");
+}
+
 } // namespace tarvik

@@ -1,8 +1,10 @@
 // Names and numbers of run files: hole + "_" + tool code + "_" + run number ("00") + ".kvx".
 #pragma once
 
+#include "files/run_file_reader.h"
 #include "platform/files.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,5 +28,8 @@ struct LoggingRuns {
 
 /// "Tool has been run once so far on …" or "Tool has n runs so far, last run …"; empty without runs.
 [[nodiscard]] std::string loggingRunsText(const LoggingRuns& runs);
+
+/// "Depth range on file  12.30  to  48.75"; empty when the file holds no scan with a depth.
+[[nodiscard]] std::string depthRangeText(const std::optional<DepthRange>& range);
 
 } // namespace tarvik

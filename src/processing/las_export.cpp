@@ -21,8 +21,11 @@ class LasFile {
     LasFile(Files& files, const Path& file) : files_(files), file_(file) { text_.reserve(pieceBytes + 4096); }
 
     [[nodiscard]] std::string& text() { return text_; }
-    void writeFullPiece() {
-        if (text_.size() >= pieceBytes) write();
+    /// True when a piece was written.
+    bool writeFullPiece() {
+        if (text_.size() < pieceBytes) return false;
+        write();
+        return true;
     }
     void write() {
         if (begun_) {
@@ -46,7 +49,8 @@ class LasFile {
 } // namespace
 
 bool LasExport::Logprintexport_exportLASfile(const ReviewLog& log, const Path& file,
-                                             const LasExportOptions& options, const ExportList& list) {
+                                             const LasExportOptions& options, const ExportList& list,
+                                             const ExportWatch& watch) {
     return errors_.run("Logprintexport_exportLASfile", false, [&](Level& level) {
         const LasData data = prepareLasData(log, options, list);
         level = 1; // the header
@@ -64,7 +68,11 @@ bool LasExport::Logprintexport_exportLASfile(const ReviewLog& log, const Path& f
         }
         for (std::size_t row = 0; row < data.depth.size(); ++row) {
             appendLasRow(las.text(), data.depth[row], data.columns, row, options.decimals, options.nullText);
-            las.writeFullPiece();
+            const int percent = static_cast<int>((row + 1) * 100 / data.depth.size());
+            if (las.writeFullPiece() && watch && !watch(percent)) {
+                files_.remove(file);
+                return false;
+            }
         }
         las.write();
         return true;

@@ -41,13 +41,18 @@ struct LasExportOptions {
 /// The lines of the export list: progress and warnings. May be empty.
 using ExportList = std::function<void(std::string_view line)>;
 
+/// Asked after each large piece that was written, with the share of the data lines that are done; false
+/// breaks the export off. May be empty: nobody watches.
+using ExportWatch = std::function<bool(int percent)>;
+
 class LasExport {
   public:
     LasExport(ErrorTrap& errors, Files& files) : errors_(errors), files_(files) {}
 
-    /// True when the file is complete; false when it was refused or broke off (the error is reported).
+    /// True when the file is complete; false when it was refused or broke off (the error is reported). What
+    /// `watch` breaks off is removed: half a log must not look like a whole one.
     bool Logprintexport_exportLASfile(const ReviewLog& log, const Path& file, const LasExportOptions& options,
-                                      const ExportList& list = {});
+                                      const ExportList& list = {}, const ExportWatch& watch = {});
 
   private:
     ErrorTrap& errors_;

@@ -2,6 +2,7 @@
 
 #include "screens/theme.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -19,6 +20,12 @@ namespace {
 constexpr int keyRole = Qt::UserRole;
 constexpr int sortRole = Qt::UserRole + 1;
 constexpr int least = 110; ///< pixels in height: the head and two rows
+
+QFont boldFont() {
+    QFont font = QApplication::font();
+    font.setBold(true);
+    return font;
+}
 
 class Item final : public QTableWidgetItem {
   public:
@@ -119,6 +126,7 @@ void FilterTable::setRows(const std::vector<TableRow>& rows) {
         for (int column = 0; column < table_->columnCount(); ++column) {
             auto* const item = new Item(content.cells.at(static_cast<std::size_t>(column)));
             item->setData(keyRole, content.key);
+            if (content.bold) item->setFont(boldFont());
             table_->setItem(row, column, item);
         }
     }

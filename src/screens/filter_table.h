@@ -27,6 +27,7 @@ struct TableCell {
 struct TableRow {
     int key = 0; ///< the caller's own, 0 or more
     std::vector<TableCell> cells;
+    bool bold = false;
 };
 
 struct TableTexts {

@@ -3,6 +3,7 @@
 #include "app/sampling_checks.h"
 #include "base/text.h"
 #include "screens/card.h"
+#include "screens/equipment_choice_list.h"
 #include "screens/field.h"
 #include "screens/option_row.h"
 #include "screens/qt_text.h"
@@ -15,7 +16,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSignalBlocker>
 
 namespace tarvik {
 
@@ -26,24 +26,6 @@ constexpr int second = 1;
 
 QLineEdit* editOf(const Field& field) {
     return static_cast<QLineEdit*>(field.editor());
-}
-
-/// "K215  Natural gamma  SN-12"; the data are code and serial number.
-void fill(QComboBox& list, const std::vector<UserRow>& rows, const EquipmentChoice& chosen) {
-    const QSignalBlocker quiet(&list);
-    list.clear();
-    list.addItem("-- none selected --", QStringList{"", ""});
-    for (const UserRow& row : rows) {
-        list.addItem(qt(row.code) + "  " + qt(row.text()), QStringList{qt(row.code), qt(row.serialNumber)});
-        const bool sameCode = row.code == trimmed(chosen.code);
-        const bool sameSerial = chosen.serialNumber.empty() || row.serialNumber == chosen.serialNumber;
-        if (sameCode && sameSerial && list.currentIndex() == 0) list.setCurrentIndex(list.count() - 1);
-    }
-}
-
-EquipmentChoice choiceIn(const QComboBox& list) {
-    const QStringList data = list.currentData().toStringList();
-    return {plain(data.value(0)), plain(data.value(1))};
 }
 
 } // namespace
@@ -158,8 +140,8 @@ void SetupSampling::reloadEquipment() {
 }
 
 void SetupSampling::fillLists(const EquipmentChoice& tool, const EquipmentChoice& winch) {
-    fill(*tool_, modules_.equipment.ToolWinchData_loadusertoollist().rows, tool);
-    fill(*winch_, modules_.equipment.ToolWinchData_loaduserwinchlist().rows, winch);
+    fillChoices(*tool_, modules_.equipment.ToolWinchData_loadusertoollist().rows, tool);
+    fillChoices(*winch_, modules_.equipment.ToolWinchData_loaduserwinchlist().rows, winch);
     loadCurrent();
 }
 

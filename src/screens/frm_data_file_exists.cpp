@@ -1,0 +1,117 @@
+#include "screens/frm_data_file_exists.h"
+
+#include "screens/card.h"
+#include "screens/filter_table.h"
+#include "screens/qt_text.h"
+#include "screens/styles.h"
+#include "screens/theme.h"
+
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <algorithm>
+
+namespace tarvik {
+
+namespace {
+
+constexpr const char* showText = "Show advanced append options  >>";
+constexpr const char* hideText = "Hide advanced append options  <<";
+
+QString markOf(const AppendRow& row) {
+    if (row.agrees) return "\u2713 agrees";
+    return row.refuses ? "\u2716 differs" : "\u25b2 differs, is said in the log";
+}
+
+bool mayAppend(const std::vector<AppendRow>& rows) {
+    return std::ranges::none_of(rows, [](const AppendRow& row) { return row.refuses && !row.agrees; });
+}
+
+} // namespace
+
+frmDataFileExists::frmDataFileExists(const LoggingRuns& runs, std::string_view depthRangeText,
+                                     const std::vector<AppendRow>& comparison, DesktopMemory& memory,
+                                     QWidget* parent)
+    : ScreenDialog("frmDataFileExists", "Append or start a new run", memory, parent),
+      append_(new QRadioButton("&Append to the latest run")),
+      newRun_(new QRadioButton("Start a &new run")),
+      verdict_(new QLabel),
+      advanced_(addSideButton("comadvanced", showText)) {
+    setModal(true);
+    buildRuns(runs, depthRangeText);
+    buildChoice(runs, comparison);
+    buildAdvanced(comparison);
+    connect(addButton("comcancel", "Cancel"), &QPushButton::clicked, this, [this] { reject(); });
+    auto* const go = addPrimaryButton("comcontinue", "Start new run");
+    connect(go, &QPushButton::clicked, this, [this] { accept(); });
+    connect(append_, &QRadioButton::toggled, go,
+            [go](bool on) { go->setText(on ? "Append to run" : "Start new run"); });
+    connect(advanced_, &QPushButton::clicked, this, [this] { showAdvanced(table_->isHidden()); });
+    showAdvanced(false);
+    newRun_->setFocus();
+}
+
+void frmDataFileExists::buildRuns(const LoggingRuns& runs, std::string_view depthRangeText) {
+    auto* const card = new Card;
+    auto* const text = roleLabel("head", qt(loggingRunsText(runs)));
+    text->setObjectName("lbruns");
+    text->setWordWrap(true);
+    auto* const range = new QLabel(depthRangeText.empty() ? "The latest run holds no scan with a depth."
+                                                          : qt(depthRangeText));
+    range->setObjectName("lbdepthrange");
+    auto* const file = roleLabel("quiet", qt(runs.latestFile.string()));
+    file->setWordWrap(true);
+    for (QLabel* const label : {text, range, file}) card->body()->addWidget(label);
+    body()->addWidget(card);
+}
+
+void frmDataFileExists::buildChoice(const LoggingRuns& runs, const std::vector<AppendRow>& comparison) {
+    append_->setObjectName("optappend");
+    append_->setToolTip("The scans go on in the file of run " + QString::number(runs.latest) + ".");
+    newRun_->setObjectName("optnewrun");
+    newRun_->setToolTip("The run gets a file of its own, number " + QString::number(runs.next()) + ".");
+    newRun_->setChecked(true);
+    verdict_->setObjectName("lbverdict");
+    verdict_->setWordWrap(true);
+    const bool agrees = mayAppend(comparison);
+    verdict_->setText((agrees ? "\u2713  " : "\u25b2  ") + qt(appendVerdict(comparison)));
+    setRole(*verdict_, agrees ? "good" : "warning");
+    body()->addWidget(newRun_);
+    body()->addWidget(append_);
+    body()->addWidget(verdict_);
+}
+
+void frmDataFileExists::buildAdvanced(const std::vector<AppendRow>& comparison) {
+    table_ = new FilterTable({.objectName = "appendchecks",
+                              .title = "What has to agree",
+                              .heads = {"Check of", "Latest run", "Now", "Outcome"},
+                              .empty = "Nothing could be compared."},
+                             memory());
+    std::vector<TableRow> rows;
+    for (const AppendRow& one : comparison) {
+        rows.push_back({.key = static_cast<int>(rows.size()),
+                        .cells = {{qt(one.what), QString::number(rows.size())},
+                                  {qt(one.onFile)},
+                                  {qt(one.now)},
+                                  {markOf(one)}},
+                        .bold = !one.agrees});
+    }
+    table_->setRows(rows);
+    table_->setMinimumHeight(380);
+    body()->addWidget(table_, 1);
+}
+
+void frmDataFileExists::showAdvanced(bool shown) {
+    table_->setVisible(shown);
+    advanced_->setText(shown ? hideText : showText);
+    setMinimumWidth(shown ? 760 : 560);
+    layout()->activate();
+    resize(minimumWidth(), sizeHint().height());
+}
+
+RunChoice frmDataFileExists::choice() const {
+    if (result() != Accepted) return RunChoice::cancel;
+    return append_->isChecked() ? RunChoice::append : RunChoice::newRun;
+}
+
+} // namespace tarvik

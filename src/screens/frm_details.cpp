@@ -1,0 +1,118 @@
+#include "screens/frm_details.h"
+
+#include "base/text.h"
+#include "files/run_details.h"
+#include "screens/detail_grid.h"
+#include "screens/filter_table.h"
+#include "screens/qt_text.h"
+#include "screens/styles.h"
+#include "screens/theme.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace tarvik {
+
+namespace {
+
+/// A page of the tabs; long ones scroll.
+QWidget* scrolling(QWidget* content) {
+    auto* const page = new QWidget;
+    auto* const column = new QVBoxLayout(page);
+    column->setContentsMargins(measure::wide, measure::wide, measure::wide, measure::wide);
+    column->addWidget(content);
+    column->addStretch(1);
+    auto* const scrolled = new QScrollArea;
+    scrolled->setWidget(page);
+    scrolled->setWidgetResizable(true);
+    scrolled->setFrameShape(QFrame::NoFrame);
+    return scrolled;
+}
+
+QWidget* gridOf(const std::vector<DetailRow>& rows, const QString& whenEmpty) {
+    if (rows.empty()) return roleLabel("quiet", whenEmpty);
+    auto* const grid = new DetailGrid;
+    grid->setRows(rows);
+    return grid;
+}
+
+TableRow channelRow(int key, const ChannelDetails& channel) {
+    const Calibration& one = channel.calibration;
+    const CalibrationLines lines = calibrationLines(one);
+    return {.key = key,
+            .cells = {{qt(channel.name)},
+                      {qt(channel.unit)},
+                      {channel.calibrated ? QString("calibrated") : QString("\u25b2 counts")},
+                      {qt(one.fitName)},
+                      {qt(one.date)},
+                      {qt(one.calibratedBy)},
+                      {qt(one.kind)},
+                      {qt(lines.polynomial)}},
+            .bold = false};
+}
+
+} // namespace
+
+frmDetails::frmDetails(const ReviewLog& log, const Path& file, DesktopMemory& memory, QWidget* parent)
+    : ScreenDialog("frmDetails", "Run details", memory, parent), tabs_(new QTabWidget) {
+    setModal(true);
+    auto* const title = roleLabel("title", qt(file.filename().string()));
+    title->setObjectName("lbfile");
+    body()->addWidget(title);
+    tabs_->setObjectName("details");
+    tabs_->addTab(runPage(log, file), "&Run");
+    tabs_->addTab(holePage(log), "&Hole");
+    tabs_->addTab(channelsPage(log), "Cha&nnels");
+    tabs_->addTab(notesPage(log), "N&otes");
+    body()->addWidget(tabs_, 1);
+    connect(addSideButton("comcopydetails", "&Copy as text"), &QPushButton::clicked, this,
+            [text = qt(runDetailsText(log, file))] { QGuiApplication::clipboard()->setText(text); });
+    connect(addPrimaryButton("comclose", "Close"), &QPushButton::clicked, this, [this] { accept(); });
+    setMinimumSize(640, 420);
+    resize(920, 540);
+}
+
+QWidget* frmDetails::runPage(const ReviewLog& log, const Path& file) {
+    return scrolling(gridOf(runRows(log, file), {}));
+}
+
+QWidget* frmDetails::holePage(const ReviewLog& log) {
+    return scrolling(gridOf(holeRows(log.header.hole), "The file says nothing of the hole."));
+}
+
+QWidget* frmDetails::channelsPage(const ReviewLog& log) {
+    auto* const page = new QWidget;
+    auto* const column = new QVBoxLayout(page);
+    column->setContentsMargins(measure::wide, measure::wide, measure::wide, measure::wide);
+    auto* const table = new FilterTable(
+        {.objectName = "channels",
+         .title = "Recorded channels",
+         .heads = {"Channel", "Unit", "Values", "Fit", "Date", "Calibrated by", "Kind", "Polynomial"},
+         .empty = "The file holds no channels."},
+        memory());
+    std::vector<TableRow> rows;
+    for (const ChannelDetails& channel : channelDetails(log)) {
+        rows.push_back(channelRow(static_cast<int>(rows.size()), channel));
+    }
+    table->setRows(rows);
+    column->addWidget(table);
+    return page;
+}
+
+QWidget* frmDetails::notesPage(const ReviewLog& log) {
+    const std::string_view notes = trimmed(log.header.notes);
+    if (notes.empty()) return scrolling(roleLabel("quiet", "The file holds no notes."));
+    auto* const text = new QPlainTextEdit(qt(notes));
+    text->setObjectName("txtnotes");
+    text->setAccessibleName("Notes");
+    text->setReadOnly(true);
+    text->setFrameShape(QFrame::NoFrame);
+    return text;
+}
+
+} // namespace tarvik

@@ -1,0 +1,295 @@
+#include "screens/frm_equipment.h"
+
+#include "app/sampling_checks.h"
+#include "base/text.h"
+#include "equipment/channel_states.h"
+#include "lcu/runs_in_hole.h"
+#include "lcu/tool_rules.h"
+#include "screens/card.h"
+#include "screens/equipment_choice_list.h"
+#include "screens/field.h"
+#include "screens/option_row.h"
+#include "screens/qt_text.h"
+#include "screens/styles.h"
+#include "screens/theme.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int first = 0; // of two options: "TIME", "DOWN", metres, mode 1
+constexpr int second = 1;
+
+QLabel* wrapping(const char* objectName, const char* role) {
+    auto* const label = roleLabel(role);
+    label->setObjectName(objectName);
+    label->setWordWrap(true);
+    return label;
+}
+
+/// The upper card takes what the lower one leaves.
+QVBoxLayout* column(QWidget* upper, QWidget* lower) {
+    auto* const cards = new QVBoxLayout;
+    cards->setSpacing(measure::wide);
+    cards->addWidget(upper, 1);
+    cards->addWidget(lower);
+    return cards;
+}
+
+} // namespace
+
+frmEquipment::frmEquipment(const EquipmentModules& modules, QWidget* parent)
+    : ScreenDialog("frmEquipment", "Equipment of the next run", modules.memory, parent),
+      modules_(modules),
+      tool_(new QComboBox),
+      winch_(new QComboBox),
+      toolField_(new Field("Tool", tool_)),
+      winchField_(new Field("Winch", winch_)),
+      intervalEdit_(lineEdit("txtsamplinginterval")),
+      interval_(new Field("Sampling interval", intervalEdit_, "seconds")),
+      deviation_(new QWidget),
+      declination_(wrapping("lbdeclination", "")),
+      channels_(new QTableWidget(0, 4)),
+      channelsVerdict_(wrapping("lbchannelsverdict", "good")),
+      runs_(wrapping("lbruns", "")),
+      range_(wrapping("lbdepthrange", "")) {
+    setModal(true);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(measure::wide);
+    row->addLayout(column(buildEquipment(), buildSampling()), 2);
+    row->addLayout(column(buildChannels(), buildHole()), 3);
+    body()->addLayout(row, 1);
+    buildButtons();
+    load();
+    setMinimumSize(880, 600);
+    resize(1060, 680);
+    tool_->setFocus();
+}
+
+QWidget* frmEquipment::buildEquipment() {
+    auto* const card = new Card("Tool and winch");
+    tool_->setObjectName("lbtool");
+    winch_->setObjectName("lbwinch");
+    for (QComboBox* const list : {tool_, winch_}) {
+        list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        list->setMinimumContentsLength(24);
+    }
+    toolField_->setCheck([this] { return tool_->currentIndex() > 0 ? QString() : "Choose a tool."; });
+    winchField_->setCheck([this] { return winch_->currentIndex() > 0 ? QString() : "Choose a winch."; });
+    card->body()->addWidget(toolField_);
+    mode_ = addOptions(*card->body(), "Tool mode", {{"optmode1", "Mode 1"}, {"optmode2", "Mode 2"}});
+    card->body()->addWidget(winchField_);
+    card->body()->addStretch(1);
+    connect(tool_, &QComboBox::currentIndexChanged, this, [this] { toolChosen(); });
+    connect(winch_, &QComboBox::currentIndexChanged, this, [this] { winchField_->validate(); });
+    connect(mode_, &QButtonGroup::idClicked, this, [this] { toolChosen(); });
+    return card;
+}
+
+QWidget* frmEquipment::buildSampling() {
+    auto* const card = new Card("Sampling");
+    auto* const grid = new QGridLayout;
+    grid->setSpacing(measure::wide);
+    const auto cell = [&](int row, int column) {
+        auto* const layout = new QVBoxLayout;
+        grid->addLayout(layout, row, column, Qt::AlignTop);
+        grid->setColumnStretch(column, 1);
+        return layout;
+    };
+    card->body()->addLayout(grid);
+    method_ = addOptions(*cell(0, 0), "Sample by", {{"opttime", "&Time"}, {"optdepth", "D&epth"}});
+    direction_ = addOptions(*cell(0, 1), "Direction", {{"optdown", "Do&wn"}, {"optup", "&Up"}});
+    unit_ = addOptions(*cell(1, 0), "Depth units", {{"optmetres", "&Metres"}, {"optfeet", "&Feet"}});
+    cell(1, 1)->addWidget(interval_);
+    intervalEdit_->setAlignment(Qt::AlignRight);
+    interval_->setCheck([this] { return qt(intervalProblem(sampling(), plain(intervalEdit_->text()))); });
+    buildDeviation(*card->body());
+    for (QButtonGroup* const group : {method_, unit_}) {
+        connect(group, &QButtonGroup::idClicked, this, [this] {
+            showInterval();
+            interval_->validate();
+        });
+    }
+    connect(intervalEdit_, &QLineEdit::textChanged, this, [this] { showInterval(); });
+    return card;
+}
+
+void frmEquipment::buildDeviation(QBoxLayout& layout) {
+    auto* const row = new QHBoxLayout(deviation_);
+    row->setContentsMargins(0, 0, 0, 0);
+    auto* const change = new QPushButton("Declinatio&n\u2026");
+    change->setObjectName("comdeviation");
+    change->setAutoDefault(false);
+    row->addWidget(declination_, 1);
+    row->addWidget(change);
+    layout.addWidget(deviation_);
+    connect(change, &QPushButton::clicked, this, [this] {
+        if (modules_.setDeviation) modules_.setDeviation();
+        showDeclination();
+    });
+}
+
+QWidget* frmEquipment::buildChannels() {
+    auto* const card = new Card("Channels and their calibration");
+    channels_->setObjectName("channels");
+    channels_->setAccessibleName("Channels and their calibration");
+    channels_->setHorizontalHeaderLabels({"No.", "Channel", "Unit", "Calibration"});
+    channels_->verticalHeader()->hide();
+    channels_->setSelectionMode(QAbstractItemView::NoSelection);
+    channels_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    channels_->setFocusPolicy(Qt::NoFocus);
+    channels_->setShowGrid(false);
+    channels_->setAlternatingRowColors(true);
+    channels_->setStyleSheet("QHeaderView::section { padding: 6px 4px; }"); // heads begin where cells begin
+    channels_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    channels_->horizontalHeader()->setStretchLastSection(true);
+    card->body()->addWidget(channelsVerdict_);
+    card->body()->addWidget(channels_, 1);
+    return card;
+}
+
+QWidget* frmEquipment::buildHole() {
+    const Settings& settings = modules_.settings;
+    auto* const card = new Card("In the hole " + qt(trimmed(settings.hole.holeId)));
+    card->body()->addWidget(roleLabel("quiet", "Project " + qt(trimmed(settings.currentProject))));
+    card->body()->addWidget(runs_);
+    card->body()->addWidget(range_);
+    card->body()->addStretch(1);
+    return card;
+}
+
+void frmEquipment::buildButtons() {
+    QPushButton* const add = addSideButton("comaddtool", "&Add a tool\u2026");
+    add->setToolTip("Opens the set-up with your tools and winches");
+    connect(add, &QPushButton::clicked, this, [this] { addToolClicked(); });
+    connect(addButton("comcancel", "Cancel"), &QPushButton::clicked, this, [this] { reject(); });
+    connect(addPrimaryButton("comuseequipment", "Use this equipment"), &QPushButton::clicked, this,
+            [this] { use(); });
+}
+
+void frmEquipment::load() {
+    const Settings& settings = modules_.settings;
+    method_->button(settings.sampling() == Sampling::depth ? second : first)->setChecked(true);
+    direction_->button(settings.direction() == Direction::up ? second : first)->setChecked(true);
+    unit_->button(settings.units() == DepthUnits::feet ? second : first)->setChecked(true);
+    mode_->button(modules_.equipment.currentTool().mode == 2 ? second : first)->setChecked(true);
+    intervalEdit_->setText(qt(settings.samplingInterval.text()));
+    fillLists({settings.currentTool, settings.currentToolSerial},
+              {settings.currentWinch, settings.currentWinchSerial});
+    showInterval();
+    showDeclination();
+}
+
+void frmEquipment::fillLists(const EquipmentChoice& tool, const EquipmentChoice& winch) {
+    fillChoices(*tool_, modules_.equipment.ToolWinchData_loadusertoollist().rows, tool);
+    fillChoices(*winch_, modules_.equipment.ToolWinchData_loaduserwinchlist().rows, winch);
+    toolChosen();
+}
+
+void frmEquipment::addToolClicked() {
+    if (modules_.addTool) modules_.addTool();
+    fillLists(choiceIn(*tool_), choiceIn(*winch_));
+}
+
+int frmEquipment::mode() const {
+    return mode_->checkedId() == second ? 2 : 1;
+}
+
+/// A mode without channels cannot be chosen.
+void frmEquipment::toolChosen() {
+    CurrentTool tool = modules_.equipment.userTool(choiceIn(*tool_), mode());
+    for (const int one : {1, 2}) {
+        QAbstractButton* const option = mode_->button(one - 1);
+        option->setText(qt(toolModeText(tool.record, one)));
+        option->setEnabled(tool::channels(tool.record, one) > 0);
+    }
+    if (tool.channels() == 0 && tool::channels(tool.record, 3 - mode()) > 0) {
+        mode_->button(3 - mode() - 1)->setChecked(true);
+        tool.mode = mode();
+    }
+    if (tool_->currentIndex() > 0) toolField_->validate();
+    deviation_->setVisible(toolRule(tool.record.get(tool::code)).deviation);
+    showChannels(tool);
+    showRuns(tool);
+}
+
+void frmEquipment::showChannels(const CurrentTool& tool) {
+    const auto states = channelStates(tool);
+    channels_->setRowCount(static_cast<int>(states.size()));
+    for (int row = 0; row < channels_->rowCount(); ++row) {
+        const ChannelState& state = states[static_cast<std::size_t>(row)];
+        const QString words = (state.needsAttention ? "\u25b2 " : "") + qt(state.calibration);
+        int column = 0;
+        for (const QString& text : {QString::number(state.channel), qt(state.name), qt(state.unit), words}) {
+            auto* const item = new QTableWidgetItem(text);
+            item->setToolTip(text);
+            channels_->setItem(row, column++, item);
+        }
+    }
+    constexpr int air = 12;
+    for (const int column : {0, 1, 2}) {
+        channels_->resizeColumnToContents(column);
+        channels_->setColumnWidth(column, channels_->columnWidth(column) + air);
+    }
+    const bool sound = calibrationIsComplete(states);
+    channelsVerdict_->setText((sound ? "" : "\u25b2  ") + qt(calibrationVerdict(states)));
+    setRole(*channelsVerdict_, sound ? "good" : "warning");
+}
+
+void frmEquipment::showRuns(const CurrentTool& tool) {
+    const std::string code = tool.record.get(tool::code);
+    const RunsInHole found =
+        runsInHole(modules_.files, modules_.reader, modules_.settings, modules_.places, code);
+    runs_->setText(found.runsText.empty() ? "The tool has not been run in this hole yet."
+                                          : qt(found.runsText));
+    if (code.empty()) runs_->setText("Choose a tool to see its runs.");
+    range_->setText(qt(found.depthRangeText));
+}
+
+/// The unit beside the interval follows the method and the depth unit.
+void frmEquipment::showInterval() {
+    interval_->setUnit(qt(intervalUnitLabel(samplingText(sampling()), units())));
+    const QString words = qt(intervalInWords(sampling(), units(), plain(intervalEdit_->text())));
+    interval_->setHint(words.isEmpty() ? QString() : "Counts cable: " + words + ".");
+}
+
+Sampling frmEquipment::sampling() const {
+    return method_->checkedId() == second ? Sampling::depth : Sampling::time;
+}
+
+DepthUnits frmEquipment::units() const {
+    return unit_->checkedId() == second ? DepthUnits::feet : DepthUnits::metres;
+}
+
+void frmEquipment::showDeclination() {
+    declination_->setText("Magnetic declination " + qt(modules_.settings.declination.text()) + "\u00b0");
+}
+
+void frmEquipment::use() {
+    if (!validateAll({toolField_, winchField_, interval_})) return;
+    Settings& settings = modules_.settings;
+    const EquipmentChoice tool = choiceIn(*tool_);
+    const EquipmentChoice winch = choiceIn(*winch_);
+    settings.currentTool = tool.code;
+    settings.currentToolSerial = tool.serialNumber;
+    settings.currentWinch = winch.code;
+    settings.currentWinchSerial = winch.serialNumber;
+    settings.samplingMethod = samplingText(sampling());
+    settings.logDirection =
+        directionText(direction_->checkedId() == second ? Direction::up : Direction::down);
+    settings.setUnits(units());
+    settings.samplingInterval = NumberText(trimmed(plain(intervalEdit_->text())));
+    modules_.store.Utilities_saveregsettings(settings);
+    modules_.equipment.ToolWinchData_loadcurrentttoolwinch(tool, winch, mode());
+    accept();
+}
+
+} // namespace tarvik
