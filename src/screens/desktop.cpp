@@ -94,7 +94,7 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
     operator_.setReports(
         {.error = [this](const ErrorReport& error, std::string_view dateTime,
                          std::string_view file) { screens_->showError(error, dateTime, file); },
-         .overflow = {}});
+         .overflow = [this](std::span<const std::string> lines) { screens_->showOverflow(lines); }});
     operator_.attach(screen.get(), &program_.clock);
     program_.lcu.setWatcher(&screen->side());
     return screen;

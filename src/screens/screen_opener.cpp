@@ -1,8 +1,17 @@
 #include "screens/screen_opener.h"
 
+#include "lcu/run_header_builder.h"
+#include "lcu/run_order.h"
+#include "processing/las_again.h"
 #include "screens/frm_about.h"
+#include "screens/frm_calibrations.h"
+#include "screens/frm_data_file_exists.h"
+#include "screens/frm_details.h"
+#include "screens/frm_deviation.h"
+#include "screens/frm_equipment.h"
 #include "screens/frm_exit.h"
 #include "screens/frm_file.h"
+#include "screens/frm_las_export.h"
 #include "screens/frm_no_lcu_found.h"
 #include "screens/frm_readme.h"
 #include "screens/frm_setup.h"
@@ -22,10 +31,19 @@ struct ScreenOpener::Screen {
 std::span<const ScreenOpener::Screen> ScreenOpener::screens() {
     using Opener = ScreenOpener;
     static constexpr std::array table{
-        Screen{"frmSetup", &Opener::openSetup},       Screen{"frmFile", &Opener::openFile},
-        Screen{"frmEventLog", &Opener::openEventLog}, Screen{"frmNoLCUFound", &Opener::openNoLcuFound},
-        Screen{"frmExit", &Opener::openExit},         Screen{"frmAbout", &Opener::openAbout},
-        Screen{"frmReadme", &Opener::openReadme},     Screen{"help", &Opener::openHelp},
+        Screen{"frmSetup", &Opener::openSetup},
+        Screen{"frmFile", &Opener::openFile},
+        Screen{"frmEventLog", &Opener::openEventLog},
+        Screen{"frmNoLCUFound", &Opener::openNoLcuFound},
+        Screen{"frmExit", &Opener::openExit},
+        Screen{"frmAbout", &Opener::openAbout},
+        Screen{"frmReadme", &Opener::openReadme},
+        Screen{"help", &Opener::openHelp},
+        Screen{"frmEquipment", &Opener::openEquipment},
+        Screen{"frmDeviation", &Opener::openDeviation},
+        Screen{"frmCalibrations", &Opener::openCalibrations},
+        Screen{"frmDetails", &Opener::openDetails},
+        Screen{"frmLASexport", &Opener::openLasExport},
     };
     return table;
 }
@@ -102,8 +120,74 @@ void ScreenOpener::openNotBuilt(const ScreenRequest& request) {
     NotBuiltScreen(request.screen, memory_, &parent_).exec();
 }
 
-RunChoice ScreenOpener::chooseRun(const LoggingRuns&, std::string_view) {
-    return RunChoice::newRun;
+void ScreenOpener::openEquipment(const ScreenRequest&) {
+    Program& p = program_;
+    frmEquipment({.settings = p.settings,
+                  .store = p.storedSettings,
+                  .equipment = p.equipment,
+                  .files = p.files,
+                  .reader = p.runReader,
+                  .places = p.places,
+                  .memory = memory_,
+                  .addTool =
+                      [this] {
+                          openSetup({"frmSetup", 2});
+                      },
+                  .setDeviation = [this] { openDeviation({"frmDeviation"}); }},
+                 &parent_)
+        .exec();
+}
+
+void ScreenOpener::openDeviation(const ScreenRequest&) {
+    frmDeviation(program_.settings, program_.storedSettings, memory_, &parent_).exec();
+}
+
+void ScreenOpener::openCalibrations(const ScreenRequest&) {
+    frmCalibrations({.history = program_.calibrations,
+                     .operatorSide = program_.frame.operatorSide,
+                     .memory = memory_,
+                     .exportFile = program_.places.homeDrive / "kvxcalib.txt",
+                     .unitOf = {}},
+                    &parent_)
+        .exec();
+}
+
+void ScreenOpener::openDetails(const ScreenRequest&) {
+    if (review_.log() != nullptr) frmDetails(*review_.log(), review_.file(), memory_, &parent_).exec();
+}
+
+void ScreenOpener::openLasExport(const ScreenRequest&) {
+    if (review_.log() == nullptr) return;
+    frmLASexport(*review_.log(), review_.file(), lasOptionsFor(*review_.log()),
+                 {.lasExport = program_.lasExport,
+                  .files = program_.files,
+                  .operatorSide = program_.frame.operatorSide,
+                  .memory = memory_,
+                  .chooseFile = askForLasFile},
+                 &parent_)
+        .exec();
+}
+
+RunChoice ScreenOpener::chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) {
+    frmDataFileExists screen(runs, depthRangeText, comparison(runs), memory_, &parent_);
+    screen.exec();
+    return screen.choice();
+}
+
+/// Of the latest run with the run that is about to start; empty when the latest one cannot be read.
+std::vector<AppendRow> ScreenOpener::comparison(const LoggingRuns& runs) const {
+    const Program& p = program_;
+    return program_.errors.run("Append comparison", std::vector<AppendRow>{}, [&](Level&) {
+        const RunOrder order = runOrderFrom(p.settings, p.places, {});
+        const RunHeader next =
+            buildRunHeader(order, p.equipment.currentTool(), p.equipment.currentWinch(), p.clock.now());
+        return appendComparison(next, p.files, runs.latestFile);
+    });
+}
+
+void ScreenOpener::showOverflow(std::span<const std::string> lines) {
+    if (!overflow_) overflow_ = std::make_unique<frmBufferOverflow>(memory_, &parent_);
+    overflow_->showOverflow(lines, program_.clock.now());
 }
 
 void ScreenOpener::showError(const ErrorReport& error, std::string_view dateTime,

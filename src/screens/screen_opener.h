@@ -2,8 +2,10 @@
 #pragma once
 
 #include "app/frame.h"
+#include "lcu/append_comparison.h"
 #include "screens/acquisition.h"
 #include "screens/desktop_memory.h"
+#include "screens/frm_buffer_overflow.h"
 #include "screens/frm_error.h"
 #include "screens/frm_event_log.h"
 #include "screens/help_window.h"
@@ -27,6 +29,7 @@ class ScreenOpener {
     [[nodiscard]] RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText);
     /// Without blocking.
     void showError(const ErrorReport& error, std::string_view dateTime, std::string_view errorFile);
+    void showOverflow(std::span<const std::string> lines);
 
   private:
     struct Screen;
@@ -40,7 +43,13 @@ class ScreenOpener {
     void openAbout(const ScreenRequest&);
     void openReadme(const ScreenRequest&);
     void openHelp(const ScreenRequest&);
+    void openEquipment(const ScreenRequest&);
+    void openDeviation(const ScreenRequest&);
+    void openCalibrations(const ScreenRequest&);
+    void openDetails(const ScreenRequest&);
+    void openLasExport(const ScreenRequest&);
     void openNotBuilt(const ScreenRequest& request);
+    [[nodiscard]] std::vector<AppendRow> comparison(const LoggingRuns& runs) const;
 
     Program& program_;
     IntroScreen& parent_;
@@ -48,6 +57,7 @@ class ScreenOpener {
     ReviewSession& review_;
     EventLogModel& events_;
     std::unique_ptr<frmERROR> error_;
+    std::unique_ptr<frmBufferOverflow> overflow_;
     std::unique_ptr<HelpWindow> help_;
 };
 
