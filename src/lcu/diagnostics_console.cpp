@@ -102,7 +102,7 @@ void DiagnosticsConsole::tick() {
 
 void DiagnosticsConsole::stop() {
     orders_.clear();
-    if (acquiring_ || winchTest_) {
+    if (serving_ || acquiring_ || winchTest_) { // the order in hand may be about to start a stream
         order([this] {
             stopAcquisition();
             stopWinchTest();
@@ -233,6 +233,7 @@ void DiagnosticsConsole::acquire() {
         leaveAcquisition();
     }
     if (look != Look::nothing || line_.polls() < pollsBefore) view_.changed();
+    view_.looked();
 }
 
 void DiagnosticsConsole::takeScan() {

@@ -34,6 +34,8 @@ class DiagnosticsView {
     virtual void dataAppended(std::string_view text) = 0;
     /// Status bits, depth, winch test, acquisition or the latest scan.
     virtual void changed() = 0;
+    /// After each look at the line of a stream, every 20 ms: the moment for a stop.
+    virtual void looked() {}
 };
 
 /// All outlive the console.
