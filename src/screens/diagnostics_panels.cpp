@@ -96,8 +96,8 @@ DiagnosticsStatePanel::DiagnosticsStatePanel() {
     auto* const cards = new QHBoxLayout(this);
     cards->setContentsMargins(0, 0, 0, 0);
     cards->setSpacing(measure::wide);
-    cards->addWidget(linkCard(), 4);
-    cards->addWidget(depthCard(), 4);
+    cards->addWidget(linkCard(), 5);
+    cards->addWidget(depthCard(), 5);
     cards->addWidget(acquisitionCard(), 3);
 }
 
@@ -167,7 +167,7 @@ void DiagnosticsStatePanel::show(const DiagnosticsConsole& console, const LinkSt
     winchTest->setText(qt(console.winchTestCaption()));
     state_->setText(console.acquiring() ? "Running" : "Stopped");
     setRole(*state_, console.acquiring() ? "good" : "quiet");
-    scan_->setText("Send V to start the scan stream.");
+    scan_->setText("Send V to start.");
     if (const auto& scan = console.latestScan(); scan && console.scans() > 0) {
         scan_->setText(qt(std::to_string(console.scans()) + " scans\nTool " + shortestNumber(scan->current) +
                           " mA, " + shortestNumber(scan->voltage) + " V"));
@@ -186,7 +186,7 @@ DiagnosticsCommandPanel::DiagnosticsCommandPanel() {
     batch->setObjectName("txtbatch");
     batch->setStyleSheet(fixedStyle(11));
     batch->setTabChangesFocus(true);
-    batch->setMinimumHeight(76);
+    batch->setFixedHeight(92);
     batch->setPlaceholderText("X\nQ\nV");
     clear = button("comclear", "C&lear", "Clear the command box");
     send = button("comsend", "S&end batch", "Send these commands one after the other");
@@ -206,12 +206,13 @@ DiagnosticsCommandPanel::DiagnosticsCommandPanel() {
         known->setItem(at, 1, meaningItem);
     }
     known->setColumnWidth(0, 90);
+    known->verticalHeader()->setDefaultSectionSize(26);
+    known->setWordWrap(false);
 
     auto* const card = new Card("Commands");
     card->body()->addWidget(
         new Field("Si&ngle command", command, {}, "Enter sends; arrow keys: sent before"));
-    card->body()->addWidget(
-        new Field("&Batch", batch, {}, "One a line; Enter sends, Shift+Enter: next line"));
+    card->body()->addWidget(new Field("&Batch", batch, {}, "Enter sends; Shift+Enter: next line"));
     card->body()->addLayout(row({clear, send}));
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -230,7 +231,12 @@ DiagnosticsListPanel::DiagnosticsListPanel() {
     tabs->addTab(valuesPage(), "Channel values");
     tabs->addTab(rawPage(), "Raw bytes");
     clearLog = button("comclearlog", "Clear lo&g", "Clear the data log");
-    tabs->setCornerWidget(clearLog, Qt::TopRightCorner);
+    clearLog->setStyleSheet("padding: 2px 12px; min-height: 22px;");
+    auto* const corner = new QWidget;
+    auto* const inCorner = new QHBoxLayout(corner);
+    inCorner->setContentsMargins(0, 0, 0, 4);
+    inCorner->addWidget(clearLog);
+    tabs->setCornerWidget(corner, Qt::TopRightCorner);
 
     auto* const split = new QSplitter(Qt::Vertical);
     split->setChildrenCollapsible(false);
@@ -265,6 +271,8 @@ QWidget* DiagnosticsListPanel::statusPart() {
 QWidget* DiagnosticsListPanel::valuesPage() {
     auto* const page = new QWidget;
     values = table("tblvalues", "Channel values", {"Channel", "Name", "Raw count", "Value", "Unit"});
+    values->setColumnWidth(1, 180);
+    values->setColumnWidth(3, 140);
     valuesNote_ = roleLabel("quiet", "No scan has come yet.");
     auto* const column = new QVBoxLayout(page);
     column->addWidget(valuesNote_);

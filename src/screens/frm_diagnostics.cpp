@@ -6,6 +6,7 @@
 
 #include <QFileDialog>
 #include <QHBoxLayout>
+#include <QVBoxLayout>
 
 #include <utility>
 
@@ -33,11 +34,14 @@ frmDiagnostics::frmDiagnostics(const DiagnosticsModules& modules, TapPort& tap, 
       commands_(new DiagnosticsCommandPanel),
       lists_(new DiagnosticsListPanel),
       console_(modules, *this) {
+    auto* const right = new QVBoxLayout;
+    right->setSpacing(measure::wide);
+    right->addWidget(state_);
+    right->addWidget(lists_, 1);
     auto* const columns = new QHBoxLayout;
     columns->setSpacing(measure::wide);
     columns->addWidget(commands_);
-    columns->addWidget(lists_, 1);
-    body()->addWidget(state_);
+    columns->addLayout(right, 1);
     body()->addLayout(columns, 1);
     connectState();
     connectCommands();
@@ -80,6 +84,7 @@ void frmDiagnostics::connectLists() {
         console_.comclearlog();
         lists_->data->clear();
     });
+    connect(lists_->tabs, &QTabWidget::currentChanged, this, [this] { changed(); });
     connect(lists_->recordRaw, &QCheckBox::toggled, this, [this](bool on) { recordRaw(on); });
 }
 

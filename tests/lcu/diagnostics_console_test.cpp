@@ -1,8 +1,11 @@
 // The console against the simulated box of both models, on the virtual clock.
+#include "base/number_picture.h"
 #include "lcu/command_history.h"
-#include "lcu/diagnostics_console.h"
+#include "lcu/diagnostics_text.h"
 #include "lcu/known_commands.h"
 #include "lcu/run_rig.h"
+
+#include <cmath>
 
 #include <gmock/gmock.h>
 
@@ -268,6 +271,39 @@ TEST(DiagnosticsLog, HeadingFormatsAndLimit) {
     EXPECT_LT(log.text().size(), 30'000U);
     log.clear();
     EXPECT_THAT(log.diag_logdata(scan), HasSubstr("Chan3"));
+}
+
+TEST(DiagnosticsText, StatusLinesMeaningsAndChannelRows) {
+    const StatusLineParts parts = statusLineParts("09:00:00  \\B\\2a \\ b");
+    EXPECT_EQ(parts.text, "09:00:00  a \\ b");
+    EXPECT_TRUE(parts.bold);
+    EXPECT_EQ(parts.colour, '2');
+    EXPECT_EQ(statusLineParts("no codes").text, "no codes");
+    EXPECT_EQ(statusMeaning(-1), "No status received");
+    EXPECT_EQ(statusMeaning(145), "145 - healthy LCU4");
+    EXPECT_EQ(statusMeaning(0xC3), "195 - has not got block, command error");
+    EXPECT_EQ(statusMeaning(144), "144 - not a healthy LCU");
+
+    ConsoleRig rig;
+    rig.calibrate("Gamma", {1, 2});
+    rig.stopAfterScans = 5;
+    rig.acquire(60'000, "TT50\nV");
+    const CurrentTool& tool = rig.equipment.currentTool();
+    const DiagnosticsScan& scan = rig.console.latestScan().value();
+    const auto rows = channelRows(tool, scan);
+    EXPECT_EQ(rows[0].name, "Gamma");
+    EXPECT_EQ(rows[0].count, std::to_string(scan.counts[1]));
+    const double rate = std::nearbyint(scan.counts[1] * 10000.0 / scan.time);
+    EXPECT_EQ(rows[0].value, shortestNumber(1 + 2 * rate));
+    EXPECT_EQ(rows[1].value, "not calibrated");
+    EXPECT_EQ(whyNoValues(tool, scan), "");
+    EXPECT_EQ(whyNoValues({},
+                          [&] {
+                              DiagnosticsScan other = scan;
+                              other.toolFits = false;
+                              return other;
+                          }()),
+              "No tool is selected: counts only.");
 }
 
 TEST(CommandHistory, ArrowKeysGoBackAndComeForwardToWhatWasTyped) {
