@@ -124,6 +124,7 @@ void DiagnosticsConsole::send(std::string_view commands) {
 }
 
 void DiagnosticsConsole::sendOne(const std::string& command) {
+    if (!modules_.link.open()) return modules_.log.red("No port is open - find the LCU first");
     if (command == "Q") {
         modules_.log.black("Sent status command");
         modules_.lcu.LCU_Status();

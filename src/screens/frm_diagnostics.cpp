@@ -6,6 +6,8 @@
 
 #include <QFileDialog>
 #include <QHBoxLayout>
+#include <QHeaderView>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -15,6 +17,8 @@ namespace tarvik {
 namespace {
 
 constexpr int pulseMs = 100;
+constexpr const char* knownColumns = "frmDiagnostics-commands";
+constexpr const char* valueColumns = "frmDiagnostics-values";
 
 Path askForFile(QWidget* parent) {
     return plain(QFileDialog::getSaveFileName(parent, "Save lists", "diagnostics.txt", "Text files (*.txt)"));
@@ -38,17 +42,25 @@ frmDiagnostics::frmDiagnostics(const DiagnosticsModules& modules, TapPort& tap, 
     right->setSpacing(measure::wide);
     right->addWidget(state_);
     right->addWidget(lists_, 1);
-    auto* const columns = new QHBoxLayout;
+    auto* const content = new QWidget;
+    auto* const columns = new QHBoxLayout(content);
+    columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(measure::wide);
     columns->addWidget(commands_);
     columns->addLayout(right, 1);
-    body()->addLayout(columns, 1);
+    auto* const scroll = new QScrollArea; // for small displays with large letters
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(content);
+    body()->addWidget(scroll, 1);
     connectState();
     connectCommands();
     connectLists();
     connect(addSideButton("comsave", "Sa&ve lists…"), &QPushButton::clicked, this, [this] { save(); });
     connect(addButton("cmdclose", "&Close"), &QPushButton::clicked, this, [this] { reject(); });
     connect(&pulse_, &QTimer::timeout, this, [this] { pulse(); });
+    memory.restoreColumns(*commands_->known->horizontalHeader(), knownColumns);
+    memory.restoreColumns(*lists_->values->horizontalHeader(), valueColumns);
     resize(1080, 720);
     commands_->command->setFocus();
 }
@@ -103,6 +115,8 @@ void frmDiagnostics::done(int result) {
     pulse_.stop();
     console_.close();
     tap_.listen(nullptr);
+    memory().keepColumns(*commands_->known->horizontalHeader(), knownColumns);
+    memory().keepColumns(*lists_->values->horizontalHeader(), valueColumns);
     ScreenDialog::done(result);
 }
 

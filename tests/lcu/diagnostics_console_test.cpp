@@ -233,6 +233,10 @@ TEST(DiagnosticsConsole, ResetAndSearch) {
     rig.console.comfindLCU();
     EXPECT_EQ(rig.searches, 1);
     EXPECT_EQ(rig.console.statusBits(), "1 0 0 1 0 0 0 1");
+    rig.port.close();
+    rig.console.send("V");
+    EXPECT_EQ(rig.lines.lines.back(), "2No port is open - find the LCU first");
+    EXPECT_FALSE(rig.console.acquiring());
 }
 
 TEST(DiagnosticsConsole, ScansShowCountsAndTheToolsValues) {
