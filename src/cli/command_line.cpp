@@ -13,8 +13,8 @@ namespace tarvik {
 namespace {
 
 std::vector<Verb> verbs(std::vector<Verb> further) {
-    std::vector<Verb> all{findVerb(), logVerb(),       infoVerb(),         lasVerb(),
-                          fitVerb(),  calibrateVerb(), calibrationsVerb(), equipmentVerb()};
+    std::vector<Verb> all{findVerb(),      logVerb(),          infoVerb(),      lasVerb(),    fitVerb(),
+                          calibrateVerb(), calibrationsVerb(), equipmentVerb(), consoleVerb()};
     std::ranges::move(further, std::back_inserter(all));
     return all;
 }

@@ -31,6 +31,7 @@ struct Verb {
 [[nodiscard]] Verb calibrateVerb();
 [[nodiscard]] Verb calibrationsVerb();
 [[nodiscard]] Verb equipmentVerb();
+[[nodiscard]] Verb consoleVerb();
 
 /// Understood by every verb: where the program lives and which device a COM port is.
 [[nodiscard]] std::vector<Option> commonOptions();

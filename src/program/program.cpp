@@ -63,7 +63,8 @@ Program::Program(const ProgramOptions& theOptions, const Shell& theShell, const 
                 ? std::make_unique<TracePort>(line(devices, standIns), clock, files, *options.traceFile,
                                               toOperator(shell.operatorSide, "Transcript"))
                 : nullptr),
-      serial(trace ? *trace : line(devices, standIns)),
+      tap(trace ? *trace : line(devices, standIns), clock),
+      serial(tap),
       port(serial, log, link),
       lcu(errors, log, shell.operatorSide, port, link),
       search(errors, log, shell.operatorSide, port, lcu, link),

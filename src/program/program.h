@@ -32,6 +32,7 @@
 #include "platform/places.h"
 #include "platform/serial_port.h"
 #include "platform/system_clock.h"
+#include "platform/tap_port.h"
 #include "platform/termios_port.h"
 #include "platform/trace_port.h"
 #include "processing/las_export.h"
@@ -96,6 +97,7 @@ class Program {
 
     TermiosPort devices;
     std::unique_ptr<TracePort> trace; ///< null without a transcript
+    TapPort tap;                      ///< where the diagnostics console hears the raw bytes
     SerialPort& serial;
     LinkState link;
     LcuPort port;

@@ -29,8 +29,6 @@ constexpr std::array planned{
             "Calibrations on the main screen shows what is on record."},
     Planned{"print", "Printing",
             "Meanwhile export the run as LAS and print it with the program of your choice."},
-    Planned{"frmDiagnostics", "Diagnostics console",
-            "Meanwhile tarvik log --trace FILE writes a transcript of the serial line."},
     Planned{"frmDemo", "Demonstration playback", "Meanwhile open the run under Open to look at its values."},
 };
 

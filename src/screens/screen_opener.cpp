@@ -8,6 +8,7 @@
 #include "screens/frm_data_file_exists.h"
 #include "screens/frm_details.h"
 #include "screens/frm_deviation.h"
+#include "screens/frm_diagnostics.h"
 #include "screens/frm_equipment.h"
 #include "screens/frm_exit.h"
 #include "screens/frm_file.h"
@@ -39,6 +40,7 @@ std::span<const ScreenOpener::Screen> ScreenOpener::screens() {
         Screen{"frmAbout", &Opener::openAbout},
         Screen{"frmReadme", &Opener::openReadme},
         Screen{"help", &Opener::openHelp},
+        Screen{"frmDiagnostics", &Opener::openDiagnostics},
         Screen{"frmEquipment", &Opener::openEquipment},
         Screen{"frmDeviation", &Opener::openDeviation},
         Screen{"frmCalibrations", &Opener::openCalibrations},
@@ -165,6 +167,21 @@ void ScreenOpener::openLasExport(const ScreenRequest&) {
                   .memory = memory_,
                   .chooseFile = askForLasFile},
                  &parent_)
+        .exec();
+}
+
+void ScreenOpener::openDiagnostics(const ScreenRequest&) {
+    Program& p = program_;
+    frmDiagnostics({.errors = p.errors,
+                    .log = p.log,
+                    .clock = p.clock,
+                    .serial = p.serial,
+                    .link = p.link,
+                    .lcu = p.lcu,
+                    .equipment = p.equipment,
+                    .settings = p.settings,
+                    .findLcu = [&p] { p.modes.searchForLcu(); }},
+                   p.tap, p.files, memory_, &parent_)
         .exec();
 }
 

@@ -48,6 +48,7 @@ class ScreenOpener {
     void openCalibrations(const ScreenRequest&);
     void openDetails(const ScreenRequest&);
     void openLasExport(const ScreenRequest&);
+    void openDiagnostics(const ScreenRequest&);
     void openNotBuilt(const ScreenRequest& request);
     [[nodiscard]] std::vector<AppendRow> comparison(const LoggingRuns& runs) const;
 

@@ -1,0 +1,87 @@
+// The three parts of the diagnostics screen: the state of the link on top, commands at the left, lists at the
+// right. They show and hold controls; what a control does is the screen's.
+#pragma once
+
+#include "lcu/diagnostics_text.h"
+#include "screens/command_box.h"
+#include "screens/desktop_memory.h"
+#include "screens/field.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QWidget>
+
+namespace tarvik {
+
+class DiagnosticsStatePanel final : public QWidget {
+  public:
+    DiagnosticsStatePanel();
+
+    void show(const DiagnosticsConsole& console, const LinkState& link);
+
+    QPushButton* find;
+    QPushButton* reset;
+    QPushButton* setDepth;
+    QPushButton* winchTest;
+    QPushButton* stop;
+    QLineEdit* depthToSet;
+    Field* depthField;
+
+  private:
+    QWidget* linkCard();
+    QWidget* depthCard();
+    QWidget* acquisitionCard();
+
+    QLabel* lcu_;
+    QLabel* bits_;
+    QLabel* meaning_;
+    QLabel* depth_;
+    QLabel* state_;
+    QLabel* scan_;
+};
+
+class DiagnosticsCommandPanel final : public QWidget {
+  public:
+    DiagnosticsCommandPanel();
+
+    CommandBox* command;
+    BatchBox* batch;
+    QPushButton* clear;
+    QPushButton* send;
+    QTableWidget* known;
+};
+
+class DiagnosticsListPanel final : public QWidget {
+  public:
+    DiagnosticsListPanel();
+
+    void addStatusLine(std::string_view viewerLine);
+    void addData(std::string_view text);
+    void showScan(const CurrentTool& tool, const DiagnosticsScan& scan);
+    /// What the transcript has grown by.
+    void showTranscript(const WireTranscript& transcript);
+
+    QListWidget* status;
+    QPlainTextEdit* data;
+    QTableWidget* values;
+    QPlainTextEdit* raw;
+    QCheckBox* recordRaw;
+    QPushButton* clearStatus;
+    QPushButton* clearLog;
+    QTabWidget* tabs;
+
+  private:
+    QWidget* statusPart();
+    QWidget* valuesPage();
+    QWidget* rawPage();
+
+    QLabel* valuesNote_;
+    std::size_t rawShown_ = 0;
+};
+
+} // namespace tarvik
