@@ -88,12 +88,12 @@ QTreeView:focus, QTableView:focus, QTextBrowser:focus { border: 2px solid @accen
 QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QDoubleSpinBox:focus { padding: 3px 7px; }
 QComboBox::drop-down { border: none; width: 24px; }
 QComboBox::down-arrow { image: url(:/icons/arrow-@name.svg); width: 12px; height: 12px; }
-QRadioButton::indicator, QCheckBox::indicator, QTableView::indicator { width: 12px; height: 12px; border: 2px solid @quiet;
+QRadioButton::indicator, QCheckBox::indicator { width: 12px; height: 12px; border: 2px solid @quiet;
               background: @surface; }
 QRadioButton::indicator { border-radius: 8px; }
-QCheckBox::indicator, QTableView::indicator { border-radius: 3px; }
+QCheckBox::indicator { border-radius: 3px; }
 QRadioButton::indicator:checked { width: 6px; height: 6px; border: 5px solid @accent; }
-QCheckBox::indicator:checked, QTableView::indicator:checked { border-color: @accent; background: @accent;
+QCheckBox::indicator:checked { border-color: @accent; background: @accent;
               image: url(:/icons/check-@name.svg); }
 QRadioButton::indicator:disabled, QCheckBox::indicator:disabled { border-color: @line; }
 QLineEdit[wrong="true"] { border: 2px solid @bad; padding: 3px 7px; }
