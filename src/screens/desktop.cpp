@@ -134,6 +134,7 @@ bool Desktop::searchForLcu(const std::function<bool()>& search) {
     screen().status().showSearch(true);
     const bool found = search();
     screen().status().showSearch(false);
+    operator_.statusText(program_.state.mode == programMode::acquire ? "Acquire" : "Calibrate / test mode");
     acquisition_->show();
     return found;
 }

@@ -71,11 +71,8 @@ frmCalibrations::frmCalibrations(const CalibrationScreenModules& modules, QWidge
       points_(new QTableWidget(0, 4)),
       plot_(new CalibrationPlot) {
     setModal(true);
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(measure::wide);
-    row->addWidget(buildList(), 3);
-    row->addWidget(buildDetails(), 2);
-    body()->addLayout(row, 1);
+    body()->addWidget(buildList(), 3);
+    body()->addWidget(buildDetails(), 2);
     buildButtons();
     setMinimumSize(900, 560);
     resize(1100, 700);
@@ -106,11 +103,16 @@ QWidget* frmCalibrations::buildList() {
 QWidget* frmCalibrations::buildDetails() {
     auto* const card = new Card;
     buildPoints();
-    for (QLabel* const label : {title_, fit_, coefficients_}) card->body()->addWidget(label);
-    card->body()->addWidget(plot_, 3);
-    card->body()->addWidget(points_, 2);
-    card->body()->addWidget(largest_);
-    card->body()->addWidget(warning_);
+    auto* const texts = new QVBoxLayout;
+    texts->setSpacing(measure::gap);
+    for (QLabel* const label : {title_, fit_, coefficients_, largest_, warning_}) texts->addWidget(label);
+    texts->addStretch(1);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(measure::wide);
+    row->addLayout(texts, 3);
+    row->addWidget(points_, 3);
+    row->addWidget(plot_, 3);
+    card->body()->addLayout(row, 1);
     return card;
 }
 
@@ -191,7 +193,7 @@ void frmCalibrations::showChosen() {
     for (const std::string& coefficient : details.coefficients) {
         terms.append(QString("c%1 = %2").arg(terms.size() + 1).arg(qt(coefficient)));
     }
-    coefficients_->setText(terms.join("   "));
+    coefficients_->setText(terms.join("\n"));
     largest_->setText(qt(details.largestError));
     warning_->setText(details.warning.empty() ? QString() : "\u25b2  " + qt(details.warning));
     warning_->setVisible(!details.warning.empty());

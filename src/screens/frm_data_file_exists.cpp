@@ -20,7 +20,7 @@ constexpr const char* hideText = "Hide advanced append options  <<";
 
 QString markOf(const AppendRow& row) {
     if (row.agrees) return "\u2713 agrees";
-    return row.refuses ? "\u2716 differs" : "\u25b2 differs, is said in the log";
+    return row.refuses ? "\u2716 differs" : "\u25b2 differs, permitted";
 }
 
 bool mayAppend(const std::vector<AppendRow>& rows) {

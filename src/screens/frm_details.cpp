@@ -1,6 +1,7 @@
 #include "screens/frm_details.h"
 
 #include "base/text.h"
+#include "equipment/calibration_words.h"
 #include "files/run_details.h"
 #include "screens/detail_grid.h"
 #include "screens/filter_table.h"
@@ -41,18 +42,20 @@ QWidget* gridOf(const std::vector<DetailRow>& rows, const QString& whenEmpty) {
     return grid;
 }
 
+/// What stands in the header of a channel that was never calibrated is no one's calibration.
 TableRow channelRow(int key, const ChannelDetails& channel) {
     const Calibration& one = channel.calibration;
-    const CalibrationLines lines = calibrationLines(one);
+    const bool made = statusOf(one) == CalibrationStatus::calibrated;
+    const auto said = [made](const std::string& text) { return TableCell{made ? qt(text) : QString()}; };
     return {.key = key,
             .cells = {{qt(channel.name)},
                       {qt(channel.unit)},
-                      {channel.calibrated ? QString("calibrated") : QString("\u25b2 counts")},
-                      {qt(one.fitName)},
-                      {qt(one.date)},
-                      {qt(one.calibratedBy)},
-                      {qt(one.kind)},
-                      {qt(lines.polynomial)}},
+                      {channel.calibrated ? QString("values") : QString("\u25b2 counts")},
+                      {made ? qt(one.fitName) : QString("not calibrated")},
+                      said(one.date),
+                      said(one.calibratedBy),
+                      said(one.kind),
+                      {qt(calibrationLines(one).polynomial)}},
             .bold = false};
 }
 
@@ -92,7 +95,7 @@ QWidget* frmDetails::channelsPage(const ReviewLog& log) {
     auto* const table = new FilterTable(
         {.objectName = "channels",
          .title = "Recorded channels",
-         .heads = {"Channel", "Unit", "Values", "Fit", "Date", "Calibrated by", "Kind", "Polynomial"},
+         .heads = {"Channel", "Unit", "Recorded as", "Fit", "Date", "Calibrated by", "Kind", "Polynomial"},
          .empty = "The file holds no channels."},
         memory());
     std::vector<TableRow> rows;

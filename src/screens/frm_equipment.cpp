@@ -151,6 +151,8 @@ QWidget* frmEquipment::buildChannels() {
     channels_->setStyleSheet("QHeaderView::section { padding: 6px 4px; }"); // heads begin where cells begin
     channels_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     channels_->horizontalHeader()->setStretchLastSection(true);
+    connect(channels_->horizontalHeader(), &QHeaderView::sectionResized, channels_,
+            [this] { channels_->resizeRowsToContents(); });
     card->body()->addWidget(channelsVerdict_);
     card->body()->addWidget(channels_, 1);
     return card;
@@ -239,6 +241,7 @@ void frmEquipment::showChannels(const CurrentTool& tool) {
         channels_->resizeColumnToContents(column);
         channels_->setColumnWidth(column, channels_->columnWidth(column) + air);
     }
+    channels_->resizeRowsToContents(); // where a calibration came from takes two lines
     const bool sound = calibrationIsComplete(states);
     channelsVerdict_->setText((sound ? "" : "\u25b2  ") + qt(calibrationVerdict(states)));
     setRole(*channelsVerdict_, sound ? "good" : "warning");

@@ -11,6 +11,7 @@
 #include "screens/theme.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -170,6 +171,7 @@ QWidget* frmLASexport::buildChannels() {
     channels_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     channels_->horizontalHeader()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
     channels_->setColumnWidth(filterColumn, 130);
+    channels_->setStyleSheet("QHeaderView::section { padding: 6px 4px; }"); // heads begin where cells begin
     channels_->setMinimumHeight(160);
     channelsProblem_->setObjectName("lbchannelsproblem");
     channelsProblem_->setWordWrap(true);
@@ -229,10 +231,10 @@ void frmLASexport::addChannel(const ReviewChannel& channel, bool recorded) {
     const int row = channels_->rowCount();
     const QString name = qt(trimmed(channel.name));
     channels_->insertRow(row);
-    auto* const box = new QTableWidgetItem(name);
-    box->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
-    box->setCheckState(recorded ? Qt::Checked : Qt::Unchecked);
-    channels_->setItem(row, nameColumn, box);
+    auto* const box = new QCheckBox(name);
+    box->setChecked(recorded);
+    box->setStyleSheet("QCheckBox { margin-left: 4px; }");
+    channels_->setCellWidget(row, nameColumn, box);
     int column = unitColumn;
     for (const QString& text :
          {qt(channel.unit), channel.calibrated ? QString("calibrated") : QString("\u25b2 counts")}) {
@@ -255,8 +257,8 @@ LasExportOptions frmLASexport::entered() const {
     options.channels.clear();
     options.filters.clear();
     for (int row = 0; row < channels_->rowCount(); ++row) {
-        const QTableWidgetItem* const box = channels_->item(row, nameColumn);
-        if (box->checkState() != Qt::Checked) continue;
+        const auto* const box = static_cast<QCheckBox*>(channels_->cellWidget(row, nameColumn));
+        if (!box->isChecked()) continue;
         const auto* const filter = static_cast<QComboBox*>(channels_->cellWidget(row, filterColumn));
         options.channels.push_back(plain(box->text()));
         options.filters.push_back({options.channels.back(), plain(filter->currentText().trimmed())});

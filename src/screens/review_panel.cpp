@@ -27,14 +27,13 @@ QString depthText(double depth) {
 
 QString factsOf(const ReviewLog& log, const QString& file) {
     const RunHeader& header = log.header;
-    const QString unit = header.setup.units == DepthUnits::metres ? "m" : "ft";
     QString rows = row("File", file) + row("Hole", qt(header.hole.holeId)) +
                    row("Tool", qt(header.tool.name)) +
                    row("Logged", qt(header.runDate + " " + header.startTime)) +
                    row("Scans", QString::number(log.steps()));
     if (log.steps() > 0) {
-        rows +=
-            row("Depth", depthText(log.depth.front()) + " to " + depthText(log.depth.back()) + " " + unit);
+        rows += row("Depth", depthText(log.depth.front()) + " to " + depthText(log.depth.back()) + " " +
+                                 qt(log.depthUnit()));
     }
     const auto counts =
         std::ranges::count_if(log.channels, [](const ReviewChannel& c) { return !c.calibrated; });

@@ -3,6 +3,7 @@
 #include "lcu/run_header_builder.h"
 #include "lcu/run_order.h"
 #include "processing/las_again.h"
+#include "program/diagnostics_modules.h"
 #include "screens/frm_about.h"
 #include "screens/frm_calibrations.h"
 #include "screens/frm_data_file_exists.h"
@@ -171,18 +172,7 @@ void ScreenOpener::openLasExport(const ScreenRequest&) {
 }
 
 void ScreenOpener::openDiagnostics(const ScreenRequest&) {
-    Program& p = program_;
-    frmDiagnostics({.errors = p.errors,
-                    .log = p.log,
-                    .clock = p.clock,
-                    .serial = p.serial,
-                    .link = p.link,
-                    .lcu = p.lcu,
-                    .equipment = p.equipment,
-                    .settings = p.settings,
-                    .findLcu = [&p] { p.modes.searchForLcu(); }},
-                   p.tap, p.files, memory_, &parent_)
-        .exec();
+    frmDiagnostics(diagnosticsModules(program_), program_.tap, program_.files, memory_, &parent_).exec();
 }
 
 RunChoice ScreenOpener::chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) {

@@ -122,7 +122,7 @@ def a_day(screen, truck, program, pictures):
     screen.wait_for_window("Tarvik")
     screen.picture(pictures, "review")
     screen.key("F7")
-    screen.wait_for_window("Equipment")
+    screen.wait_for_window("Equipment of the next run")
     screen.picture(pictures, "equipment")
     screen.key("Return")
     screen.wait_for_window("Tarvik")

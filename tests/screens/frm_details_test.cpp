@@ -23,6 +23,7 @@ TEST(frmDetails, ShowsTheRunAndCopiesItAsText) {
     ASSERT_EQ(channels.rowCount(), 2);
     EXPECT_EQ(channels.item(0, 0)->text(), "GAMMA");
     EXPECT_EQ(channels.item(0, 2)->text(), "\u25b2 counts");
+    EXPECT_EQ(channels.item(1, 3)->text(), "not calibrated"); // the speed
     EXPECT_EQ(control<QPlainTextEdit>(screen, "txtnotes").toPlainText(), "Casing to 12 m");
     click(screen, "comcopydetails");
     EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),

@@ -3,6 +3,7 @@
 #include "screens/desk.h"
 #include "screens/review_log.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
@@ -27,9 +28,7 @@ struct Exporter : Desk {
         return lines;
     }
     void setChecked(int row, bool on) {
-        control<QTableWidget>(screen, "channels")
-            .item(row, 0)
-            ->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+        static_cast<QCheckBox*>(control<QTableWidget>(screen, "channels").cellWidget(row, 0))->setChecked(on);
     }
     QComboBox& filterOf(int row) {
         return static_cast<QComboBox&>(*control<QTableWidget>(screen, "channels").cellWidget(row, 3));
