@@ -7,7 +7,6 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -48,11 +47,7 @@ frmDiagnostics::frmDiagnostics(const DiagnosticsModules& modules, TapPort& tap, 
     columns->setSpacing(measure::wide);
     columns->addWidget(commands_);
     columns->addLayout(right, 1);
-    auto* const scroll = new QScrollArea; // for small displays with large letters
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(content);
-    body()->addWidget(scroll, 1);
+    body()->addWidget(content, 1);
     connectState();
     connectCommands();
     connectLists();
