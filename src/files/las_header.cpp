@@ -193,8 +193,11 @@ void takeFurtherLines(std::string_view header, LasHeader& values) {
         if (line.empty() || line[0] == '~' || line[0] == '#') continue;
         const auto parts = splitLasHeaderLine(line);
         if (!parts) continue;
-        takeFurtherLasLine(section, parts->mnemonic, parts->value, values);
-        if (parts->mnemonic == "WRAP") values.wrapLine = lineNumber(header, here);
+        const bool wrap = upperCase(parts->mnemonic) == "WRAP";
+        // "WRAP.YES :" has its answer where a unit stands.
+        takeFurtherLasLine(section, parts->mnemonic,
+                           wrap && parts->value.empty() ? parts->unit : parts->value, values);
+        if (wrap) values.wrapLine = lineNumber(header, here);
     }
 }
 

@@ -102,7 +102,8 @@ RunChannel lasChannel(std::string_view line, const LasCurveEntry& entry, std::si
 }
 
 void takeFurtherLasLine(char section, std::string_view key, std::string_view value, LasHeader& header) {
-    if (section == 'V' && key == "WRAP") header.wrapped = value.starts_with('Y') || value.starts_with('y');
+    // Wherever it stands: rows of a wrapped file would give depths that are none.
+    if (upperCase(key) == "WRAP") header.wrapped = value.starts_with('Y') || value.starts_with('y');
     for (const FurtherText& further : furtherTexts) {
         if (further.section == section && further.key == key) further.of(header) = plainLasText(value);
     }

@@ -162,7 +162,8 @@ class TolerantHeader {
         if (oldOrder_)
             findings_.say(version.line, "older than LAS 2.0: texts are read from behind the colon");
         if (!keys_[wrap].given()) findings_.say(0, "there is no WRAP, each line of data is read as one row");
-        takeFurtherLasLine('V', "WRAP", keys_[wrap].value(), header_);
+        const std::string wrapped = keys_[wrap].value();
+        takeFurtherLasLine('V', "WRAP", wrapped.empty() ? keys_[wrap].unit : wrapped, header_);
         if (header_.wrapped) findings_.say(keys_[wrap].line, "the rows are wrapped, their lines are joined");
     }
 

@@ -110,6 +110,7 @@ RunViewParts Desktop::runViewParts() {
             [this](const RunHeader& header) {
                 screen().live().setRun(header);
                 screen().logs().showPage(&screen().live());
+                screen().side().showLink(program_.link);
             },
         .shown = [this](const CurrentScan& scan) { screen().live().showScan(scan); },
         .ended = [this] { loadNotes(); }};
@@ -147,6 +148,7 @@ void Desktop::modeShown() {
     const std::string& mode = program_.state.mode;
     if (mode == programMode::acquire) showAcquire();
     if (mode == programMode::demo) showDemo();
+    if (mode == programMode::review) operator_.linkPanel(""); // the port is closed from here on
     if (mode == programMode::review && review_) review_->show();
     if (acquisition_) acquisition_->show();
 }

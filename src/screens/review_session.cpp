@@ -8,6 +8,7 @@ namespace tarvik {
 
 bool ReviewSession::open(const Path& file) {
     auto log = read(file);
+    screen_.status().showText("Data review mode");
     if (!log) return false;
     screen_.values().setLog(nullptr);
     log_ = std::move(log);

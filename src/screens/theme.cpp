@@ -22,6 +22,7 @@ const ThemeColours lightColours{.ground = "#eef1f4",
                                 .line = "#b9c2cc",
                                 .text = "#10171e",
                                 .quiet = "#46535f",
+                                .faded = "#8b97a3",
                                 .accent = "#0b5cad",
                                 .onAccent = "#ffffff",
                                 .good = "#0a6b2d",
@@ -34,6 +35,7 @@ const ThemeColours darkColours{.ground = "#14181d",
                                .line = "#46525e",
                                .text = "#e9eef3",
                                .quiet = "#a9b5c0",
+                               .faded = "#6c7884",
                                .accent = "#5aa9f0",
                                .onAccent = "#06121e",
                                .good = "#5fd080",
@@ -116,7 +118,7 @@ QMenuBar::item:selected { background: @accent; color: @onAccent; }
 QMenu { background: @surface; border: 1px solid @line; padding: 4px; }
 QMenu::item { padding: 6px 28px 6px 28px; border-radius: 4px; }
 QMenu::item:selected { background: @accent; color: @onAccent; }
-QMenu::item:disabled { color: @quiet; }
+QMenu::item:disabled { color: @faded; }
 QMenu::separator { height: 1px; background: @line; margin: 4px 8px; }
 QToolBar { background: @surface; border: none; border-bottom: 1px solid @line; padding: 4px 8px; spacing: 2px; }
 QToolBar::separator { width: 1px; background: @line; margin: 6px 6px; }
@@ -124,7 +126,8 @@ QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 3px 8p
 QToolButton:hover { background: @ground; border-color: @line; }
 QToolButton:focus { border: 1px solid @accent; }
 QToolButton:checked { background: @accent; color: @onAccent; }
-QToolButton:disabled { color: @quiet; }
+QToolButton:disabled { color: @faded; }
+QToolButton:checked:disabled { background: @line; color: @text; }
 QStatusBar { background: @surface; border-top: 1px solid @line; }
 QStatusBar::item { border: none; }
 QTabWidget::pane { border: 1px solid @line; border-radius: 6px; background: @surface; top: -1px; }
@@ -145,7 +148,8 @@ QScrollBar::add-line, QScrollBar::sub-line, QScrollBar::add-page, QScrollBar::su
 
 QString styleSheetOf(const ThemeColours& colours, Theme theme) {
     // Longer names first: "@onAccent" before "@accent" does not matter, "@text" inside none of them.
-    const std::array<std::pair<const char*, QColor>, 10> names{{{"@ground", colours.ground},
+    const std::array<std::pair<const char*, QColor>, 11> names{{{"@ground", colours.ground},
+                                                                {"@faded", colours.faded},
                                                                 {"@surface", colours.surface},
                                                                 {"@line", colours.line},
                                                                 {"@text", colours.text},

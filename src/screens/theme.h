@@ -24,6 +24,7 @@ struct ThemeColours {
     QColor line;        ///< borders
     QColor text;        ///< what is to be read
     QColor quiet;       ///< labels, hints
+    QColor faded;       ///< what cannot be used now
     QColor accent;      ///< the primary button, the selection, the focus
     QColor onAccent;    ///< text on it
     QColor good;        ///< recording, calibrated, connected

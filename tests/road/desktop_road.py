@@ -130,7 +130,7 @@ def a_day(screen, truck, program, pictures):
     truck.wait_for_bytes(27_000)
     screen.picture(pictures, "logging")
 
-    screen.tool("getactivewindow", "windowclose")  # asks, and the run goes on behind the question
+    screen.key("alt+F4")  # asks, and the run goes on behind the question
     truck.wait_for_bytes(500)
     screen.key("Escape")
     truck.wait_for_bytes(500)
@@ -138,11 +138,17 @@ def a_day(screen, truck, program, pictures):
 
     truck.unplug()
     wait_for(lambda: "Communications lost" in truck.log_text(), "the loss of the line is not said")
+    time.sleep(1)
     screen.picture(pictures, "communications-lost")
+    truck.plug_in()
+    wait_for(lambda: "Communications re-established" in truck.log_text(), "the line does not come back")
+    truck.wait_for_bytes(500)
     screen.key("F10")
     wait_for(lambda: "Logging run finished" in truck.log_text(), "the run does not end", 60)
+    time.sleep(2)
     screen.key("F6")
-    wait_for(lambda: program.poll() is None and "Tarvik" in screen.title(), "the window is gone")
+    wait_for(lambda: "Port COM1 closed" in truck.log_text(), "review does not close the port")
+    time.sleep(1)
     screen.key("ctrl+o")
     screen.wait_for_window("Open a run")
     time.sleep(1)
