@@ -15,6 +15,9 @@ namespace {
 constexpr std::size_t curvesPerTrack = 4;
 constexpr std::array<LineKind, 4> lineKinds{LineKind::solid, LineKind::dashed, LineKind::dashDot,
                                             LineKind::dotted};
+// Those that come first differ most, also for eyes that confuse red and green.
+constexpr std::array<Ink, inkCount> inkOrder{Ink::blue,   Ink::vermilion, Ink::black, Ink::purple,
+                                             Ink::orange, Ink::green,     Ink::sky,   Ink::brown};
 constexpr std::string_view speedName = "Speed";
 
 /// Resistivities are read on decades: a scale that begins at 0 keeps its right end and gets three of them.
@@ -48,9 +51,7 @@ void addCurve(Track& track, const DisplayChannel& channel, const CurveRule& rule
                                    [&](const LogCurve& other) { return other.style.ink == ink; });
     };
     curve.style.ink = rule.ink;
-    for (std::size_t i = 0; i < inkCount && taken(curve.style.ink); ++i) {
-        curve.style.ink = static_cast<Ink>((static_cast<std::size_t>(curve.style.ink) + 1) % inkCount);
-    }
+    for (std::size_t i = 0; i < inkOrder.size() && taken(curve.style.ink); ++i) curve.style.ink = inkOrder[i];
     curve.style.line =
         rule.points ? LineKind::points : lineKinds[std::min(track.curves.size(), lineKinds.size() - 1)];
     if (curve.style.line == LineKind::points) curve.style.width = 0.5;

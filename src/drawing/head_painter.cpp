@@ -10,6 +10,18 @@ namespace {
 constexpr double nameLetters = 2.9;
 constexpr double endLetters = 2.4;
 
+/// Values without a calibration are counts, whatever unit the tool record has: the head says so, as fully as
+/// there is room.
+QString unitText(const LogCurve& curve, const QFont& font, double room) {
+    if (curve.calibrated) return fitted(font, qText(curve.unit), room);
+    for (const char* text : {"counts, not calibrated", "not calibrated", "not cal."}) {
+        if (QFontMetricsF(font).horizontalAdvance(QString::fromLatin1(text)) <= room) {
+            return QString::fromLatin1(text);
+        }
+    }
+    return QStringLiteral("?");
+}
+
 /// Upper edge of the slot; slots are filled from the body upwards, as on paper.
 void paintCurveHead(const Canvas& canvas, const LogCurve& curve, const Column& column, double top) {
     QPainter& painter = canvas.painter;
@@ -37,9 +49,7 @@ void paintCurveHead(const Canvas& canvas, const LogCurve& curve, const Column& c
 
     const double from = left + metrics.horizontalAdvance(leftEnd) + canvas.mm(1);
     const double to = left + width - metrics.horizontalAdvance(rightEnd) - canvas.mm(1);
-    QString unit = qText(curve.unit);
-    if (!curve.calibrated) unit += QStringLiteral(" \u2013 not calibrated");
-    unit = fitted(endFont, unit, std::max(0.0, to - from - canvas.mm(6)));
+    const QString unit = unitText(curve, endFont, std::max(0.0, to - from - canvas.mm(6)));
     const double unitWidth = unit.isEmpty() ? 0 : metrics.horizontalAdvance(unit) + canvas.mm(2);
     const double middle = (from + to) / 2;
     painter.drawText(QRectF(middle - unitWidth / 2, row.top(), unitWidth, row.height()), Qt::AlignCenter,
