@@ -6,22 +6,24 @@
 namespace tarvik {
 
 Columns columnsOf(const LogDisplay& display, const DisplayView& view) {
-    double total = display.depthTrack.width;
+    double total = 0;
     for (const Track& track : display.tracks) total += track.width;
-    const double stretch = total > 0 ? view.width / total : 0;
+    // Numbers need no more room on a wider picture; on a narrow one the curves need it more.
+    const double depth = std::min(view.millimetres(display.depthTrack.width), view.width / 4);
+    const double stretch = total > 0 ? (view.width - depth) / total : 0;
     Columns columns;
-    double shares = 0;
+    double right = 0;
     // Borders on whole units: a border between two pixels would be a grey smear.
     const auto next = [&](double width) {
-        const double left = std::round(shares * stretch);
-        shares += width;
-        return Column{left, std::round(shares * stretch) - left};
+        const double left = std::round(right);
+        right += width;
+        return Column{left, std::round(right) - left};
     };
     for (std::size_t i = 0; i < display.tracks.size(); ++i) {
-        if (i == display.depthPlace) columns.depth = next(display.depthTrack.width);
-        columns.tracks.push_back(next(display.tracks[i].width));
+        if (i == display.depthPlace) columns.depth = next(depth);
+        columns.tracks.push_back(next(display.tracks[i].width * stretch));
     }
-    if (display.depthPlace >= display.tracks.size()) columns.depth = next(display.depthTrack.width);
+    if (display.depthPlace >= display.tracks.size()) columns.depth = next(depth);
     return columns;
 }
 

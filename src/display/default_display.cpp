@@ -18,7 +18,6 @@ constexpr std::array<LineKind, 4> lineKinds{LineKind::solid, LineKind::dashed, L
 // Those that come first differ most, also for eyes that confuse red and green.
 constexpr std::array<Ink, inkCount> inkOrder{Ink::blue,   Ink::vermilion, Ink::black, Ink::purple,
                                              Ink::orange, Ink::green,     Ink::sky,   Ink::brown};
-constexpr std::string_view speedName = "Speed";
 
 /// Resistivities are read on decades: a scale that begins at 0 keeps its right end and gets three of them.
 CurveScale logarithmic(const ScalePair& scale) {
@@ -134,7 +133,7 @@ ScalePair roundScale(std::span<const float> values) {
 LogDisplay defaultDisplay(std::span<const DisplayChannel> channels, DepthUnits units, const Scheme& scheme) {
     std::vector<DisplayChannel> drawn;
     std::ranges::copy_if(channels, std::back_inserter(drawn),
-                         [](const DisplayChannel& channel) { return channel.name != speedName; });
+                         [](const DisplayChannel& channel) { return channel.name != speedCurve; });
     if (drawn.empty()) drawn.assign(channels.begin(), channels.end());
     LogDisplay display;
     display.scheme = scheme;

@@ -1,8 +1,8 @@
 // What a log display looks like: tracks side by side with their curves, the depth track between them, the
 // colours. A value: copied, compared, saved as a template and edited freely; it holds no measured data.
 //
-// Lengths are millimetres of paper. Widths of tracks are shares: a display is stretched to the width that
-// there is, never its depth scale.
+// Lengths are millimetres of paper. Widths of tracks are shares: they are stretched to the width that there
+// is beside the depth track, never the depth scale.
 #pragma once
 
 #include "display/curve_scale.h"
@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvik {
@@ -51,6 +52,10 @@ struct Track {
 
     friend bool operator==(const Track&, const Track&) = default;
 };
+
+/// Winch speed, drawn as a bar along the depth track; in units of depth per minute.
+constexpr std::string_view speedCurve = "Speed";
+constexpr double fullSpeed = 30;
 
 enum class DepthNumbers { metres, feet, both };
 

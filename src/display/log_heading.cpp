@@ -67,12 +67,19 @@ std::vector<HeadingField> fieldsOf(const ReviewLog& log) {
             {"Fluid", joined({hole.fluidType, labelled("level ", hole.fluidLevel)}, ", ")}};
 }
 
+/// Enough to recognise a calibration by; the run file holds all of them.
+std::string fiveFigures(double value) {
+    if (value == 0) return "0";
+    const double unit = std::pow(10, std::floor(std::log10(std::abs(value))) - 4);
+    return shortestNumber(static_cast<float>(std::round(value / unit) * unit));
+}
+
 std::string coefficientsText(const Calibration& calibration) {
     const int terms = std::clamp(calibration.order + 1, 1, maxCoefficients);
     std::string text;
     for (int i = 0; i < terms; ++i) {
         if (i > 0) text += "   ";
-        text += shortestNumber(static_cast<float>(calibration.coefficients[static_cast<std::size_t>(i)]));
+        text += fiveFigures(calibration.coefficients[static_cast<std::size_t>(i)]);
     }
     return text;
 }

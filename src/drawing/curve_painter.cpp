@@ -50,7 +50,7 @@ void forEachPiece(const CurveTrace& trace, Visit&& visit) {
     }
 }
 
-void fillPieces(const Strand& strand, const CurveTrace& trace) {
+void fillPieces(const Strand& strand, const CurveTrace& trace, const Band& band) {
     QPainter& painter = strand.canvas.painter;
     const double edge = strand.fillEdge();
     painter.setPen(Qt::NoPen);
@@ -58,9 +58,12 @@ void fillPieces(const Strand& strand, const CurveTrace& trace) {
     forEachPiece(trace, [&](Piece piece) {
         QPolygonF area;
         area.reserve(static_cast<qsizetype>(piece.size()) + 2);
-        area.append({edge, piece.front().y});
-        for (const TracePoint& point : piece) area.append({strand.inside(point.fraction), point.y});
-        area.append({edge, piece.back().y});
+        const auto held = [&](double y) {
+            return strand.canvas.view.vectors ? std::clamp(y, band.top, band.bottom) : y;
+        };
+        area.append({edge, held(piece.front().y)});
+        for (const TracePoint& point : piece) area.append({strand.inside(point.fraction), held(point.y)});
+        area.append({edge, held(piece.back().y)});
         painter.drawPolygon(area);
     });
     painter.setBrush(Qt::NoBrush);
@@ -78,34 +81,67 @@ void fillRows(const Strand& strand, const CurveTrace& trace) {
     }
 }
 
-/// The parts of a piece that touch the n-th width of the track, moved into it.
-void drawPiece(const Strand& strand, Piece piece, int n) {
+/// The part of a segment within [least, most] of one of its coordinates; false when there is none.
+bool cutTo(TracePoint& one, TracePoint& other, double TracePoint::*coordinate, double least, double most) {
+    const TracePoint from = one;
+    const double length = other.*coordinate - from.*coordinate;
+    const auto at = [&](double place) {
+        const double part = (place - from.*coordinate) / length;
+        return TracePoint{from.fraction + (other.fraction - from.fraction) * part,
+                          from.y + (other.y - from.y) * part};
+    };
+    const TracePoint whole = other;
+    if (std::max(from.*coordinate, whole.*coordinate) < least) return false;
+    if (std::min(from.*coordinate, whole.*coordinate) > most) return false;
+    const auto cut = [&](TracePoint& point) {
+        if (point.*coordinate < least) return at(least);
+        if (point.*coordinate > most) return at(most);
+        return point;
+    };
+    const TracePoint start = cut(one);
+    const TracePoint end = cut(other);
+    one = start;
+    other = end;
+    return true;
+}
+
+/// The parts of a piece in the n-th width of the track, moved into it. Cut here and not by the painter's clip
+/// alone: a drawing that keeps lines as lines knows no clip.
+void drawPiece(const Strand& strand, Piece piece, int n, const Band& band) {
     QPolygonF run;
     const auto draw = [&] {
         if (run.size() > 1) strand.canvas.painter.drawPolyline(run);
         run.clear();
     };
+    const bool exact = strand.canvas.view.vectors;
     for (std::size_t i = 1; i < piece.size(); ++i) {
-        const auto [least, most] = std::minmax(piece[i - 1].fraction, piece[i].fraction);
-        if (most < n || least > n + 1) {
+        TracePoint one = piece[i - 1];
+        TracePoint other = piece[i];
+        if (!cutTo(one, other, &TracePoint::fraction, n, n + 1) ||
+            (exact && !cutTo(one, other, &TracePoint::y, band.top, band.bottom))) {
             draw();
             continue;
         }
-        if (run.empty()) run.append({strand.x(piece[i - 1].fraction - n), piece[i - 1].y});
-        run.append({strand.x(piece[i].fraction - n), piece[i].y});
+        const QPointF start(strand.x(one.fraction - n), one.y);
+        if (!run.empty() && run.last() != start) draw();
+        if (run.empty()) run.append(start);
+        run.append({strand.x(other.fraction - n), other.y});
     }
     draw();
-    if (piece.size() == 1) { // a value between two gaps
+    // A value between two gaps is a short stroke.
+    const TracePoint& only = piece.front();
+    if (piece.size() == 1 && only.fraction >= n && only.fraction <= n + 1) {
         const double half = strand.canvas.mm(0.2);
-        const double x = strand.x(piece.front().fraction - n);
-        strand.canvas.painter.drawLine(QLineF(x, piece.front().y - half, x, piece.front().y + half));
+        const double x = strand.x(only.fraction - n);
+        strand.canvas.painter.drawLine(QLineF(x, only.y - half, x, only.y + half));
     }
 }
 
-void drawPoints(const Strand& strand, const CurveTrace& trace, int n) {
+void drawPoints(const Strand& strand, const CurveTrace& trace, int n, const Band& band) {
     QList<QPointF> points;
     for (const TracePoint& point : trace.points) {
         if (point.fraction < n || point.fraction > n + 1) continue;
+        if (strand.canvas.view.vectors && (point.y < band.top || point.y > band.bottom)) continue;
         points.append({strand.x(point.fraction - n), point.y});
     }
     strand.canvas.painter.drawPoints(points);
@@ -187,7 +223,7 @@ void paintCurve(const Canvas& canvas, const LogCurve& curve, const CurveTrace& t
                         Qt::IntersectClip);
     if (curve.style.fill != FillKind::none) {
         painter.setRenderHint(QPainter::Antialiasing, true);
-        fillPieces(strand, trace);
+        fillPieces(strand, trace, band);
         painter.setRenderHint(QPainter::Antialiasing, false);
         fillRows(strand, trace);
     }
@@ -203,9 +239,9 @@ void paintCurve(const Canvas& canvas, const LogCurve& curve, const CurveTrace& t
             dot.setCapStyle(Qt::RoundCap);
             dot.setWidthF(std::max(2.0, canvas.mm(curve.style.width)));
             painter.setPen(dot);
-            drawPoints(strand, trace, n);
+            drawPoints(strand, trace, n, band);
         } else {
-            forEachPiece(trace, [&](Piece piece) { drawPiece(strand, piece, n); });
+            forEachPiece(trace, [&](Piece piece) { drawPiece(strand, piece, n, band); });
         }
     }
     painter.restore();

@@ -12,7 +12,8 @@ constexpr double endLetters = 2.4;
 
 /// Values without a calibration are counts, whatever unit the tool record has: the head says so, as fully as
 /// there is room.
-QString unitText(const LogCurve& curve, const QFont& font, double room) {
+QString unitText(const LogCurve& curve, const LogData& data, const QFont& font, double room) {
+    if (data.find(curve.channel) == nullptr) return fitted(font, QStringLiteral("not in this log"), room);
     if (curve.calibrated) return fitted(font, qText(curve.unit), room);
     for (const char* text : {"counts, not calibrated", "not calibrated", "not cal."}) {
         if (QFontMetricsF(font).horizontalAdvance(QString::fromLatin1(text)) <= room) {
@@ -23,7 +24,8 @@ QString unitText(const LogCurve& curve, const QFont& font, double room) {
 }
 
 /// Upper edge of the slot; slots are filled from the body upwards, as on paper.
-void paintCurveHead(const Canvas& canvas, const LogCurve& curve, const Column& column, double top) {
+void paintCurveHead(const Canvas& canvas, const LogCurve& curve, const LogData& data, const Column& column,
+                    double top) {
     QPainter& painter = canvas.painter;
     const Scheme& scheme = canvas.display.scheme;
     const double margin = canvas.mm(1.2);
@@ -49,7 +51,7 @@ void paintCurveHead(const Canvas& canvas, const LogCurve& curve, const Column& c
 
     const double from = left + metrics.horizontalAdvance(leftEnd) + canvas.mm(1);
     const double to = left + width - metrics.horizontalAdvance(rightEnd) - canvas.mm(1);
-    const QString unit = unitText(curve, endFont, std::max(0.0, to - from - canvas.mm(6)));
+    const QString unit = unitText(curve, data, endFont, std::max(0.0, to - from - canvas.mm(6)));
     const double unitWidth = unit.isEmpty() ? 0 : metrics.horizontalAdvance(unit) + canvas.mm(2);
     const double middle = (from + to) / 2;
     painter.drawText(QRectF(middle - unitWidth / 2, row.top(), unitWidth, row.height()), Qt::AlignCenter,
@@ -59,10 +61,10 @@ void paintCurveHead(const Canvas& canvas, const LogCurve& curve, const Column& c
     painter.drawLine(QLineF(middle + unitWidth / 2, line, to, line));
 }
 
-void paintDepthHead(const Canvas& canvas, DepthUnits units, double height) {
+void paintDepthHead(const Canvas& canvas, const LogData& data, double height) {
     const Column& column = canvas.columns.depth;
     const DepthNumbers numbers = canvas.display.depthTrack.numbers;
-    QString unit = units == DepthUnits::metres ? QStringLiteral("metres") : QStringLiteral("feet");
+    QString unit = data.units == DepthUnits::metres ? QStringLiteral("metres") : QStringLiteral("feet");
     if (numbers == DepthNumbers::metres) unit = QStringLiteral("metres");
     if (numbers == DepthNumbers::feet) unit = QStringLiteral("feet");
     if (numbers == DepthNumbers::both) unit = QStringLiteral("m       ft");
@@ -74,11 +76,18 @@ void paintDepthHead(const Canvas& canvas, DepthUnits units, double height) {
     canvas.painter.setFont(letters(canvas, endLetters));
     canvas.painter.drawText(QRectF(column.left, height - canvas.mm(5), column.width, canvas.mm(4)),
                             Qt::AlignCenter, time ? QStringLiteral("min:s") : unit);
+    const ChannelData* speed = data.find(speedCurve);
+    if (speed == nullptr || !canvas.display.depthTrack.speedBar || height < canvas.mm(2 * headSlot)) return;
+    canvas.painter.setFont(letters(canvas, 2));
+    canvas.painter.setPen(qColour(canvas.display.scheme.quietText));
+    const QString ends = qText("Speed 0\u2013" + scaleEndText(fullSpeed) + "\n" + std::string(speed->unit));
+    canvas.painter.drawText(QRectF(column.left, canvas.mm(1.2), column.width, canvas.mm(6)),
+                            Qt::AlignHCenter | Qt::AlignTop, ends);
 }
 
 } // namespace
 
-void paintTrackHeads(const Canvas& canvas, DepthUnits units, double height) {
+void paintTrackHeads(const Canvas& canvas, const LogData& data, double height) {
     QPainter& painter = canvas.painter;
     const Scheme& scheme = canvas.display.scheme;
     painter.fillRect(QRectF(0, 0, canvas.view.width, height), qColour(scheme.head));
@@ -87,11 +96,11 @@ void paintTrackHeads(const Canvas& canvas, DepthUnits units, double height) {
         const auto curves = shownCurves(canvas.display.tracks[i]);
         double top = height - canvas.mm(1) - canvas.mm(headSlot) * static_cast<double>(curves.size());
         for (const LogCurve* curve : curves) {
-            paintCurveHead(canvas, *curve, canvas.columns.tracks[i], top);
+            paintCurveHead(canvas, *curve, data, canvas.columns.tracks[i], top);
             top += canvas.mm(headSlot);
         }
     }
-    paintDepthHead(canvas, units, height);
+    paintDepthHead(canvas, data, height);
     painter.setRenderHint(QPainter::Antialiasing, canvas.view.vectors);
     painter.setPen(line(canvas, scheme.frame, 0.3));
     const double inset = canvas.view.vectors ? 0 : 0.5;

@@ -6,6 +6,7 @@
 namespace tarvik {
 
 /// In [0, height); the painter's origin is the upper left corner of the head.
-void paintTrackHeads(const Canvas& canvas, DepthUnits units, double height);
+/// A curve whose channel the data do not have says so.
+void paintTrackHeads(const Canvas& canvas, const LogData& data, double height);
 
 } // namespace tarvik

@@ -70,7 +70,7 @@ double paintFields(const Canvas& canvas, const LogHeading& heading, double top) 
 
 template <class Texts>
 void paintTableRow(const Canvas& canvas, const Texts& texts, double y, bool head) {
-    constexpr std::array<double, 6> shares{20, 14, 12, 20, 14, 30};
+    constexpr std::array<double, 6> shares{17, 12, 19, 19, 15, 28};
     const double all = std::accumulate(shares.begin(), shares.end(), 0.0);
     const Scheme& scheme = canvas.display.scheme;
     double x = canvas.mm(2.5);

@@ -4,6 +4,7 @@
 #include "drawing/grid_painter.h"
 #include "drawing/head_painter.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarvik {
@@ -41,7 +42,7 @@ void LogPainter::paint(QPainter& painter, const LogDisplay& display, const LogDa
 void LogPainter::paintHead(QPainter& painter, const LogDisplay& display, const LogData& data,
                            const DisplayView& view) {
     onCanvas(painter, display, view,
-             [&](const Canvas& canvas) { paintTrackHeads(canvas, data.units, headHeight(display, view)); });
+             [&](const Canvas& canvas) { paintTrackHeads(canvas, data, headHeight(display, view)); });
 }
 
 void LogPainter::paintBody(QPainter& painter, const LogDisplay& display, const LogData& data,
@@ -55,6 +56,7 @@ void LogPainter::paintRows(QPainter& painter, const LogDisplay& display, const L
         painter.setClipRect(QRectF(0, band.top, view.width, band.bottom - band.top), Qt::IntersectClip);
         paintGrid(canvas, data.units, band);
         paintCurvesOf(canvas, data, band);
+        if (canvas.display.depthTrack.speedBar) paintSpeed(canvas, data, band);
         paintDepthTrack(canvas, data, band);
         paintMarks(canvas, band);
     });
@@ -65,16 +67,34 @@ void LogPainter::paintCurves(QPainter& painter, const LogDisplay& display, const
     onCanvas(painter, display, view, [&](const Canvas& canvas) { paintCurvesOf(canvas, data, band); });
 }
 
+void LogPainter::paintCurve(const Canvas& canvas, const LogData& data, const RowIndex& index,
+                            const LogCurve& curve, const Column& column, const Band& band) {
+    const ChannelData* channel = data.find(curve.channel);
+    if (channel == nullptr) return;
+    // Means between 359 and 1 degrees would point the wrong way.
+    const std::string filter = curve.style.line == LineKind::points ? "None" : curve.filter;
+    const CurveSamples samples = cache_.samples(data, *channel, filter);
+    const CurveTrace trace = traceCurve(data, samples, curve.scale, canvas.view, index);
+    tarvik::paintCurve(canvas, curve, trace, column, band);
+}
+
+void LogPainter::paintSpeed(const Canvas& canvas, const LogData& data, const Band& band) {
+    LogCurve bar;
+    bar.channel = speedCurve;
+    bar.scale = {ScaleKind::linear, 0, fullSpeed};
+    bar.style.ownColour = canvas.display.scheme.quietText;
+    bar.style.width = 0.15;
+    bar.style.fill = FillKind::left;
+    bar.offScale = OffScale::cut;
+    const Column column{canvas.columns.depth.left, std::min(canvas.mm(2.4), canvas.columns.depth.width / 5)};
+    paintCurve(canvas, data, RowIndex(data, canvas.view, band), bar, column, band);
+}
+
 void LogPainter::paintCurvesOf(const Canvas& canvas, const LogData& data, const Band& band) {
     const RowIndex index(data, canvas.view, band);
     for (std::size_t i = 0; i < canvas.display.tracks.size(); ++i) {
         for (const LogCurve* curve : shownCurves(canvas.display.tracks[i])) {
-            const ChannelData* channel = data.find(curve->channel);
-            if (channel == nullptr) continue;
-            const CurveSamples samples = cache_.samples(
-                data, *channel, curve->style.line == LineKind::points ? "None" : curve->filter);
-            const CurveTrace trace = traceCurve(data, samples, curve->scale, canvas.view, index);
-            paintCurve(canvas, *curve, trace, canvas.columns.tracks[i], band);
+            paintCurve(canvas, data, index, *curve, canvas.columns.tracks[i], band);
         }
     }
 }

@@ -27,6 +27,9 @@ class AcquisitionRing {
         points_[kept_++ % capacity] = {scan.depth, seconds, scan.calibrated};
     }
 
+    /// Points added since it was cleared, those written over included.
+    [[nodiscard]] std::size_t kept() const { return kept_; }
+
     /// Points that hold data, and the i-th of them from the oldest.
     [[nodiscard]] std::size_t size() const { return kept_ < capacity ? kept_ : capacity; }
     [[nodiscard]] const AcquisitionPoint& fromOldest(std::size_t i) const {
