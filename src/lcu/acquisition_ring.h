@@ -25,6 +25,9 @@ class AcquisitionRing {
     void clear() { kept_ = 0; }
     void add(const AcquisitionPoint& point) { points_[kept_++ % capacity] = point; }
 
+    /// Points added since it was cleared, those written over included.
+    [[nodiscard]] std::size_t kept() const { return kept_; }
+
     /// Points that hold data, and the i-th of them from the oldest.
     [[nodiscard]] std::size_t size() const { return kept_ < capacity ? kept_ : capacity; }
     [[nodiscard]] const AcquisitionPoint& fromOldest(std::size_t i) const {

@@ -63,6 +63,7 @@ IntroWindowParts Desktop::windowParts() {
             .openHelp = [this] { screens_->open({"help"}); },
             .closeRun = [this] { review_->close(); },
             .redrawReview = [this] { review_->show(); },
+            .redrawEquallySpaced = [this] { review_->showEquallySpaced(); },
             .loadNotes = [this] { loadNotes(); }};
 }
 
@@ -88,6 +89,7 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
                                       .exportLas = [this] { openScreen("frmLASexport"); },
                                       .calibrations = [this] { openScreen("frmCalibrations"); }}},
         program_.files);
+    screen->bars().whenScaleChosen([&picture = screen->picture()](double scale) { picture.setScale(scale); });
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
     review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
     screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, events_);

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -16,12 +17,17 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
       side_(new SideFrame(actions_.run, actions_.review)),
       notices_(new NoticeStrip),
       logs_(new LogArea),
+      review_(new QTabWidget),
+      picture_(new LogPicture),
       values_(new ValueTable),
       live_(new LiveValues),
       notes_(new NotesPanel(files)) {
     setObjectName("IntroScreen");
     setWindowTitle("Tarvik");
-    logs_->addPage(values_);
+    review_->setDocumentMode(true);
+    review_->addTab(picture_, "&Logs");
+    review_->addTab(values_, "&Values");
+    logs_->addPage(review_);
     logs_->addPage(live_);
     auto* const middle = new QWidget;
     auto* const row = new QHBoxLayout(middle);

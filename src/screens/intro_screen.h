@@ -3,6 +3,7 @@
 
 #include "screens/live_values.h"
 #include "screens/log_area.h"
+#include "screens/log_picture.h"
 #include "screens/main_bars.h"
 #include "screens/notes_panel.h"
 #include "screens/notice_strip.h"
@@ -13,6 +14,8 @@
 #include <QMainWindow>
 
 #include <functional>
+
+class QTabWidget;
 
 namespace tarvik {
 
@@ -34,6 +37,8 @@ class IntroScreen final : public QMainWindow {
     [[nodiscard]] LogArea& logs() { return *logs_; }
     [[nodiscard]] NoticeStrip& notices() { return *notices_; }
     [[nodiscard]] StatusPanels& status() { return status_; }
+    [[nodiscard]] QTabWidget& reviewPages() { return *review_; }
+    [[nodiscard]] LogPicture& picture() { return *picture_; }
     [[nodiscard]] ValueTable& values() { return *values_; }
     [[nodiscard]] LiveValues& live() { return *live_; }
     [[nodiscard]] NotesPanel& notes() { return *notes_; }
@@ -51,6 +56,8 @@ class IntroScreen final : public QMainWindow {
     SideFrame* side_;
     NoticeStrip* notices_;
     LogArea* logs_;
+    QTabWidget* review_; ///< logs and values of the run under review
+    LogPicture* picture_;
     ValueTable* values_;
     LiveValues* live_;
     NotesPanel* notes_;

@@ -20,6 +20,7 @@ struct IntroWindowParts {
     std::function<void()> openHelp;
     std::function<void()> closeRun;
     std::function<void()> redrawReview;
+    std::function<void()> redrawEquallySpaced;
     std::function<void()> loadNotes;
 };
 
@@ -58,7 +59,7 @@ class IntroWindow final : public FrameView, public MainWindow {
     void showVersion(std::string_view label) override;
     void printOnLogPicture(std::string_view text) override;
     void redrawReviewLogs() override { parts_.redrawReview(); }
-    void redrawLogsEquallySpaced() override { parts_.redrawReview(); }
+    void redrawLogsEquallySpaced() override { parts_.redrawEquallySpaced(); }
     void closeRun() override { parts_.closeRun(); }
 
   private:

@@ -126,6 +126,11 @@ void MainBars::setSearchPicture(bool searching) {
     action(key)->setIcon(icon(qt(searching ? searchOnIcon : searchOffIcon)));
 }
 
+void MainBars::whenScaleChosen(std::function<void(double scale)> act) {
+    QObject::connect(scales_, &QComboBox::textActivated, scales_,
+                     [act = std::move(act)](const QString& text) { act(text.section(':', 1).toDouble()); });
+}
+
 void MainBars::fillScales(std::span<const std::string_view> scales) {
     scales_->clear();
     for (const std::string_view scale : scales) scales_->addItem(qt(scale));

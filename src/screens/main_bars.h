@@ -33,6 +33,8 @@ class MainBars {
     void setCaption(std::string_view key, std::string_view caption);
     void setSearchPicture(bool searching);
     void fillScales(std::span<const std::string_view> scales);
+    /// Told the scale that the operator chooses, 200 for 1:200.
+    void whenScaleChosen(std::function<void(double scale)> act);
     [[nodiscard]] QComboBox& scales() { return *scales_; }
 
   private:

@@ -10,8 +10,9 @@ bool ReviewSession::open(const Path& file) {
     auto log = read(file);
     screen_.status().showText("Data review mode");
     if (!log) return false;
-    screen_.values().setLog(nullptr);
+    hand(nullptr);
     log_ = std::move(log);
+    hand(&*log_);
     file_ = file;
     program_.state.runFileName = file.filename().string();
     show();
@@ -43,7 +44,7 @@ Progress ReviewSession::progress() {
 }
 
 void ReviewSession::close() {
-    screen_.values().setLog(nullptr);
+    hand(nullptr);
     log_.reset();
     file_.clear();
     program_.state.runFileName.clear();
@@ -59,8 +60,17 @@ void ReviewSession::show() {
     screen_.bars().setEnabled("MB-Print", log_.has_value());
     if (!log_) return showEmpty();
     program_.state.exitConfirmation = true;
-    screen_.values().setLog(log());
-    screen_.logs().showPage(&screen_.values());
+    screen_.logs().showPage(&screen_.reviewPages());
+}
+
+void ReviewSession::showEquallySpaced() {
+    show();
+    if (log_) screen_.picture().showEquallySpaced();
+}
+
+void ReviewSession::hand(const ReviewLog* log) {
+    screen_.picture().setLog(log);
+    screen_.values().setLog(log);
 }
 
 void ReviewSession::showEmpty() {

@@ -20,6 +20,8 @@ class ReviewSession {
     void close();
     /// Draws what is open, or what can be opened. Sets the flag that makes exit ask.
     void show();
+    /// The whole run in the window.
+    void showEquallySpaced();
 
     [[nodiscard]] const ReviewLog* log() const { return log_ ? &*log_ : nullptr; }
     [[nodiscard]] const Path& file() const { return file_; }
@@ -28,6 +30,7 @@ class ReviewSession {
     [[nodiscard]] std::optional<ReviewLog> read(const Path& file);
     [[nodiscard]] Progress progress();
     void showEmpty();
+    void hand(const ReviewLog* log);
 
     Program& program_;
     IntroScreen& screen_;

@@ -1,0 +1,173 @@
+#include "display/default_display.h"
+
+#include "base/text.h"
+#include "display/curve_rules.h"
+#include "display/minmax_pyramid.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace tarvik {
+
+namespace {
+
+constexpr std::size_t curvesPerTrack = 4;
+constexpr std::array<LineKind, 4> lineKinds{LineKind::solid, LineKind::dashed, LineKind::dashDot,
+                                            LineKind::dotted};
+// Those that come first differ most, also for eyes that confuse red and green.
+constexpr std::array<Ink, inkCount> inkOrder{Ink::blue,   Ink::vermilion, Ink::black, Ink::purple,
+                                             Ink::orange, Ink::green,     Ink::sky,   Ink::brown};
+
+/// Resistivities are read on decades: a scale that begins at 0 keeps its right end and gets three of them.
+CurveScale logarithmic(const ScalePair& scale) {
+    if (scale.left > 0 && scale.right > 0) return {ScaleKind::logarithmic, scale.left, scale.right};
+    if (scale.right > 0) return {ScaleKind::logarithmic, scale.right / 1000.0, scale.right};
+    return {ScaleKind::logarithmic, 0.2, 2000};
+}
+
+CurveScale scaleOf(const DisplayChannel& channel, const CurveRule& rule) {
+    const bool known = channel.scale.left != channel.scale.right;
+    if (rule.scale.kind == ScaleKind::logarithmic && channel.calibrated) {
+        return known ? logarithmic(channel.scale) : rule.scale;
+    }
+    if (!known && rule.hasScale() && channel.calibrated && rule.scale.kind == ScaleKind::linear) {
+        return rule.scale;
+    }
+    const ScalePair scale = known ? channel.scale : roundScale(channel.values);
+    return {ScaleKind::linear, scale.left, scale.right};
+}
+
+/// Within a track neither an ink nor a line style comes twice, as long as there are enough.
+void addCurve(Track& track, const DisplayChannel& channel, const CurveRule& rule) {
+    LogCurve curve;
+    curve.channel = channel.name;
+    curve.unit = channel.unit;
+    curve.calibrated = channel.calibrated;
+    curve.scale = scaleOf(channel, rule);
+    const auto taken = [&](Ink ink) {
+        return std::ranges::any_of(track.curves,
+                                   [&](const LogCurve& other) { return other.style.ink == ink; });
+    };
+    curve.style.ink = rule.ink;
+    for (std::size_t i = 0; i < inkOrder.size() && taken(curve.style.ink); ++i) curve.style.ink = inkOrder[i];
+    curve.style.line =
+        rule.points ? LineKind::points : lineKinds[std::min(track.curves.size(), lineKinds.size() - 1)];
+    if (curve.style.line == LineKind::points) curve.style.width = 0.5;
+    if (curve.scale.kind == ScaleKind::logarithmic) track.grid = ScaleKind::logarithmic;
+    track.curves.push_back(std::move(curve));
+}
+
+/// The group, and among channels that no rule knows the unit: what is read together shares a track.
+struct TrackKey {
+    CurveGroup group = CurveGroup::other;
+    std::string unit;
+
+    friend auto operator<=>(const TrackKey&, const TrackKey&) = default;
+};
+
+struct KeyedTrack {
+    TrackKey key;
+    Track track;
+};
+
+std::vector<KeyedTrack> tracksOf(std::span<const DisplayChannel> channels) {
+    std::vector<KeyedTrack> tracks;
+    for (const DisplayChannel& channel : channels) {
+        const CurveRule& rule = curveRule(channel.name);
+        const TrackKey key{rule.group, rule.group == CurveGroup::other ? upperCase(channel.unit) : ""};
+        const auto open = std::ranges::find_if(tracks, [&](const KeyedTrack& each) {
+            return each.key == key && each.track.curves.size() < curvesPerTrack;
+        });
+        if (open == tracks.end()) {
+            tracks.push_back({key, {}});
+            addCurve(tracks.back().track, channel, rule);
+        } else {
+            addCurve(open->track, channel, rule);
+        }
+    }
+    std::ranges::stable_sort(tracks, {}, [](const KeyedTrack& each) { return each.key.group; });
+    return tracks;
+}
+
+/// "12.5 m" in the run's unit; nothing for a text that does not begin with a number.
+std::optional<double> depthIn(const std::string& text, DepthUnits units) {
+    const auto start = trimmed(text);
+    if (start.empty() || start.front() < '0' || start.front() > '9') return std::nullopt;
+    return toMetres(leadingNumber(start), units);
+}
+
+void addMarks(LogDisplay& display, const RunHeader& header) {
+    const DepthUnits units = header.setup.units;
+    if (const auto casing = depthIn(header.hole.casingDepth, units)) {
+        display.marks.push_back({*casing, MarkKind::casing, "Casing"});
+    }
+    if (const auto fluid = depthIn(header.hole.fluidLevel, units)) {
+        display.marks.push_back({*fluid, MarkKind::fluid, "Fluid level"});
+    }
+}
+
+ScalePair recordedScale(const RunHeader& header, std::string_view channel, bool calibrated) {
+    const auto found = std::ranges::find(header.channels, channel, &RunChannel::name);
+    if (found == header.channels.end()) return {};
+    return calibrated ? found->calibrated : found->uncalibrated;
+}
+
+} // namespace
+
+ScalePair roundScale(std::span<const float> values) {
+    const ValueRange range = rangeOf(values);
+    if (range.empty() || !std::isfinite(range.least) || !std::isfinite(range.most)) return {0, 1};
+    const double least = range.least;
+    const double size =
+        range.most > range.least ? double{range.most} - least : std::max(1.0, std::abs(least));
+    const double power = std::pow(10, std::floor(std::log10(size / 5)));
+    const double share = size / 5 / power;
+    const double step = power * (share <= 1 ? 1 : share <= 2 ? 2 : share <= 5 ? 5 : 10);
+    const double left = std::floor(least / step) * step;
+    double right = std::ceil(double{range.most} / step) * step;
+    if (right <= left) right = left + step;
+    return {static_cast<float>(left), static_cast<float>(right)};
+}
+
+LogDisplay defaultDisplay(std::span<const DisplayChannel> channels, DepthUnits units, const Scheme& scheme) {
+    std::vector<DisplayChannel> drawn;
+    std::ranges::copy_if(channels, std::back_inserter(drawn),
+                         [](const DisplayChannel& channel) { return channel.name != speedCurve; });
+    if (drawn.empty()) drawn.assign(channels.begin(), channels.end());
+    LogDisplay display;
+    display.scheme = scheme;
+    for (KeyedTrack& each : tracksOf(drawn)) display.tracks.push_back(std::move(each.track));
+    if (display.tracks.empty()) display.tracks.emplace_back();
+    display.depthPlace = 1;
+    display.depthTrack.numbers = units == DepthUnits::metres ? DepthNumbers::metres : DepthNumbers::feet;
+    return display;
+}
+
+LogDisplay defaultDisplay(const ReviewLog& log, const Scheme& scheme) {
+    std::vector<DisplayChannel> channels;
+    for (const ReviewChannel& channel : log.channels) {
+        channels.push_back({channel.name, channel.unit, channel.calibrated,
+                            recordedScale(log.header, channel.name, channel.calibrated), channel.values});
+    }
+    LogDisplay display = defaultDisplay(channels, log.header.setup.units, scheme);
+    addMarks(display, log.header);
+    return display;
+}
+
+LogDisplay defaultDisplay(const RunHeader& header, const Scheme& scheme) {
+    std::vector<DisplayChannel> channels;
+    for (const RunChannel& channel : header.channels) {
+        const bool calibrated = channel.calibration.state != "None";
+        channels.push_back({channel.name,
+                            channel.unit,
+                            calibrated,
+                            calibrated ? channel.calibrated : channel.uncalibrated,
+                            {}});
+    }
+    LogDisplay display = defaultDisplay(channels, header.setup.units, scheme);
+    addMarks(display, header);
+    return display;
+}
+
+} // namespace tarvik

@@ -1,0 +1,38 @@
+// Which part of a log is shown, at what scale, on how large an area. One painter unit is a pixel of a window
+// or a dot of a printer; how many of them make a millimetre is all that tells the two apart.
+#pragma once
+
+#include "display/log_data.h"
+
+namespace tarvik {
+
+constexpr double millimetresPerInch = 25.4;
+
+struct DisplayView {
+    Axis axis = Axis::depth;
+    double top = 0;            ///< metres (or seconds) at the upper edge of the body
+    double perMillimetre = .2; ///< metres (or seconds) that one millimetre stands for; 1:200 is 0.2
+    double unitsPerMillimetre = 96 / millimetresPerInch;
+    double width = 0;  ///< of head and body, painter units
+    double height = 0; ///< of both together
+    bool equallySpaced = false;
+    double rowHeight = 1; ///< painter units that are told apart down the log
+    bool vectors = false; ///< the drawing keeps lines as lines, as PDF and SVG do
+
+    [[nodiscard]] double millimetres(double length) const { return length * unitsPerMillimetre; }
+    /// Painter units per metre (or second).
+    [[nodiscard]] double unitsPer() const { return unitsPerMillimetre / perMillimetre; }
+    /// Below the upper edge of the body, in painter units; and back.
+    [[nodiscard]] double yOf(double position) const { return (position - top) * unitsPer(); }
+    [[nodiscard]] double positionAt(double y) const { return top + y / unitsPer(); }
+};
+
+/// A depth view at 1:`scale`.
+[[nodiscard]] inline DisplayView viewAtScale(double scale, double dotsPerInch) {
+    DisplayView view;
+    view.perMillimetre = scale / 1000;
+    view.unitsPerMillimetre = dotsPerInch / millimetresPerInch;
+    return view;
+}
+
+} // namespace tarvik

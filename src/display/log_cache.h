@@ -1,0 +1,45 @@
+// What drawing a log needs of its channels more than once: filtered copies, and the ranges of long channels.
+// Belongs to whoever draws one log; an entry is made anew when the values behind it are others.
+#pragma once
+
+#include "display/log_data.h"
+#include "display/minmax_pyramid.h"
+
+#include <map>
+#include <optional>
+#include <string>
+
+namespace tarvik {
+
+struct CurveSamples {
+    std::span<const float> values;
+    const MinMaxPyramid* pyramid = nullptr; ///< for long channels only
+
+    [[nodiscard]] ValueRange range(std::size_t first, std::size_t last) const {
+        return pyramid != nullptr ? pyramid->range(values, first, last)
+                                  : rangeOf(values.subspan(first, last - first));
+    }
+};
+
+class LogCache {
+  public:
+    /// A filter setting that cannot be understood leaves the values as they are. Valid until the next call
+    /// for the same channel and filter with other data.
+    [[nodiscard]] CurveSamples samples(const LogData& data, const ChannelData& channel,
+                                       const std::string& filter);
+    void clear() { entries_.clear(); }
+
+  private:
+    struct Entry {
+        const float* source = nullptr;
+        std::size_t steps = 0;
+        std::uint64_t revision = 0;
+        std::vector<float> filtered;
+        std::optional<MinMaxPyramid> pyramid;
+    };
+    void renew(Entry& entry, const LogData& data, const ChannelData& channel, const std::string& filter);
+
+    std::map<std::pair<std::string, std::string>, Entry> entries_; ///< by channel and filter
+};
+
+} // namespace tarvik

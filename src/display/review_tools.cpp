@@ -1,0 +1,81 @@
+#include "display/review_tools.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarvik {
+
+Extent extentOf(const LogData& data, Axis axis) {
+    const auto along = data.along(axis);
+    if (along.empty()) return {};
+    const auto [least, most] = std::ranges::minmax_element(along);
+    return {*least * data.unitOf(axis), *most * data.unitOf(axis)};
+}
+
+DisplayView scrolled(const DisplayView& view, double units) {
+    DisplayView moved = view;
+    moved.top = view.positionAt(std::round(units));
+    return moved;
+}
+
+DisplayView zoomed(const DisplayView& view, double factor, double y) {
+    DisplayView nearer = view;
+    nearer.perMillimetre = view.perMillimetre / factor;
+    nearer.top = view.positionAt(y) - y / nearer.unitsPer();
+    return nearer;
+}
+
+DisplayView jumpedTo(const DisplayView& view, double position, double bodyHeight) {
+    DisplayView there = view;
+    there.top = position - bodyHeight / 3 / view.unitsPer();
+    return there;
+}
+
+DisplayView showingAll(const DisplayView& view, const LogData& data, double bodyHeight) {
+    const Extent extent = extentOf(data, view.axis);
+    DisplayView all = view;
+    all.top = extent.from;
+    if (bodyHeight > 0 && extent.to > extent.from) {
+        all.perMillimetre = (extent.to - extent.from) * view.unitsPerMillimetre / bodyHeight;
+    }
+    return all;
+}
+
+DisplayView heldInside(const DisplayView& view, const LogData& data, double bodyHeight) {
+    const Extent extent = extentOf(data, view.axis);
+    const double furthest = std::max(extent.from, extent.to - bodyHeight / view.unitsPer());
+    DisplayView held = view;
+    held.top = std::clamp(view.top, extent.from, furthest);
+    return held;
+}
+
+Extent visibleInterval(const DisplayView& view, const LogData& data, double bodyHeight) {
+    const Extent extent = extentOf(data, view.axis);
+    return {std::clamp(view.top, extent.from, extent.to),
+            std::clamp(view.positionAt(bodyHeight), extent.from, extent.to)};
+}
+
+std::optional<CursorReading> readingsAt(const LogDisplay& display, const LogData& data, Axis axis,
+                                        double position) {
+    const auto along = data.along(axis);
+    if (along.empty()) return std::nullopt;
+    const double sought = position / data.unitOf(axis);
+    const auto nearest =
+        std::ranges::min_element(along, {}, [sought](double each) { return std::abs(each - sought); });
+    const double away = std::abs(*nearest - sought) * data.unitOf(axis);
+    if (axis == Axis::depth && data.joinLimit > 0 && away > data.joinLimit) return std::nullopt;
+    const auto step = static_cast<std::size_t>(nearest - along.begin());
+    CursorReading reading{
+        toMetres(data.depth[step], data.units), data.time.empty() ? 0 : data.time[step], {}};
+    for (const Track& track : display.tracks) {
+        for (const LogCurve* curve : shownCurves(track)) {
+            Reading each{curve->channel, curve->unit, curve->calibrated, std::nullopt};
+            const ChannelData* channel = data.find(curve->channel);
+            if (channel != nullptr && !isNoValue(channel->values[step])) each.value = channel->values[step];
+            reading.curves.push_back(std::move(each));
+        }
+    }
+    return reading;
+}
+
+} // namespace tarvik

@@ -1,0 +1,51 @@
+// Moving about in a log that is reviewed, and reading it: arithmetic of views, no state.
+#pragma once
+
+#include "display/display_view.h"
+#include "display/log_display.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvik {
+
+/// The extent of a log along its axis, in metres or seconds; both 0 without steps.
+struct Extent {
+    double from = 0;
+    double to = 0;
+};
+[[nodiscard]] Extent extentOf(const LogData& data, Axis axis);
+
+/// Moved by whole painter units (positive: further down the log), so that what is on the screen can be
+/// scrolled instead of drawn.
+[[nodiscard]] DisplayView scrolled(const DisplayView& view, double units);
+/// A factor above 1 shows less of the log; what stands at `y` of the body stays there.
+[[nodiscard]] DisplayView zoomed(const DisplayView& view, double factor, double y);
+/// `position` a third of the way down a body of that height.
+[[nodiscard]] DisplayView jumpedTo(const DisplayView& view, double position, double bodyHeight);
+/// The whole log in the body.
+[[nodiscard]] DisplayView showingAll(const DisplayView& view, const LogData& data, double bodyHeight);
+/// Never further than the ends of the log at the edges of the body; a log shorter than the body starts at
+/// its top.
+[[nodiscard]] DisplayView heldInside(const DisplayView& view, const LogData& data, double bodyHeight);
+
+/// What of the log is in the body: the interval to export.
+[[nodiscard]] Extent visibleInterval(const DisplayView& view, const LogData& data, double bodyHeight);
+
+struct Reading {
+    std::string channel;
+    std::string unit;
+    bool calibrated = true;
+    std::optional<float> value; ///< as logged, not filtered; nothing in a gap
+};
+struct CursorReading {
+    double depth = 0; ///< metres, of the step that was read
+    double time = 0;  ///< seconds; 0 where the log has no times
+    std::vector<Reading> curves;
+};
+/// All shown curves at the step nearest to `position`; nothing where the log has no steps near it.
+[[nodiscard]] std::optional<CursorReading> readingsAt(const LogDisplay& display, const LogData& data,
+                                                      Axis axis, double position);
+
+} // namespace tarvik

@@ -1,0 +1,250 @@
+#include "drawing/curve_painter.h"
+
+#include <QList>
+#include <QPolygonF>
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int mostBackups = 4;
+constexpr double fillStrength = 0.22;
+
+/// A curve, a backup of it or a fill has the same few things to know.
+struct Strand {
+    const Canvas& canvas;
+    const LogCurve& curve;
+    const Column& column;
+
+    [[nodiscard]] double x(double fraction) const { return column.left + fraction * column.width; }
+    [[nodiscard]] double inside(double fraction) const { return x(std::clamp(fraction, 0.0, 1.0)); }
+    [[nodiscard]] double fillEdge() const {
+        switch (curve.style.fill) {
+        case FillKind::right:
+            return inside(1);
+        case FillKind::base:
+            return inside(ScaleMap(curve.scale).fraction(curve.base));
+        case FillKind::left:
+        case FillKind::none:
+            break;
+        }
+        return inside(0);
+    }
+    [[nodiscard]] QColor fillColour() const {
+        const Scheme& scheme = canvas.display.scheme;
+        return qColour(blended(scheme.surface, colourOf(curve, scheme), fillStrength));
+    }
+};
+
+using Piece = std::span<const TracePoint>;
+
+template <class Visit>
+void forEachPiece(const CurveTrace& trace, Visit&& visit) {
+    for (std::size_t i = 0; i < trace.pieces.size(); ++i) {
+        const std::size_t end = i + 1 < trace.pieces.size() ? trace.pieces[i + 1] : trace.points.size();
+        visit(Piece(trace.points).subspan(trace.pieces[i], end - trace.pieces[i]));
+    }
+}
+
+void fillPieces(const Strand& strand, const CurveTrace& trace, const Band& band) {
+    QPainter& painter = strand.canvas.painter;
+    const double edge = strand.fillEdge();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(strand.fillColour());
+    forEachPiece(trace, [&](Piece piece) {
+        QPolygonF area;
+        area.reserve(static_cast<qsizetype>(piece.size()) + 2);
+        const auto held = [&](double y) {
+            return strand.canvas.view.vectors ? std::clamp(y, band.top, band.bottom) : y;
+        };
+        area.append({edge, held(piece.front().y)});
+        for (const TracePoint& point : piece) area.append({strand.inside(point.fraction), held(point.y)});
+        area.append({edge, held(piece.back().y)});
+        painter.drawPolygon(area);
+    });
+    painter.setBrush(Qt::NoBrush);
+}
+
+void fillRows(const Strand& strand, const CurveTrace& trace) {
+    const double height = strand.canvas.view.rowHeight;
+    const double edge = strand.fillEdge();
+    const QColor colour = strand.fillColour();
+    for (const RowSpan& span : trace.rows) {
+        const double x = strand.inside((span.from + span.to) / 2);
+        strand.canvas.painter.fillRect(
+            QRectF(std::min(x, edge), static_cast<double>(span.row) * height, std::abs(x - edge), height),
+            colour);
+    }
+}
+
+/// The part of a segment within [least, most] of one of its coordinates; false when there is none.
+bool cutTo(TracePoint& one, TracePoint& other, double TracePoint::*coordinate, double least, double most) {
+    const TracePoint from = one;
+    const double length = other.*coordinate - from.*coordinate;
+    const auto at = [&](double place) {
+        const double part = (place - from.*coordinate) / length;
+        return TracePoint{from.fraction + (other.fraction - from.fraction) * part,
+                          from.y + (other.y - from.y) * part};
+    };
+    const TracePoint whole = other;
+    if (std::max(from.*coordinate, whole.*coordinate) < least) return false;
+    if (std::min(from.*coordinate, whole.*coordinate) > most) return false;
+    const auto cut = [&](TracePoint& point) {
+        if (point.*coordinate < least) return at(least);
+        if (point.*coordinate > most) return at(most);
+        return point;
+    };
+    const TracePoint start = cut(one);
+    const TracePoint end = cut(other);
+    one = start;
+    other = end;
+    return true;
+}
+
+/// The parts of a piece in the n-th width of the track, moved into it. Cut here and not by the painter's clip
+/// alone: a drawing that keeps lines as lines knows no clip.
+void drawPiece(const Strand& strand, Piece piece, int n, const Band& band) {
+    QPolygonF run;
+    const auto draw = [&] {
+        if (run.size() > 1) strand.canvas.painter.drawPolyline(run);
+        run.clear();
+    };
+    const bool exact = strand.canvas.view.vectors;
+    for (std::size_t i = 1; i < piece.size(); ++i) {
+        TracePoint one = piece[i - 1];
+        TracePoint other = piece[i];
+        if (!cutTo(one, other, &TracePoint::fraction, n, n + 1) ||
+            (exact && !cutTo(one, other, &TracePoint::y, band.top, band.bottom))) {
+            draw();
+            continue;
+        }
+        const QPointF start(strand.x(one.fraction - n), one.y);
+        if (!run.empty() && run.last() != start) draw();
+        if (run.empty()) run.append(start);
+        run.append({strand.x(other.fraction - n), other.y});
+    }
+    draw();
+    // A value between two gaps is a short stroke.
+    const TracePoint& only = piece.front();
+    if (piece.size() == 1 && only.fraction >= n && only.fraction <= n + 1) {
+        const double half = strand.canvas.mm(0.2);
+        const double x = strand.x(only.fraction - n);
+        strand.canvas.painter.drawLine(QLineF(x, only.y - half, x, only.y + half));
+    }
+}
+
+void drawPoints(const Strand& strand, const CurveTrace& trace, int n, const Band& band) {
+    QList<QPointF> points;
+    for (const TracePoint& point : trace.points) {
+        if (point.fraction < n || point.fraction > n + 1) continue;
+        if (strand.canvas.view.vectors && (point.y < band.top || point.y > band.bottom)) continue;
+        points.append({strand.x(point.fraction - n), point.y});
+    }
+    strand.canvas.painter.drawPoints(points);
+}
+
+bool isOn(const LogCurve& curve, const DisplayView& view, long row) {
+    const double along =
+        (static_cast<double>(row) + std::round(view.top * view.unitsPer() / view.rowHeight)) *
+        view.rowHeight / view.unitsPerMillimetre;
+    switch (curve.style.line) {
+    case LineKind::dashed:
+        return along - std::floor(along / 3.3) * 3.3 < 2.2;
+    case LineKind::dotted:
+        return along - std::floor(along / 1.3) * 1.3 < 0.6;
+    case LineKind::dashDot: {
+        const double part = along - std::floor(along / 4.7) * 4.7;
+        return part < 2.6 || (part >= 3.4 && part < 4.0);
+    }
+    case LineKind::solid:
+    case LineKind::points:
+        break;
+    }
+    return true;
+}
+
+void drawRows(const Strand& strand, const CurveTrace& trace, int n, double width) {
+    const DisplayView& view = strand.canvas.view;
+    QList<QRectF> rows;
+    rows.reserve(static_cast<qsizetype>(trace.rows.size()));
+    for (const RowSpan& span : trace.rows) {
+        if (span.to < n || span.from > n + 1 || !isOn(strand.curve, view, span.row)) continue;
+        const double from = strand.inside(span.from - n) - width / 2;
+        const double to = strand.inside(span.to - n) + width / 2;
+        rows.append(QRectF(from, static_cast<double>(span.row) * view.rowHeight, to - from, view.rowHeight));
+    }
+    strand.canvas.painter.setPen(Qt::NoPen);
+    strand.canvas.painter.setBrush(qColour(colourOf(strand.curve, strand.canvas.display.scheme)));
+    strand.canvas.painter.drawRects(rows);
+    strand.canvas.painter.setBrush(Qt::NoBrush);
+}
+
+struct Backups {
+    int first = 0;
+    int last = 0;
+};
+
+Backups backupsOf(const LogCurve& curve, const CurveTrace& trace) {
+    if (curve.offScale == OffScale::cut) return {};
+    Backups backups;
+    const auto reach = [&](double fraction) {
+        const int n = static_cast<int>(std::floor(fraction));
+        backups.first = std::max(-mostBackups, std::min(backups.first, n));
+        backups.last = std::min(mostBackups, std::max(backups.last, n));
+    };
+    for (const TracePoint& point : trace.points) reach(point.fraction);
+    for (const RowSpan& span : trace.rows) {
+        reach(span.from);
+        reach(span.to);
+    }
+    return backups;
+}
+
+/// A backup is thinner and broken, so that nobody reads it on the first scale.
+QPen backupPen(const Canvas& canvas, const LogCurve& curve) {
+    LogCurve backup = curve;
+    backup.style.width = curve.style.width * 0.7;
+    if (curve.style.line == LineKind::solid) backup.style.line = LineKind::dotted;
+    return curvePen(canvas, backup);
+}
+
+} // namespace
+
+void paintCurve(const Canvas& canvas, const LogCurve& curve, const CurveTrace& trace, const Column& column,
+                const Band& band) {
+    const Strand strand{canvas, curve, column};
+    QPainter& painter = canvas.painter;
+    painter.save();
+    painter.setClipRect(QRectF(column.left, band.top, column.width, band.bottom - band.top),
+                        Qt::IntersectClip);
+    if (curve.style.fill != FillKind::none) {
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        fillPieces(strand, trace, band);
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        fillRows(strand, trace);
+    }
+    const Backups backups = backupsOf(curve, trace);
+    for (int n = backups.first; n <= backups.last; ++n) {
+        const QPen pen = n == 0 ? curvePen(canvas, curve) : backupPen(canvas, curve);
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        drawRows(strand, trace, n, pen.widthF());
+        painter.setPen(pen);
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        if (curve.style.line == LineKind::points) {
+            QPen dot = pen;
+            dot.setCapStyle(Qt::RoundCap);
+            dot.setWidthF(std::max(2.0, canvas.mm(curve.style.width)));
+            painter.setPen(dot);
+            drawPoints(strand, trace, n, band);
+        } else {
+            forEachPiece(trace, [&](Piece piece) { drawPiece(strand, piece, n, band); });
+        }
+    }
+    painter.restore();
+}
+
+} // namespace tarvik

@@ -1,0 +1,211 @@
+#include "drawing/grid_painter.h"
+
+#include "display/ticks.h"
+
+#include <QFontMetricsF>
+#include <QLineF>
+#include <QList>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace tarvik {
+
+namespace {
+
+/// Lines by strength, so that each strength is one call and the heavy ones lie on top.
+class GridLines {
+  public:
+    void add(TickStrength strength, const QLineF& line) {
+        lines_[static_cast<std::size_t>(strength)].append(line);
+    }
+    void paint(const Canvas& canvas) const {
+        const Scheme& scheme = canvas.display.scheme;
+        const std::array<Colour, 3> colours{scheme.gridFine, scheme.gridMedium, scheme.gridHeavy};
+        constexpr std::array<double, 3> widths{0.1, 0.14, 0.2};
+        for (std::size_t i = 0; i < lines_.size(); ++i) {
+            canvas.painter.setPen(line(canvas, colours[i], widths[i]));
+            canvas.painter.drawLines(lines_[i]);
+        }
+    }
+
+  private:
+    std::array<QList<QLineF>, 3> lines_;
+};
+
+/// Centred on a pixel of a window; exact where lines stay lines.
+double crisp(const DisplayView& view, double position) {
+    return view.vectors ? position : std::floor(position) + 0.5;
+}
+
+void addLinearGrid(GridLines& lines, const Canvas& canvas, const Column& column, int divisions,
+                   const Band& band) {
+    for (int i = 1; i < divisions; ++i) {
+        const double x = crisp(canvas.view, column.left + column.width * i / divisions);
+        const bool middle = divisions % 2 == 0 && i == divisions / 2;
+        lines.add(middle ? TickStrength::medium : TickStrength::fine, {x, band.top, x, band.bottom});
+    }
+}
+
+void addLogarithmicGrid(GridLines& lines, const Canvas& canvas, const Column& column, const CurveScale& scale,
+                        const Band& band) {
+    const ScaleMap map(scale);
+    const double least = std::min(scale.left, scale.right);
+    const double most = std::max(scale.left, scale.right);
+    for (double decade = std::pow(10, std::floor(std::log10(least))); decade < most; decade *= 10) {
+        for (int i = 1; i < 10; ++i) {
+            const double value = decade * i;
+            if (value <= least * 1.0001 || value >= most * 0.9999) continue;
+            const double x = crisp(canvas.view, column.left + column.width * map.fraction(value));
+            lines.add(i == 1 ? TickStrength::heavy : TickStrength::fine, {x, band.top, x, band.bottom});
+        }
+    }
+}
+
+struct AxisUnits {
+    TickSpacing spacing;
+    double unit = 1; ///< metres (or seconds) of one
+};
+
+AxisUnits axisUnits(const DisplayView& view, DepthUnits units) {
+    if (view.axis == Axis::time) return {timeTickSpacing(view.perMillimetre), 1};
+    const double unit = toMetres(1, units);
+    return {depthTickSpacing(view.perMillimetre / unit), unit};
+}
+
+std::vector<Tick> ticksOf(const DisplayView& view, const AxisUnits& axis, double top, double bottom) {
+    return ticksBetween(view.positionAt(top) / axis.unit, view.positionAt(bottom) / axis.unit, axis.spacing);
+}
+
+void addDepthLines(GridLines& lines, const Canvas& canvas, DepthUnits units, const Band& band) {
+    const AxisUnits axis = axisUnits(canvas.view, units);
+    for (const Tick& tick : ticksOf(canvas.view, axis, band.top - 2, band.bottom + 2)) {
+        const double y = crisp(canvas.view, canvas.view.yOf(tick.position * axis.unit));
+        for (const Column& column : canvas.columns.tracks) {
+            lines.add(tick.strength, {column.left, y, column.right(), y});
+        }
+    }
+}
+
+void paintBorders(const Canvas& canvas, const Band& band) {
+    QList<QLineF> borders;
+    const auto add = [&](const Column& column) {
+        for (const double x : {column.left, column.right()}) {
+            const double inside = std::clamp(crisp(canvas.view, x), 0.5, canvas.view.width - 0.5);
+            borders.append({inside, band.top, inside, band.bottom});
+        }
+    };
+    for (const Column& column : canvas.columns.tracks) add(column);
+    add(canvas.columns.depth);
+    canvas.painter.setPen(line(canvas, canvas.display.scheme.frame, 0.2));
+    canvas.painter.drawLines(borders);
+}
+
+struct NumberColumn {
+    DepthUnits units = DepthUnits::metres;
+    double left = 0;
+    double width = 0;
+};
+
+std::vector<NumberColumn> numberColumns(const Canvas& canvas, DepthUnits units) {
+    const Column& depth = canvas.columns.depth;
+    if (canvas.view.axis == Axis::time) return {{units, depth.left, depth.width}};
+    switch (canvas.display.depthTrack.numbers) {
+    case DepthNumbers::metres:
+        return {{DepthUnits::metres, depth.left, depth.width}};
+    case DepthNumbers::feet:
+        return {{DepthUnits::feet, depth.left, depth.width}};
+    case DepthNumbers::both:
+        break;
+    }
+    return {{DepthUnits::metres, depth.left, depth.width / 2},
+            {DepthUnits::feet, depth.left + depth.width / 2, depth.width / 2}};
+}
+
+void paintNumber(const Canvas& canvas, const NumberColumn& column, const Tick& tick, double y,
+                 const QString& text) {
+    const Scheme& scheme = canvas.display.scheme;
+    const bool heavy = tick.strength == TickStrength::heavy;
+    const double size = canvas.display.depthTrack.numbers == DepthNumbers::both ? 2.3 : 2.9;
+    const QFont font = letters(canvas, size, heavy);
+    const double tickLength = std::min(canvas.mm(1.6), column.width / 8);
+    canvas.painter.setPen(line(canvas, scheme.text, heavy ? 0.3 : 0.2));
+    const QLineF left{column.left, y, column.left + tickLength, y};
+    const QLineF right{column.left + column.width - tickLength, y, column.left + column.width, y};
+    canvas.painter.drawLines(QList<QLineF>{left, right});
+    canvas.painter.setFont(font);
+    canvas.painter.setPen(qColour(scheme.text));
+    const double height = canvas.mm(5);
+    canvas.painter.drawText(QRectF(column.left, y - height / 2, column.width, height), Qt::AlignCenter, text);
+}
+
+void paintNumbers(const Canvas& canvas, const NumberColumn& column, const Band& band) {
+    const DisplayView& view = canvas.view;
+    const AxisUnits axis = axisUnits(view, column.units);
+    const double margin = canvas.mm(3);
+    for (const Tick& tick : ticksOf(view, axis, band.top - margin, band.bottom + margin)) {
+        if (view.axis == Axis::time && tick.position < 0) continue;
+        const double y = crisp(view, view.yOf(tick.position * axis.unit));
+        if (tick.strength == TickStrength::fine) {
+            const double length = std::min(canvas.mm(0.9), column.width / 12);
+            canvas.painter.setPen(line(canvas, canvas.display.scheme.quietText, 0.12));
+            canvas.painter.drawLine(QLineF(column.left, y, column.left + length, y));
+            const double end = column.left + column.width;
+            canvas.painter.drawLine(QLineF(end - length, y, end, y));
+            continue;
+        }
+        const std::string text = view.axis == Axis::time ? timeTickText(tick.position)
+                                                         : depthTickText(tick.position, axis.spacing);
+        paintNumber(canvas, column, tick, y, qText(text));
+    }
+}
+
+} // namespace
+
+void paintGrid(const Canvas& canvas, DepthUnits units, const Band& band) {
+    const Scheme& scheme = canvas.display.scheme;
+    canvas.painter.fillRect(QRectF(0, band.top, canvas.view.width, band.bottom - band.top),
+                            qColour(scheme.surface));
+    canvas.painter.setRenderHint(QPainter::Antialiasing, canvas.view.vectors);
+    GridLines lines;
+    for (std::size_t i = 0; i < canvas.columns.tracks.size(); ++i) {
+        const Track& track = canvas.display.tracks[i];
+        const Column& column = canvas.columns.tracks[i];
+        if (track.grid == ScaleKind::logarithmic) {
+            addLogarithmicGrid(lines, canvas, column, gridScale(track), band);
+        } else {
+            addLinearGrid(lines, canvas, column, track.divisions, band);
+        }
+    }
+    addDepthLines(lines, canvas, units, band);
+    lines.paint(canvas);
+}
+
+void paintDepthTrack(const Canvas& canvas, const LogData& data, const Band& band) {
+    canvas.painter.setRenderHint(QPainter::Antialiasing, canvas.view.vectors);
+    paintBorders(canvas, band);
+    for (const NumberColumn& column : numberColumns(canvas, data.units)) paintNumbers(canvas, column, band);
+}
+
+void paintMarks(const Canvas& canvas, const Band& band) {
+    if (canvas.view.axis != Axis::depth) return;
+    const Colour colour = canvas.display.scheme.mark;
+    const QFont font = letters(canvas, 2.4, true);
+    for (const DepthMark& mark : canvas.display.marks) {
+        const double y = crisp(canvas.view, canvas.view.yOf(mark.depth));
+        if (y < band.top - canvas.mm(4) || y > band.bottom + canvas.mm(4)) continue;
+        QPen pen = line(canvas, colour, 0.25);
+        if (mark.kind != MarkKind::casing) pen.setDashPattern({4, 3});
+        canvas.painter.setPen(pen);
+        canvas.painter.drawLine(QLineF(0, y, canvas.view.width, y));
+        canvas.painter.setFont(font);
+        const QString text = fitted(font, qText(mark.text), canvas.columns.tracks.front().width);
+        const QRectF box(canvas.columns.tracks.front().left + canvas.mm(1), y - canvas.mm(3.6),
+                         QFontMetricsF(font).horizontalAdvance(text) + canvas.mm(1), canvas.mm(3.4));
+        canvas.painter.fillRect(box, qColour(canvas.display.scheme.surface));
+        canvas.painter.drawText(box, Qt::AlignVCenter | Qt::AlignLeft, text);
+    }
+}
+
+} // namespace tarvik

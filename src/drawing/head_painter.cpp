@@ -1,0 +1,113 @@
+#include "drawing/head_painter.h"
+
+#include <QFontMetricsF>
+#include <QLineF>
+
+namespace tarvik {
+
+namespace {
+
+constexpr double nameLetters = 2.9;
+constexpr double endLetters = 2.4;
+
+/// Values without a calibration are counts, whatever unit the tool record has: the head says so, as fully as
+/// there is room.
+QString unitText(const LogCurve& curve, const LogData& data, const QFont& font, double room) {
+    if (data.find(curve.channel) == nullptr) return fitted(font, QStringLiteral("not in this log"), room);
+    if (curve.calibrated) return fitted(font, qText(curve.unit), room);
+    for (const char* text : {"counts, not calibrated", "not calibrated", "not cal."}) {
+        if (QFontMetricsF(font).horizontalAdvance(QString::fromLatin1(text)) <= room) {
+            return QString::fromLatin1(text);
+        }
+    }
+    return QStringLiteral("?");
+}
+
+/// Upper edge of the slot; slots are filled from the body upwards, as on paper.
+void paintCurveHead(const Canvas& canvas, const LogCurve& curve, const LogData& data, const Column& column,
+                    double top) {
+    QPainter& painter = canvas.painter;
+    const Scheme& scheme = canvas.display.scheme;
+    const double margin = canvas.mm(1.2);
+    const double left = column.left + margin;
+    const double width = column.width - 2 * margin;
+
+    const QFont nameFont = letters(canvas, nameLetters, true);
+    painter.setFont(nameFont);
+    painter.setPen(qColour(colourOf(curve, scheme)));
+    painter.drawText(QRectF(left, top, width, canvas.mm(4)), Qt::AlignCenter,
+                     fitted(nameFont, qText(curve.channel), width));
+
+    const QFont endFont = letters(canvas, endLetters);
+    const QFontMetricsF metrics(endFont);
+    const double line = top + canvas.mm(6);
+    const QRectF row(left, line - canvas.mm(2), width, canvas.mm(4));
+    const QString leftEnd = qText(scaleEndText(curve.scale.left));
+    const QString rightEnd = qText(scaleEndText(curve.scale.right));
+    painter.setFont(endFont);
+    painter.setPen(qColour(scheme.text));
+    painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter, leftEnd);
+    painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter, rightEnd);
+
+    const double from = left + metrics.horizontalAdvance(leftEnd) + canvas.mm(1);
+    const double to = left + width - metrics.horizontalAdvance(rightEnd) - canvas.mm(1);
+    const QString unit = unitText(curve, data, endFont, std::max(0.0, to - from - canvas.mm(6)));
+    const double unitWidth = unit.isEmpty() ? 0 : metrics.horizontalAdvance(unit) + canvas.mm(2);
+    const double middle = (from + to) / 2;
+    painter.drawText(QRectF(middle - unitWidth / 2, row.top(), unitWidth, row.height()), Qt::AlignCenter,
+                     unit);
+    painter.setPen(curvePen(canvas, curve));
+    painter.drawLine(QLineF(from, line, middle - unitWidth / 2, line));
+    painter.drawLine(QLineF(middle + unitWidth / 2, line, to, line));
+}
+
+void paintDepthHead(const Canvas& canvas, const LogData& data, double height) {
+    const Column& column = canvas.columns.depth;
+    const DepthNumbers numbers = canvas.display.depthTrack.numbers;
+    QString unit = data.units == DepthUnits::metres ? QStringLiteral("metres") : QStringLiteral("feet");
+    if (numbers == DepthNumbers::metres) unit = QStringLiteral("metres");
+    if (numbers == DepthNumbers::feet) unit = QStringLiteral("feet");
+    if (numbers == DepthNumbers::both) unit = QStringLiteral("m       ft");
+    const bool time = canvas.view.axis == Axis::time;
+    canvas.painter.setPen(qColour(canvas.display.scheme.text));
+    canvas.painter.setFont(letters(canvas, nameLetters, true));
+    canvas.painter.drawText(QRectF(column.left, height - canvas.mm(headSlot + 1), column.width, canvas.mm(4)),
+                            Qt::AlignCenter, time ? QStringLiteral("Time") : QStringLiteral("Depth"));
+    canvas.painter.setFont(letters(canvas, endLetters));
+    canvas.painter.drawText(QRectF(column.left, height - canvas.mm(5), column.width, canvas.mm(4)),
+                            Qt::AlignCenter, time ? QStringLiteral("min:s") : unit);
+    const ChannelData* speed = data.find(speedCurve);
+    if (speed == nullptr || !canvas.display.depthTrack.speedBar || height < canvas.mm(2 * headSlot)) return;
+    canvas.painter.setFont(letters(canvas, 2));
+    canvas.painter.setPen(qColour(canvas.display.scheme.quietText));
+    const QString ends = qText("Speed 0\u2013" + scaleEndText(fullSpeed) + "\n" + std::string(speed->unit));
+    canvas.painter.drawText(QRectF(column.left, canvas.mm(1.2), column.width, canvas.mm(6)),
+                            Qt::AlignHCenter | Qt::AlignTop, ends);
+}
+
+} // namespace
+
+void paintTrackHeads(const Canvas& canvas, const LogData& data, double height) {
+    QPainter& painter = canvas.painter;
+    const Scheme& scheme = canvas.display.scheme;
+    painter.fillRect(QRectF(0, 0, canvas.view.width, height), qColour(scheme.head));
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    for (std::size_t i = 0; i < canvas.columns.tracks.size(); ++i) {
+        const auto curves = shownCurves(canvas.display.tracks[i]);
+        double top = height - canvas.mm(1) - canvas.mm(headSlot) * static_cast<double>(curves.size());
+        for (const LogCurve* curve : curves) {
+            paintCurveHead(canvas, *curve, data, canvas.columns.tracks[i], top);
+            top += canvas.mm(headSlot);
+        }
+    }
+    paintDepthHead(canvas, data, height);
+    painter.setRenderHint(QPainter::Antialiasing, canvas.view.vectors);
+    painter.setPen(line(canvas, scheme.frame, 0.3));
+    const double inset = canvas.view.vectors ? 0 : 0.5;
+    for (const Column& column : canvas.columns.tracks) {
+        painter.drawRect(QRectF(column.left + inset, inset, column.width - 2 * inset, height - 2 * inset));
+    }
+    painter.drawRect(QRectF(inset, inset, canvas.view.width - 2 * inset, height - 2 * inset));
+}
+
+} // namespace tarvik

@@ -1,0 +1,102 @@
+#include "drawing/log_painter.h"
+
+#include "drawing/curve_painter.h"
+#include "drawing/grid_painter.h"
+#include "drawing/head_painter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarvik {
+
+namespace {
+
+/// Draws with a canvas on the display as the view lays it out, and gives the painter back as it was.
+template <class Draw>
+void onCanvas(QPainter& painter, const LogDisplay& display, const DisplayView& view, Draw&& draw) {
+    const LogDisplay spaced = view.equallySpaced ? equallySpaced(display) : LogDisplay();
+    const LogDisplay& laidOut = view.equallySpaced ? spaced : display;
+    painter.save();
+    painter.setRenderHint(QPainter::TextAntialiasing, true);
+    draw(Canvas{painter, laidOut, view, columnsOf(laidOut, view)});
+    painter.restore();
+}
+
+} // namespace
+
+double LogPainter::headHeight(const LogDisplay& display, const DisplayView& view) {
+    const double height = headMillimetres(view.equallySpaced ? equallySpaced(display) : display);
+    return std::ceil(view.millimetres(height));
+}
+
+void LogPainter::paint(QPainter& painter, const LogDisplay& display, const LogData& data,
+                       const DisplayView& view) {
+    const double head = headHeight(display, view);
+    paintHead(painter, display, data, view);
+    painter.save();
+    painter.translate(0, head);
+    paintBody(painter, display, data, view, view.height - head);
+    painter.restore();
+}
+
+void LogPainter::paintHead(QPainter& painter, const LogDisplay& display, const LogData& data,
+                           const DisplayView& view) {
+    onCanvas(painter, display, view,
+             [&](const Canvas& canvas) { paintTrackHeads(canvas, data, headHeight(display, view)); });
+}
+
+void LogPainter::paintBody(QPainter& painter, const LogDisplay& display, const LogData& data,
+                           const DisplayView& view, double height) {
+    if (height > 0) paintRows(painter, display, data, view, {0, height});
+}
+
+void LogPainter::paintRows(QPainter& painter, const LogDisplay& display, const LogData& data,
+                           const DisplayView& view, const Band& band) {
+    onCanvas(painter, display, view, [&](const Canvas& canvas) {
+        painter.setClipRect(QRectF(0, band.top, view.width, band.bottom - band.top), Qt::IntersectClip);
+        paintGrid(canvas, data.units, band);
+        paintCurvesOf(canvas, data, band);
+        if (canvas.display.depthTrack.speedBar) paintSpeed(canvas, data, band);
+        paintDepthTrack(canvas, data, band);
+        paintMarks(canvas, band);
+    });
+}
+
+void LogPainter::paintCurves(QPainter& painter, const LogDisplay& display, const LogData& data,
+                             const DisplayView& view, const Band& band) {
+    onCanvas(painter, display, view, [&](const Canvas& canvas) { paintCurvesOf(canvas, data, band); });
+}
+
+void LogPainter::paintCurve(const Canvas& canvas, const LogData& data, const RowIndex& index,
+                            const LogCurve& curve, const Column& column, const Band& band) {
+    const ChannelData* channel = data.find(curve.channel);
+    if (channel == nullptr) return;
+    // Means between 359 and 1 degrees would point the wrong way.
+    const std::string filter = curve.style.line == LineKind::points ? "None" : curve.filter;
+    const CurveSamples samples = cache_.samples(data, *channel, filter);
+    const CurveTrace trace = traceCurve(data, samples, curve.scale, canvas.view, index);
+    tarvik::paintCurve(canvas, curve, trace, column, band);
+}
+
+void LogPainter::paintSpeed(const Canvas& canvas, const LogData& data, const Band& band) {
+    LogCurve bar;
+    bar.channel = speedCurve;
+    bar.scale = {ScaleKind::linear, 0, fullSpeed};
+    bar.style.ownColour = canvas.display.scheme.quietText;
+    bar.style.width = 0.15;
+    bar.style.fill = FillKind::left;
+    bar.offScale = OffScale::cut;
+    const Column column{canvas.columns.depth.left, std::min(canvas.mm(2.4), canvas.columns.depth.width / 5)};
+    paintCurve(canvas, data, RowIndex(data, canvas.view, band), bar, column, band);
+}
+
+void LogPainter::paintCurvesOf(const Canvas& canvas, const LogData& data, const Band& band) {
+    const RowIndex index(data, canvas.view, band);
+    for (std::size_t i = 0; i < canvas.display.tracks.size(); ++i) {
+        for (const LogCurve* curve : shownCurves(canvas.display.tracks[i])) {
+            paintCurve(canvas, data, index, *curve, canvas.columns.tracks[i], band);
+        }
+    }
+}
+
+} // namespace tarvik

@@ -1,0 +1,19 @@
+#include "drawing/plot_file.h"
+
+#include "drawing/picture_file.h"
+
+namespace tarvik {
+
+void writePlot(const LogSheet& sheet, const PlotTarget& target) {
+    Paper paper = target.paper;
+    if (!hasPages(target.file)) paper.height = 0;
+    const PagePlan plan = planOf(sheet, paper);
+    PagePainter pages;
+    writePicture(target.file, {plan.width, plan.height, plan.pages.size(), target.dotsPerInch},
+                 sheet.heading.hole + " " + sheet.heading.title,
+                 [&](QPainter& painter, std::size_t page, double unitsPerMillimetre, bool vectors) {
+                     pages.paint(painter, sheet, plan, page, unitsPerMillimetre, vectors);
+                 });
+}
+
+} // namespace tarvik

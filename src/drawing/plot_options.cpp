@@ -1,0 +1,116 @@
+#include "drawing/plot_options.h"
+
+#include "base/number_picture.h"
+#include "base/text.h"
+#include "display/bullseye.h"
+#include "display/default_display.h"
+#include "display/display_template.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarvik {
+
+namespace {
+
+constexpr std::array<std::string_view, 3> schemeNames{"paper", "light", "dark"};
+constexpr std::array<std::string_view, 4> paperNames{"A4", "A3", "Letter", "Continuous"};
+constexpr std::array<std::string_view, 3> deviationNames{bullseyeCaption, magneticsCaption, deviationCaption};
+
+/// "1:200" or "200".
+double scaleFrom(const std::string& text) {
+    const std::string_view digits = text.starts_with("1:") ? std::string_view(text).substr(2) : text;
+    const auto number = parseNumber(digits);
+    if (!number || *number < 0.1 || *number > 1e6) {
+        throw UsageError("--scale expects 1:N, such as 1:200, not \"" + text + "\"");
+    }
+    return *number;
+}
+
+/// "NAME=N"; the name may hold an equals sign, the number cannot.
+void setFilter(LogDisplay& display, const std::string& text) {
+    const auto equals = text.rfind('=');
+    if (equals == std::string::npos || !parseInteger(std::string_view(text).substr(equals + 1))) {
+        throw UsageError("--filter expects NAME=POINTS, not \"" + text + "\"");
+    }
+    const std::string name = text.substr(0, equals);
+    bool found = false;
+    for (Track& track : display.tracks) {
+        for (LogCurve& curve : track.curves) {
+            if (curve.channel != name) continue;
+            curve.filter = text.substr(equals + 1);
+            found = true;
+        }
+    }
+    if (!found) throw UsageError("--filter: the display has no curve \"" + name + "\"");
+}
+
+std::string textOf(const Files& files, const Path& file) {
+    const Bytes bytes = files.read(file);
+    return {bytes.begin(), bytes.end()};
+}
+
+LogDisplay displayFrom(const Arguments& arguments, const ReviewLog& log, const LogData& data,
+                       const Files& files) {
+    const Scheme scheme = *schemeNamed(arguments.oneOf("--scheme", schemeNames).value_or("paper"));
+    LogDisplay display = defaultDisplay(log, scheme);
+    if (const auto file = arguments.name("--template")) {
+        LogDisplay read = displayFromTemplate(textOf(files, *file), scheme, *file);
+        read.marks = std::move(display.marks);
+        display = std::move(read);
+        fitToData(display, data);
+    }
+    if (const auto caption = arguments.oneOf("--deviation", deviationNames)) {
+        display = deviationDisplay(display, *caption);
+    }
+    for (const std::string& filter : arguments.all("--filter")) setFilter(display, filter);
+    return display;
+}
+
+} // namespace
+
+std::vector<Option> plotOptions() {
+    return {{"-o", "FILE", "a picture (.png), pages (.pdf) or a drawing (.svg)"},
+            {"--scale", "1:N", "depth scale (default 1:200)"},
+            {"--from", "D", "first depth (default: the first on file)"},
+            {"--to", "D", "last depth (default: the last on file)"},
+            {"--paper", "NAME", "A4, A3, Letter or Continuous (default A4)"},
+            {"--dpi", "N", "dots to the inch of a picture (default 150)"},
+            {"--scheme", "NAME", "paper, light or dark (default paper)"},
+            {"--filter", "NAME=N", "smooth a curve over N points; may be repeated"},
+            {"--equally-spaced", "", "each curve in a track of its own, all equally wide"},
+            {"--deviation", "NAME", "of a deviation run: Bullseye (plan view), Magnetics or Deviation"},
+            {"--template", "FILE", "tracks and curves from this template"},
+            {"--save-template", "FILE", "write tracks and curves of this plot as a template"},
+            {"--no-heading", "", "without the log heading"}};
+}
+
+LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Files& files) {
+    const double scale = scaleFrom(arguments.text("--scale").value_or("1:200"));
+    LogSheet sheet;
+    sheet.data = logDataOf(log);
+    sheet.display = displayFrom(arguments, log, sheet.data, files);
+    sheet.view = viewAtScale(scale, millimetresPerInch);
+    sheet.view.equallySpaced = arguments.has("--equally-spaced");
+    sheet.withHeading = !arguments.has("--no-heading");
+    sheet.heading = headingOf(log, sheet.display, "1:" + shortestNumber(scale));
+    const DepthUnits units = log.header.setup.units;
+    const double first = log.depth.empty() ? 0 : log.depth.front();
+    const double last = log.depth.empty() ? 0 : log.depth.back();
+    sheet.from = toMetres(arguments.number("--from").value_or(first), units);
+    sheet.to = toMetres(arguments.number("--to").value_or(last), units);
+    if (sheet.to <= sheet.from) throw UsageError("there is no log between --from and --to");
+    return sheet;
+}
+
+PlotTarget targetFrom(const Arguments& arguments) {
+    const auto output = arguments.name("-o");
+    if (!output) throw UsageError("-o OUT.png, OUT.pdf or OUT.svg is missing");
+    PlotTarget target;
+    target.file = *output;
+    target.paper = *paperNamed(arguments.oneOf("--paper", paperNames).value_or("A4"));
+    target.dotsPerInch = arguments.number("--dpi", {20, 1200}).value_or(target.dotsPerInch);
+    return target;
+}
+
+} // namespace tarvik

@@ -1,0 +1,72 @@
+#include "drawing/verb_plot.h"
+
+#include "base/text.h"
+#include "cli/terminal.h"
+#include "display/bullseye.h"
+#include "display/display_template.h"
+#include "drawing/plan_file.h"
+#include "drawing/plot_options.h"
+
+#include <QGuiApplication>
+
+#include <iostream>
+
+namespace tarvik {
+
+namespace {
+
+/// Pictures need the toolkit's fonts and image formats, but no display.
+class Toolkit {
+  public:
+    Toolkit() : application_(prepared(count_), words_) {}
+
+  private:
+    static int& prepared(int& count) {
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(passOn);
+        return count;
+    }
+    /// Where there is no session the toolkit complains about its runtime folder on every start.
+    static void passOn(QtMsgType, const QMessageLogContext&, const QString& text) {
+        if (!text.startsWith(QStringLiteral("QStandardPaths"))) std::cerr << text.toStdString() << "\n";
+    }
+    int count_ = 1;
+    char name_[7] = "tarvik";
+    char* words_[2] = {name_, nullptr};
+    QGuiApplication application_;
+};
+
+int runPlot(const Arguments& arguments) {
+    const Path file = arguments.only("run file");
+    const PlotTarget target = targetFrom(arguments);
+    Terminal terminal;
+    Program program(programOptions(arguments), terminal.shell());
+    RedLines damage(terminal.lines());
+    program.log.addViewer(damage);
+    const auto log = program.runReader.Tarvikfileopen(file);
+    if (!log) return exitFailed;
+    const LogSheet sheet = sheetFrom(arguments, *log, program.files);
+    if (const auto saved = arguments.name("--save-template")) {
+        program.files.replace(*saved, asBytes(templateText(sheet.display)));
+    }
+    const Toolkit toolkit;
+    if (upperCase(arguments.text("--deviation").value_or("")) == upperCase(bullseyeCaption)) {
+        writePlan(sheet, target);
+    } else {
+        writePlot(sheet, target);
+    }
+    std::cout << target.file.string() << "\n";
+    return exitDone;
+}
+
+} // namespace
+
+Verb plotVerb() {
+    return {.name = "plot",
+            .usage = "plot RUN.kvx -o OUT.png|OUT.pdf|OUT.svg [options]",
+            .purpose = "draw a run to exact scale; prints the path\nDepths are in the run's depth unit.",
+            .options = plotOptions(),
+            .run = runPlot};
+}
+
+} // namespace tarvik
