@@ -136,7 +136,8 @@ void traceRows(CurveTrace& trace, const LogData& data, const CurveSamples& sampl
     Crossing above = crossing(0);
     for (std::size_t r = 0; r < index.rows(); ++r) {
         const Crossing below = crossing(r + 1);
-        const auto [first, last] = std::minmax(index.border(r), index.border(r + 1));
+        const std::size_t first = std::min(index.border(r), index.border(r + 1));
+        const std::size_t last = std::max(index.border(r), index.border(r + 1));
         const ValueRange range = samples.range(first, last);
         RowSpan span{index.firstRow() + static_cast<long>(r), ScaleMap::furthest, -ScaleMap::furthest};
         const auto reach = [&span](double fraction) {

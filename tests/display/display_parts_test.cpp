@@ -26,13 +26,14 @@ LogDisplay everyKind() {
     LogDisplay display =
         displayOf({{curveOf("Gamma", 0, 150)}, {curveOf("Res", 0.2, 2000), curveOf("P = Q", 3, 1)}});
     LogCurve& first = display.tracks[0].curves[0];
-    first.style = {Ink::purple, Colour{1, 171, 255}, LineKind::dashDot, 0.45, FillKind::base};
+    first.style = {Ink::black, Colour{1, 171, 255}, LineKind::dashDot, 0.45, FillKind::base};
     first.base = 75.5;
     first.offScale = OffScale::cut;
     first.filter = "15";
     first.shown = false;
     display.tracks[1].grid = ScaleKind::logarithmic;
     display.tracks[1].curves[0].scale.kind = ScaleKind::logarithmic;
+    display.tracks[1].curves[1].style.ink = Ink::purple;
     display.tracks[1].width = 42.5;
     display.depthPlace = 2;
     display.depthTrack = {20, DepthNumbers::both, false};

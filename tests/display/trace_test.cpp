@@ -70,7 +70,9 @@ TEST(Traces, LeaveGapsOpen) {
         EXPECT_EQ(trace.rows.empty(), step == 0.1);
         for (std::size_t i = 1; i < trace.points.size(); ++i) {
             const bool crosses = trace.points[i - 1].y < traced.yOf(9) && trace.points[i].y > traced.yOf(9);
-            if (crosses) EXPECT_THAT(trace.pieces, ::testing::Contains(i));
+            if (crosses) {
+                EXPECT_THAT(trace.pieces, ::testing::Contains(i));
+            }
         }
     }
 }
