@@ -2,6 +2,7 @@
 // scale. East and north are metres from the start of the run, whatever the unit of its depths.
 #pragma once
 
+#include "display/curve_scale.h"
 #include "display/log_data.h"
 #include "display/log_display.h"
 

@@ -136,7 +136,8 @@ void traceRows(CurveTrace& trace, const LogData& data, const CurveSamples& sampl
     Crossing above = crossing(0);
     for (std::size_t r = 0; r < index.rows(); ++r) {
         const Crossing below = crossing(r + 1);
-        const auto [first, last] = std::minmax(index.border(r), index.border(r + 1));
+        const std::size_t first = std::min(index.border(r), index.border(r + 1));
+        const std::size_t last = std::max(index.border(r), index.border(r + 1));
         const ValueRange range = samples.range(first, last);
         RowSpan span{index.firstRow() + static_cast<long>(r), ScaleMap::furthest, -ScaleMap::furthest};
         const auto reach = [&span](double fraction) {
@@ -173,7 +174,8 @@ RowIndex::RowIndex(const LogData& data, const DisplayView& view, const Band& ban
     const std::size_t to = stepAt(axis, ascending_ ? lower : upper, ascending_);
     // Judged on the whole log, so that a band is drawn as it would be within the whole picture.
     const double extent = std::abs(axis.back() - axis.front()) * unit * view.unitsPer() / view.rowHeight;
-    dense_ = !view.vectors && static_cast<double>(axis.size()) > densePerRow * std::max(1.0, extent);
+    dense_ = !view.vectors && !view.paper &&
+             static_cast<double>(axis.size()) > densePerRow * std::max(1.0, extent);
     // One step more on either side, and back to the anchor before it.
     first_ = from == 0 ? 0 : from - 1;
     first_ -= std::min(first_, (data.firstStep + first_) % anchorSteps);

@@ -19,7 +19,8 @@ struct HeadingField {
 struct LogHeading {
     std::string company;
     std::string hole;
-    std::string title;                ///< what is logged: "Gamma, Caliper, Density"
+    std::string title; ///< what is logged: "Gamma, Caliper, Density"
+    std::string scaleLabel = "Depth scale";
     std::string scale;                ///< "1:200"
     std::vector<HeadingField> fields; ///< three to a row
     static constexpr std::array<const char*, 6> calibrationColumns{"Channel",    "State", "Fit",

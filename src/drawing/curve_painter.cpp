@@ -172,7 +172,10 @@ void drawRows(const Strand& strand, const CurveTrace& trace, int n, double width
     QList<QRectF> rows;
     rows.reserve(static_cast<qsizetype>(trace.rows.size()));
     for (const RowSpan& span : trace.rows) {
-        if (span.to < n || span.from > n + 1 || !isOn(strand.curve, view, span.row)) continue;
+        if (span.to < n || span.from > n + 1) continue;
+        // A dash may hide a row of a steep line, never a thin bed.
+        const bool steep = (span.to - span.from) * strand.column.width < 3 * width;
+        if (steep && !isOn(strand.curve, view, span.row)) continue;
         const double from = strand.inside(span.from - n) - width / 2;
         const double to = strand.inside(span.to - n) + width / 2;
         rows.append(QRectF(from, static_cast<double>(span.row) * view.rowHeight, to - from, view.rowHeight));

@@ -88,6 +88,8 @@ void addDepthLines(GridLines& lines, const Canvas& canvas, DepthUnits units, con
     }
 }
 
+} // namespace
+
 void paintBorders(const Canvas& canvas, const Band& band) {
     QList<QLineF> borders;
     const auto add = [&](const Column& column) {
@@ -101,6 +103,8 @@ void paintBorders(const Canvas& canvas, const Band& band) {
     canvas.painter.setPen(line(canvas, canvas.display.scheme.frame, 0.2));
     canvas.painter.drawLines(borders);
 }
+
+namespace {
 
 struct NumberColumn {
     DepthUnits units = DepthUnits::metres;
@@ -147,6 +151,8 @@ void paintNumbers(const Canvas& canvas, const NumberColumn& column, const Band& 
     for (const Tick& tick : ticksOf(view, axis, band.top - margin, band.bottom + margin)) {
         if (view.axis == Axis::time && tick.position < 0) continue;
         const double y = crisp(view, view.yOf(tick.position * axis.unit));
+        const double half = canvas.mm(1.5);
+        if (view.paper && (y < band.top + half || y > band.bottom - half)) continue;
         if (tick.strength == TickStrength::fine) {
             const double length = std::min(canvas.mm(0.9), column.width / 12);
             canvas.painter.setPen(line(canvas, canvas.display.scheme.quietText, 0.12));

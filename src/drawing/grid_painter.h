@@ -9,6 +9,9 @@ namespace tarvik {
 /// Everything behind the curves, within the band; the painter's origin is the upper left corner of the body.
 void paintGrid(const Canvas& canvas, DepthUnits units, const Band& band);
 
+/// The sides of the tracks, of the body as of the heads.
+void paintBorders(const Canvas& canvas, const Band& band);
+
 /// Depth or time numbers, over the curves' level; numbers half in the band are drawn whole.
 void paintDepthTrack(const Canvas& canvas, const LogData& data, const Band& band);
 

@@ -1,5 +1,7 @@
 #include "drawing/head_painter.h"
 
+#include "drawing/grid_painter.h"
+
 #include <QFontMetricsF>
 #include <QLineF>
 
@@ -21,6 +23,14 @@ QString unitText(const LogCurve& curve, const LogData& data, const QFont& font, 
         }
     }
     return QStringLiteral("?");
+}
+
+QPen samplePen(const Canvas& canvas, const LogCurve& curve) {
+    QPen pen = curvePen(canvas, curve);
+    if (curve.style.line != LineKind::points) return pen;
+    pen.setCapStyle(Qt::RoundCap);
+    pen.setDashPattern({0.01, canvas.mm(1.6) / pen.widthF()});
+    return pen;
 }
 
 /// Upper edge of the slot; slots are filled from the body upwards, as on paper.
@@ -56,7 +66,7 @@ void paintCurveHead(const Canvas& canvas, const LogCurve& curve, const LogData& 
     const double middle = (from + to) / 2;
     painter.drawText(QRectF(middle - unitWidth / 2, row.top(), unitWidth, row.height()), Qt::AlignCenter,
                      unit);
-    painter.setPen(curvePen(canvas, curve));
+    painter.setPen(samplePen(canvas, curve));
     painter.drawLine(QLineF(from, line, middle - unitWidth / 2, line));
     painter.drawLine(QLineF(middle + unitWidth / 2, line, to, line));
 }
@@ -102,12 +112,11 @@ void paintTrackHeads(const Canvas& canvas, const LogData& data, double height) {
     }
     paintDepthHead(canvas, data, height);
     painter.setRenderHint(QPainter::Antialiasing, canvas.view.vectors);
-    painter.setPen(line(canvas, scheme.frame, 0.3));
+    paintBorders(canvas, {0, height});
     const double inset = canvas.view.vectors ? 0 : 0.5;
-    for (const Column& column : canvas.columns.tracks) {
-        painter.drawRect(QRectF(column.left + inset, inset, column.width - 2 * inset, height - 2 * inset));
-    }
-    painter.drawRect(QRectF(inset, inset, canvas.view.width - 2 * inset, height - 2 * inset));
+    painter.setPen(line(canvas, scheme.frame, 0.2));
+    painter.drawLine(QLineF(0, inset, canvas.view.width, inset));
+    painter.drawLine(QLineF(0, height - inset, canvas.view.width, height - inset));
 }
 
 } // namespace tarvik

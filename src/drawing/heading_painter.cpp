@@ -37,7 +37,7 @@ void paintTitle(const Canvas& canvas, const LogHeading& heading) {
     canvas.painter.drawLine(QLineF(width - box, 0, width - box, canvas.mm(headingTitle)));
     const QRectF right(width - box, 0, box, canvas.mm(headingTitle));
     write(canvas, right.adjusted(0, canvas.mm(2.5), 0, canvas.mm(-13)), Qt::AlignCenter, 2.5, false,
-          scheme.quietText, "Depth scale");
+          scheme.quietText, heading.scaleLabel);
     write(canvas, right.adjusted(0, canvas.mm(6), 0, canvas.mm(-3)), Qt::AlignCenter, 6.4, true, scheme.text,
           heading.scale);
     rule(canvas, canvas.mm(headingTitle), 0.3);

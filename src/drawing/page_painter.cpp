@@ -78,6 +78,7 @@ void PagePainter::paint(QPainter& painter, const LogSheet& sheet, const PagePlan
     DisplayView view = sheet.view;
     view.unitsPerMillimetre = unitsPerMillimetre;
     view.vectors = vectors;
+    view.paper = true;
     view.rowHeight = vectors ? std::max(1.0, view.millimetres(0.05)) : 1;
     view.width = view.millimetres(plan.contentWidth());
     view.top = page.top;

@@ -16,7 +16,9 @@ void writePlan(const LogSheet& sheet, const PlotTarget& target) {
                               ? target.paper.height
                               : 2 * margin + heading + width * 0.82;
     LogSheet words = sheet;
-    words.heading.scale = "Plan";
+    words.heading.title = "Plan view, north up";
+    words.heading.scaleLabel = "Rings every";
+    words.heading.scale = scaleEndText(plan.ringStep) + " m";
     writePicture(
         target.file, {target.paper.width, height, 1, target.dotsPerInch}, sheet.heading.hole + " plan",
         [&](QPainter& painter, std::size_t, double unitsPerMillimetre, bool vectors) {

@@ -10,15 +10,19 @@
 #include <QGuiApplication>
 
 #include <iostream>
+#include <optional>
 
 namespace tarvik {
 
 namespace {
 
-/// Pictures need the toolkit's fonts and image formats, but no display.
+/// Pictures need the toolkit's fonts and image formats, but no display. Where it runs already there is
+/// nothing to do.
 class Toolkit {
   public:
-    Toolkit() : application_(prepared(count_), words_) {}
+    Toolkit() {
+        if (QCoreApplication::instance() == nullptr) application_.emplace(prepared(count_), words_);
+    }
 
   private:
     static int& prepared(int& count) {
@@ -33,7 +37,7 @@ class Toolkit {
     int count_ = 1;
     char name_[7] = "tarvik";
     char* words_[2] = {name_, nullptr};
-    QGuiApplication application_;
+    std::optional<QGuiApplication> application_;
 };
 
 int runPlot(const Arguments& arguments) {
