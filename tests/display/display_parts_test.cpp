@@ -100,11 +100,12 @@ TEST(LiveLogs, KeepTheLatestPointsInOnePieceAndTellWhatIsNew) {
     live.begin(header);
     AcquisitionRing ring;
     CurrentScan scan;
+    const auto add = [&](double seconds) { ring.add({scan.depth, seconds, scan.calibrated}); };
     EXPECT_FALSE(live.changed(Axis::depth));
     for (int i = 0; i < 7000; ++i) {
         scan.depth = static_cast<float>(i) * 0.5F;
         scan.calibrated[1] = static_cast<float>(i);
-        ring.add(scan, i);
+        add(i);
         if (i % 3 != 0) continue;
         live.follow(ring);
         const LogData data = live.data();
@@ -117,10 +118,10 @@ TEST(LiveLogs, KeepTheLatestPointsInOnePieceAndTellWhatIsNew) {
     EXPECT_EQ(changed->top, 6996) << "from the last point that was there before";
     EXPECT_EQ(changed->bottom, 6999);
     EXPECT_EQ(live.data().find("Speed")->values.back(), 30);
-    for (int i = 0; i < 5000; ++i) ring.add(scan, i); // more than it holds between two looks
+    for (int i = 0; i < 5000; ++i) add(i); // more than it holds between two looks
     EXPECT_EQ(live.follow(ring), 2000U);
     ring.clear();
-    ring.add(scan, 1);
+    add(1);
     EXPECT_EQ(live.follow(ring), 1U);
     EXPECT_EQ(live.steps(), 1U);
 }
