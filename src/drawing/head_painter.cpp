@@ -16,11 +16,12 @@ constexpr double endLetters = 2.4;
 /// there is room.
 QString unitText(const LogCurve& curve, const LogData& data, const QFont& font, double room) {
     if (data.find(curve.channel) == nullptr) return fitted(font, QStringLiteral("not in this log"), room);
-    if (curve.calibrated) return fitted(font, qText(curve.unit), room);
-    for (const char* text : {"counts, not calibrated", "not calibrated", "not cal."}) {
-        if (QFontMetricsF(font).horizontalAdvance(QString::fromLatin1(text)) <= room) {
-            return QString::fromLatin1(text);
-        }
+    const bool smoothed = curve.filter != "None" && curve.style.line != LineKind::points;
+    const std::string filter = smoothed ? ", mean of " + curve.filter : "";
+    if (curve.calibrated) return fitted(font, qText(curve.unit + filter), room);
+    for (const std::string& text : {"counts, not calibrated" + filter, "not calibrated" + filter,
+                                    std::string("not calibrated"), std::string("not cal.")}) {
+        if (QFontMetricsF(font).horizontalAdvance(qText(text)) <= room) return qText(text);
     }
     return QStringLiteral("?");
 }
