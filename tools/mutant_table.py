@@ -181,7 +181,7 @@ MUTANTS = [
 
     # ---- log display
     Mutant("a dense row shows its borders only", "display_tests", "src/display/curve_trace.cpp",
-           "samples.range(first, last)", "samples.range(first, first)"),
+           "samples.range(first, last)", "samples.range(std::max(first, last), last)"),
     Mutant("a gap is drawn over", "display_tests", "src/display/curve_trace.cpp",
            "            lines.cut();\n            continue;", "            continue;"),
     Mutant("pages are laid end to end", "display_tests", "src/display/page_plan.cpp",
@@ -194,6 +194,6 @@ MUTANTS = [
            "        if (point.*coordinate > most) return at(most);\n", ""),
     Mutant("a live picture keeps what it had", "drawing_tests", "src/drawing/live_picture.cpp",
            "    if (changed) {", "    if (changed && changed->top < 0) {"),
-    Mutant("paper is a percent too long", "drawing_tests", "src/display/display_view.h",
-           "return unitsPerMillimetre / perMillimetre;", "return 1.01 * unitsPerMillimetre / perMillimetre;"),
+    Mutant("paper is a percent too long", "drawing_tests", "src/drawing/page_painter.cpp",
+           "view.unitsPerMillimetre = unitsPerMillimetre;", "view.unitsPerMillimetre = unitsPerMillimetre * 1.01;"),
 ]
