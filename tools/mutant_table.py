@@ -236,4 +236,22 @@ MUTANTS = [
     Mutant("the way goes on under another calibration", "lcu_tests", "src/lcu/earlier_run.cpp",
            "if (!samePolynomial(before, current.channels[channel].calibration)) return std::nullopt;",
            "if (current.channels.empty()) return std::nullopt;"),
+
+    # ---- log display
+    Mutant("a dense row shows its borders only", "display_tests", "src/display/curve_trace.cpp",
+           "samples.range(first, last)", "samples.range(std::max(first, last), last)"),
+    Mutant("a gap is drawn over", "display_tests", "src/display/curve_trace.cpp",
+           "            lines.cut();\n            continue;", "            continue;"),
+    Mutant("pages are laid end to end", "display_tests", "src/display/page_plan.cpp",
+           "            done_ -= pageOverlap;\n", ""),
+    Mutant("the live log keeps its oldest points", "display_tests", "src/display/live_log.cpp",
+           "        ++start_;\n", ""),
+    Mutant("a resistivity keeps a scale from nothing", "display_tests", "src/display/default_display.cpp",
+           "scale.right / 1000.0", "scale.right / 10.0"),
+    Mutant("curves leave their tracks in a drawing", "drawing_tests", "src/drawing/curve_painter.cpp",
+           "        if (point.*coordinate > most) return at(most);\n", ""),
+    Mutant("a live picture keeps what it had", "drawing_tests", "src/drawing/live_picture.cpp",
+           "    if (changed) {", "    if (changed && changed->top < 0) {"),
+    Mutant("paper is a percent too long", "drawing_tests", "src/drawing/page_painter.cpp",
+           "view.unitsPerMillimetre = unitsPerMillimetre;", "view.unitsPerMillimetre = unitsPerMillimetre * 1.01;"),
 ]

@@ -36,7 +36,8 @@ struct GaugeCanvas {
         return gauge.offScale() ? scheme.ink(Ink::vermilion) : scheme.ink(Ink::blue);
     }
     [[nodiscard]] QString unit() const {
-        return gauge.calibrated ? qText(gauge.unit) : QStringLiteral("counts, not calibrated");
+        if (gauge.offScale()) return QStringLiteral("off scale");
+        return gauge.calibrated ? qText(gauge.unit) : QStringLiteral("not calibrated");
     }
 };
 

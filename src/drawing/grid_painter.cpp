@@ -209,7 +209,9 @@ void paintMarks(const Canvas& canvas, const Band& band) {
         const QString text = fitted(font, qText(mark.text), canvas.columns.tracks.front().width);
         const QRectF box(canvas.columns.tracks.front().left + canvas.mm(1), y - canvas.mm(3.6),
                          QFontMetricsF(font).horizontalAdvance(text) + canvas.mm(1), canvas.mm(3.4));
-        canvas.painter.fillRect(box, qColour(canvas.display.scheme.surface));
+        QColor ground = qColour(canvas.display.scheme.surface);
+        ground.setAlpha(200); // the curve behind it stays to be seen
+        canvas.painter.fillRect(box, ground);
         canvas.painter.drawText(box, Qt::AlignVCenter | Qt::AlignLeft, text);
     }
 }

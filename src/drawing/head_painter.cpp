@@ -16,11 +16,12 @@ constexpr double endLetters = 2.4;
 /// there is room.
 QString unitText(const LogCurve& curve, const LogData& data, const QFont& font, double room) {
     if (data.find(curve.channel) == nullptr) return fitted(font, QStringLiteral("not in this log"), room);
-    if (curve.calibrated) return fitted(font, qText(curve.unit), room);
-    for (const char* text : {"counts, not calibrated", "not calibrated", "not cal."}) {
-        if (QFontMetricsF(font).horizontalAdvance(QString::fromLatin1(text)) <= room) {
-            return QString::fromLatin1(text);
-        }
+    const bool smoothed = curve.filter != "None" && curve.style.line != LineKind::points;
+    const std::string filter = smoothed ? ", mean of " + curve.filter : "";
+    if (curve.calibrated) return fitted(font, qText(curve.unit + filter), room);
+    for (const std::string& text : {"counts, not calibrated" + filter, "not calibrated" + filter,
+                                    std::string("not calibrated"), std::string("not cal.")}) {
+        if (QFontMetricsF(font).horizontalAdvance(qText(text)) <= room) return qText(text);
     }
     return QStringLiteral("?");
 }
@@ -73,19 +74,25 @@ void paintCurveHead(const Canvas& canvas, const LogCurve& curve, const LogData& 
 
 void paintDepthHead(const Canvas& canvas, const LogData& data, double height) {
     const Column& column = canvas.columns.depth;
-    const DepthNumbers numbers = canvas.display.depthTrack.numbers;
-    QString unit = data.units == DepthUnits::metres ? QStringLiteral("metres") : QStringLiteral("feet");
-    if (numbers == DepthNumbers::metres) unit = QStringLiteral("metres");
-    if (numbers == DepthNumbers::feet) unit = QStringLiteral("feet");
-    if (numbers == DepthNumbers::both) unit = QStringLiteral("m       ft");
     const bool time = canvas.view.axis == Axis::time;
     canvas.painter.setPen(qColour(canvas.display.scheme.text));
     canvas.painter.setFont(letters(canvas, nameLetters, true));
     canvas.painter.drawText(QRectF(column.left, height - canvas.mm(headSlot + 1), column.width, canvas.mm(4)),
                             Qt::AlignCenter, time ? QStringLiteral("Time") : QStringLiteral("Depth"));
     canvas.painter.setFont(letters(canvas, endLetters));
-    canvas.painter.drawText(QRectF(column.left, height - canvas.mm(5), column.width, canvas.mm(4)),
-                            Qt::AlignCenter, time ? QStringLiteral("min:s") : unit);
+    const auto unit = [&](double left, double width, const char* text) {
+        canvas.painter.drawText(QRectF(left, height - canvas.mm(5), width, canvas.mm(4)), Qt::AlignCenter,
+                                QString::fromLatin1(text));
+    };
+    const DepthNumbers numbers = canvas.display.depthTrack.numbers;
+    if (time) {
+        unit(column.left, column.width, "min:s");
+    } else if (numbers == DepthNumbers::both) {
+        unit(column.left, column.width / 2, "m");
+        unit(column.left + column.width / 2, column.width / 2, "ft");
+    } else {
+        unit(column.left, column.width, numbers == DepthNumbers::metres ? "metres" : "feet");
+    }
     const ChannelData* speed = data.find(speedCurve);
     if (speed == nullptr || !canvas.display.depthTrack.speedBar || height < canvas.mm(2 * headSlot)) return;
     canvas.painter.setFont(letters(canvas, 2));

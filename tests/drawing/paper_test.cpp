@@ -39,6 +39,7 @@ std::vector<std::string> pagesOf(const std::string& pdf) {
         const std::size_t start = pdf.find('\n', at + 1) == at + 7 ? at + 8 : at + 7;
         const std::size_t end = pdf.find("endstream", start);
         if (end == std::string::npos) break;
+        if (pdf[start] != 'x') continue; // not packed
         QByteArray packed("\0\0\x10\0", 4);
         packed.append(pdf.data() + start, static_cast<qsizetype>(end - start));
         const QByteArray page = qUncompress(packed);
