@@ -55,8 +55,8 @@ QWidget* SetupSampling::buildEquipment() {
         connect(list, &QComboBox::activated, this, [this] { loadCurrent(); });
     auto* const row = new QGridLayout;
     row->setHorizontalSpacing(measure::wide);
-    row->addWidget(new Field("Tool", tool_), 0, 0);
-    row->addWidget(new Field("Winch", winch_), 0, 1);
+    row->addWidget(new Field("To&ol", tool_), 0, 0);
+    row->addWidget(new Field("Winc&h", winch_), 0, 1);
     row->setColumnStretch(0, 1);
     row->setColumnStretch(1, 1);
     card->body()->addLayout(row);
@@ -67,7 +67,7 @@ QWidget* SetupSampling::buildEquipment() {
 QWidget* SetupSampling::buildSampling() {
     auto* const card = new Card("Sampling");
     method_ = addOptions(*card->body(), "Sample by", {{"opttime", "&Time"}, {"optdepth", "D&epth"}});
-    interval_ = numberField("txtsamplinginterval", "Sampling interval", "seconds", {});
+    interval_ = numberField("txtsamplinginterval", "Sampling inter&val", "seconds", {});
     interval_->setCheck(
         [this] { return qt(intervalProblem(sampling(), plain(editOf(*interval_)->text()))); });
     card->body()->addWidget(interval_);
@@ -135,8 +135,12 @@ void SetupSampling::load() {
     showUnits();
 }
 
+/// Who owns but one tool means that one.
 void SetupSampling::reloadEquipment() {
     fillLists(choiceIn(*tool_), choiceIn(*winch_));
+    for (QComboBox* const list : {tool_, winch_}) {
+        if (list->currentIndex() == 0 && list->count() == 2) list->setCurrentIndex(1);
+    }
 }
 
 void SetupSampling::fillLists(const EquipmentChoice& tool, const EquipmentChoice& winch) {
