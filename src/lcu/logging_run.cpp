@@ -5,6 +5,7 @@
 #include "lcu/earlier_run.h"
 #include "lcu/run_header_builder.h"
 #include "lcu/run_keeping.h"
+#include "lcu/run_ownership.h"
 #include "lcu/run_preparation.h"
 #include "lcu/scan_loop.h"
 #include "lcu/start_checks.h"
@@ -19,19 +20,6 @@ namespace {
 constexpr std::string_view notSavedNote = "NOTE : Data NOT saved to file";
 constexpr std::string_view routine = "LCUFunctions-LCU_AcquireData_Pulse";
 constexpr std::array toolButtons{&bullseyeButton, &gaugesButton};
-
-/// While it lives the LCU belongs to the run: no box waits for the operator, the program does not end.
-class Owning {
-  public:
-    explicit Owning(RunModules& modules) : modules_(modules) { set(true); }
-    ~Owning() { set(false); }
-    Owning(const Owning&) = delete;
-    Owning& operator=(const Owning&) = delete;
-
-  private:
-    void set(bool owned) { modules_.link.acquiring = modules_.state.logging = owned; }
-    RunModules& modules_;
-};
 
 } // namespace
 
@@ -62,7 +50,7 @@ RunResult LoggingRun::LCU_AcquireData_Pulse(const RunOrder& order) {
         if (!chooseFile(order)) return RunResult::notStarted;
         logHead(order);
         level = 2; // the box is ours from here on
-        const Owning owning(modules_);
+        const RunOwnership owning(modules_.link, modules_.state);
         const bool streamed = modules_.errors.run(routine, false, [&](Level&) { return prepareAndStream(); });
         level = 3; // closing, whatever happened
         const bool allWritten = close(order);
