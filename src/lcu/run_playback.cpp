@@ -106,8 +106,7 @@ void RunPlayback::play() {
     seconds_ = metresPerMinute_ = 0;
     view.runStarted(run_.header, {}); // no file is being written
     view.winchPrompt({}, {});
-    view.keepingState(KeepingState::notRecording,
-                      "demonstration: a run on file is played, nothing is written");
+    view.keepingState(KeepingState::notRecording, playbackNote);
     time_.start();
     run_.startTick = modules_.clock.tickMs();
     const auto stopped = [&] { return !modules_.state.logging || view.stopRequested(); };

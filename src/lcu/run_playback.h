@@ -12,6 +12,7 @@
 #include "lcu/run_context.h"
 
 #include <functional>
+#include <string_view>
 
 namespace tarvik {
 
@@ -72,6 +73,9 @@ class RunPlayback {
     double metresPerMinute_ = 0;
     std::int64_t shownProgressTick_ = 0;
 };
+
+/// What is said instead of a recording state.
+inline constexpr std::string_view playbackNote = "demonstration: a run on file is played, nothing is written";
 
 /// The i-th scan of a run in the order of logging, in metres. Channel values under their calibrations alone
 /// are on file; `channels` and `rawData` stay 0.

@@ -84,6 +84,11 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
                                    .stop = [this] { acquisition_->stop(); },
                                    .setDepth = [this](double metres) { acquisition_->setDepth(metres); },
                                    .chooseEquipment = [this] { openScreen("frmEquipment"); }},
+                           .demo = {.start = [this] { demonstration_->start(); },
+                                    .pauseOrGoOn = [this] { demonstration_->pauseOrGoOn(); },
+                                    .stop = [this] { demonstration_->stop(); },
+                                    .chooseRun = [this] { openScreen("frmDemo"); },
+                                    .setPace = [this](PlaybackPace pace) { demonstration_->setPace(pace); }},
                            .review = {.open = [this] { toolClick("MB-Open"); },
                                       .details = [this] { openScreen("frmDetails"); },
                                       .exportLas = [this] { openScreen("frmLASexport"); },
@@ -91,8 +96,9 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
         program_.files);
     screen->bars().whenScaleChosen([&picture = screen->picture()](double scale) { picture.setScale(scale); });
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
+    demonstration_ = std::make_unique<Demonstration>(program_, *screen, gate_, runViewParts());
     review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
-    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, events_);
+    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *demonstration_, events_);
     operator_.setReports(
         {.error = [this](const ErrorReport& error, std::string_view dateTime,
                          std::string_view file) { screens_->showError(error, dateTime, file); },
@@ -124,7 +130,9 @@ void Desktop::connectHooks() {
     FrameHooks& hooks = program_.hooks;
     hooks.openScreen = [this](const ScreenRequest& request) {
         screens_->open(request);
-        if (window_.screen() != nullptr) acquisition_->show();
+        if (window_.screen() == nullptr) return;
+        acquisition_->show();
+        demonstration_->show();
     };
     hooks.searchForLcu = [this, search = hooks.searchForLcu] { return searchForLcu(search); };
     hooks.endProcess = [this] { endProcess(); };
@@ -153,6 +161,11 @@ void Desktop::modeShown() {
     if (mode == programMode::review) operator_.linkPanel(""); // the port is closed from here on
     if (mode == programMode::review && review_) review_->show();
     if (acquisition_) acquisition_->show();
+    if (demonstration_) demonstration_->show();
+}
+
+const RunState* Desktop::runShown() const {
+    return program_.state.mode == programMode::demo ? demonstration_->run() : acquisition_->run();
 }
 
 void Desktop::showAcquire() {
@@ -174,6 +187,7 @@ void Desktop::showDemo() {
 
 void Desktop::closeRequested() {
     if (acquisition_->running()) return offerToStop();
+    if (demonstration_->running()) return stopDemonstrationAndClose();
     toolClick("MB-Exit");
 }
 
@@ -194,6 +208,12 @@ void Desktop::offerToStop() {
         acquisition_->stop();
     });
     box->open();
+}
+
+/// Nothing is lost by stopping it: no question is worth it.
+void Desktop::stopDemonstrationAndClose() {
+    demonstration_->whenEnded([this] { QTimer::singleShot(0, [this] { closeRequested(); }); });
+    demonstration_->stop();
 }
 
 void Desktop::endProcess() {
