@@ -31,6 +31,11 @@ LivePage livePage(std::string_view toolCode, std::string_view caption) {
     return LivePage::logs;
 }
 
+std::string_view firstCaption(std::string_view toolCode) {
+    const ToolButton* const button = toolRule(toolCode).button;
+    return button == nullptr ? std::string_view() : button->caption;
+}
+
 std::span<const std::string_view> liveFilters() {
     static constexpr std::array<std::string_view, 7> filters{"None", "3", "5", "7", "9", "15", "25"};
     return filters;

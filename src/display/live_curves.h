@@ -21,6 +21,9 @@ enum class LivePage { logs, gauges, plan };
 /// "Magnetics" and "Deviation" of the deviation tool. Any other tool shows its logs.
 [[nodiscard]] LivePage livePage(std::string_view toolCode, std::string_view caption);
 
+/// What the button of the tool says when a run starts; nothing for a tool without one.
+[[nodiscard]] std::string_view firstCaption(std::string_view toolCode);
+
 /// The filters that the live display offers: "None" and windows of that many points.
 [[nodiscard]] std::span<const std::string_view> liveFilters();
 

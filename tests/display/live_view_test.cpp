@@ -118,6 +118,9 @@ TEST(LivePages, FollowTheButtonOfTheTool) {
           Case{"K215", "Gauges", LivePage::logs}, Case{"K215", "Bullseye", LivePage::logs}}) {
         EXPECT_EQ(livePage(each.tool, each.caption), each.page) << each.tool << ' ' << each.caption;
     }
+    EXPECT_EQ(livePage("K417", firstCaption("K417")), LivePage::plan);
+    EXPECT_EQ(livePage("K306", firstCaption("K306")), LivePage::gauges);
+    EXPECT_EQ(firstCaption("K215"), "");
 }
 
 TEST(LiveCurvesOfARun, KeepFiltersByChannelAndTellTheScalesThatHaveChanged) {
