@@ -63,6 +63,9 @@ void LoggingRun::showToolButtons() {
     for (const ToolButton* button : toolButtons) {
         modules_.view.toolButton(button->key, button->caption, rule.button == button);
     }
+    // What the buttons say now is what the displays show, whatever an earlier run ended with.
+    modules_.state.deviationDisplay = bullseyeButton.caption;
+    modules_.state.fluidDisplay = gaugesButton.caption;
 }
 
 /// The latest run continued or the next one: false when the operator cancels or appending is refused.

@@ -87,7 +87,10 @@ std::optional<RunOrder> Acquisition::order() {
     const auto limits = panel().limits();
     if (!limits) return std::nullopt;
     try {
-        return runOrderFrom(program_.settings, program_.places, *limits);
+        RunOrder ordered = runOrderFrom(program_.settings, program_.places, *limits);
+        if (ordered.setup.sampling == Sampling::depth) // the time plot has no log scale
+            ordered.screenScale = plain(screen_.bars().scales().currentText());
+        return ordered;
     } catch (const BadOrder& bad) {
         program_.frame.operatorSide.message("Tarvik", bad.what(), Icon::exclamation);
         return std::nullopt;

@@ -1,5 +1,6 @@
 #include "screens/desktop.h"
 
+#include "display/tool_scales.h"
 #include "screens/qt_text.h"
 #include "screens/screen_display.h"
 
@@ -12,6 +13,10 @@ namespace tarvik {
 namespace {
 
 constexpr int mainTimerMs = 1000;
+
+bool isDisplayToggle(std::string_view key) {
+    return key == "MB-Bullseye" || key == "MB-Fluid" || key == "MB-Sonic";
+}
 
 } // namespace
 
@@ -67,7 +72,12 @@ IntroWindowParts Desktop::windowParts() {
             .loadNotes = [this] { loadNotes(); }};
 }
 
+/// What only changes the picture of a run is no exchange: it may come at any time.
 void Desktop::toolClick(std::string_view key) {
+    if (isDisplayToggle(key)) {
+        program_.commands.toolClick(key);
+        return;
+    }
     gate_.pass([this, key] { program_.commands.toolClick(key); });
 }
 
@@ -94,7 +104,7 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
                                       .exportLas = [this] { openScreen("frmLASexport"); },
                                       .calibrations = [this] { openScreen("frmCalibrations"); }}},
         program_.files);
-    screen->bars().whenScaleChosen([&picture = screen->picture()](double scale) { picture.setScale(scale); });
+    connectScales(*screen);
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
     demonstration_ = std::make_unique<Demonstration>(program_, *screen, gate_, runViewParts());
     review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
@@ -116,12 +126,34 @@ RunViewParts Desktop::runViewParts() {
         .currentLimit = [this] { return program_.equipment.currentTool().record.get(tool::maximumCurrent); },
         .started =
             [this](const RunHeader& header) {
-                screen().live().setRun(header);
+                screen().live().begin(header);
                 screen().logs().showPage(&screen().live());
                 screen().side().showLink(program_.link);
             },
-        .shown = [this](const CurrentScan& scan) { screen().live().showScan(scan); },
-        .ended = [this] { loadNotes(); }};
+        .shown = [this] { screen().live().follow(acquisition_->run()->ring); },
+        .stopping = [this] { screen().live().show({}); },
+        .ended = [this] { runEnded(); }};
+}
+
+/// The plot of the whole run stays; what the operator has set in it belongs to the tool.
+void Desktop::runEnded() {
+    screen().live().follow(acquisition_->run()->ring);
+    screen().live().show({});
+    for (const LogCurve& curve : screen().live().rescaled()) keepToolScale(program_.equipment, curve);
+    loadNotes();
+}
+
+/// One scale for all logs, wherever it is chosen.
+void Desktop::connectScales(IntroScreen& screen) {
+    const auto apply = [&screen](double scale) {
+        screen.picture().setScale(scale);
+        screen.live().setScale(scale);
+    };
+    screen.bars().whenScaleChosen(apply);
+    screen.live().whenScaleChosen([&screen, apply](double scale) {
+        screen.bars().showScale(scale);
+        apply(scale);
+    });
 }
 
 // ---- What the frame calls.

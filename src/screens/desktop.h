@@ -40,6 +40,8 @@ class Desktop {
     [[nodiscard]] Shell shell();
     [[nodiscard]] std::unique_ptr<IntroScreen> makeScreen();
     [[nodiscard]] RunViewParts runViewParts();
+    static void connectScales(IntroScreen& screen);
+    void runEnded();
     void connectHooks();
     /// What the operator asks for; the keys and names have static storage.
     void toolClick(std::string_view key);

@@ -20,7 +20,7 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
       review_(new QTabWidget),
       picture_(new LogPicture),
       values_(new ValueTable),
-      live_(new LiveValues),
+      live_(new LiveDisplay),
       notes_(new NotesPanel(files)) {
     setObjectName("IntroScreen");
     setWindowTitle("Tarvik");
