@@ -9,9 +9,8 @@
 #include "lcu/run_preparation.h"
 #include "lcu/scan_loop.h"
 #include "lcu/start_checks.h"
+#include "lcu/tool_buttons.h"
 #include "lcu/tool_rules.h"
-
-#include <array>
 
 namespace tarvik {
 
@@ -19,7 +18,6 @@ namespace {
 
 constexpr std::string_view notSavedNote = "NOTE : Data NOT saved to file";
 constexpr std::string_view routine = "LCUFunctions-LCU_AcquireData_Pulse";
-constexpr std::array toolButtons{&bullseyeButton, &gaugesButton};
 
 } // namespace
 
@@ -45,7 +43,7 @@ RunResult LoggingRun::LCU_AcquireData_Pulse(const RunOrder& order) {
         run_.header = buildRunHeader(order, modules_.equipment.currentTool(),
                                      modules_.equipment.currentWinch(), modules_.clock.now());
         run_.header.setup.winchDepthFactor *= modules_.link.modelFactor;
-        showToolButtons();
+        showToolButtons(modules_.view, modules_.state, run_.header.tool.code);
         level = 1; // choosing the file
         if (!chooseFile(order)) return RunResult::notStarted;
         logHead(order);
@@ -56,16 +54,6 @@ RunResult LoggingRun::LCU_AcquireData_Pulse(const RunOrder& order) {
         const bool allWritten = close(order);
         return streamed && allWritten ? RunResult::finished : RunResult::failed;
     });
-}
-
-void LoggingRun::showToolButtons() {
-    const ToolRule& rule = toolRule(run_.header.tool.code);
-    for (const ToolButton* button : toolButtons) {
-        modules_.view.toolButton(button->key, button->caption, rule.button == button);
-    }
-    // What the buttons say now is what the displays show, whatever an earlier run ended with.
-    modules_.state.deviationDisplay = bullseyeButton.caption;
-    modules_.state.fluidDisplay = gaugesButton.caption;
 }
 
 /// The latest run continued or the next one: false when the operator cancels or appending is refused.

@@ -3,10 +3,10 @@
 #include "base/number_picture.h"
 #include "files/las_reader.h"
 #include "lcu/run_ownership.h"
+#include "lcu/tool_buttons.h"
 #include "lcu/tool_rules.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <utility>
 
@@ -16,7 +16,6 @@ namespace {
 
 constexpr double countsPerSecond = 1e4;
 constexpr std::int64_t progressEveryMs = 500;
-constexpr std::array toolButtons{&bullseyeButton, &gaugesButton};
 
 std::int32_t counts(double seconds) {
     return static_cast<std::int32_t>(std::lround(seconds * countsPerSecond));
@@ -101,8 +100,7 @@ void RunPlayback::logHead() const {
 void RunPlayback::play() {
     RunView& view = modules_.view;
     logHead();
-    for (const ToolButton* button : toolButtons)
-        view.toolButton(button->key, button->caption, toolRule(run_.header.tool.code).button == button);
+    showToolButtons(view, modules_.state, run_.header.tool.code);
     seconds_ = metresPerMinute_ = 0;
     view.runStarted(run_.header, {}); // no file is being written
     view.winchPrompt({}, {});

@@ -62,9 +62,9 @@ void Demonstration::showPosition() {
 RunViewParts Demonstration::demoParts() {
     RunViewParts parts = parts_;
     parts.currentLimit = [] { return 0; };
-    parts.shown = [this](const CurrentScan& scan) {
+    parts.shown = [this] {
         showPosition();
-        parts_.shown(scan);
+        parts_.shown();
     };
     return parts;
 }

@@ -130,15 +130,17 @@ RunViewParts Desktop::runViewParts() {
                 screen().logs().showPage(&screen().live());
                 screen().side().showLink(program_.link);
             },
-        .shown = [this] { screen().live().follow(acquisition_->run()->ring); },
+        .shown = [this] { screen().live().follow(runShown()->ring); },
         .stopping = [this] { screen().live().show({}); },
         .ended = [this] { runEnded(); }};
 }
 
-/// The plot of the whole run stays; what the operator has set in it belongs to the tool.
+/// The plot of the whole run stays; what the operator has set in it belongs to the tool. A run that was only
+/// played may be of another tool.
 void Desktop::runEnded() {
-    screen().live().follow(acquisition_->run()->ring);
+    screen().live().follow(runShown()->ring);
     screen().live().show({});
+    if (program_.state.mode == programMode::demo) return;
     for (const LogCurve& curve : screen().live().rescaled()) keepToolScale(program_.equipment, curve);
     loadNotes();
 }

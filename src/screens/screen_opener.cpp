@@ -97,7 +97,9 @@ void ScreenOpener::openNoLcuFound(const ScreenRequest&) {
                                .setUpPorts =
                                    [this] {
                                        openSetup({"frmSetup", 5});
-                                   }};
+                                   },
+                               .report = [this] { return program_.search.report(); },
+                               .cancelled = [this] { return program_.search.cancelled(); }};
     frmNoLCUFound(program_.options.searchedPorts.value_or(program_.settings.lcuComms),
                   program_.settings.searchAutomatically, actions, memory_, &parent_)
         .exec();

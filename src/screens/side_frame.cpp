@@ -89,6 +89,11 @@ void SideFrame::showLink(const LinkState& link) {
         return setLamp(*powerLamp_, false, "No tool power");
     }
     const LcuModel* const model = modelNamed(link.model);
+    if (model != nullptr && link.lost) {
+        setRole(*boxLamp_, "bad");
+        boxLamp_->setText(QString::fromUtf8("\u2716 ") + qt(link.model) + " lost");
+        return setLamp(*powerLamp_, false, "Tool power unknown");
+    }
     const bool well = model != nullptr && link.status == model->healthyStatus;
     setLamp(*boxLamp_, well, model == nullptr ? "No LCU" : qt(link.model) + (well ? " ready" : " not ready"));
     setLamp(*powerLamp_, link.toolPower, link.toolPower ? "Tool power on" : "Tool power off");
