@@ -14,13 +14,13 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     : actions_(std::move(actions)),
       bars_(*this, actions_.toolClick),
       status_(*statusBar(), actions_.cancelSearch),
-      side_(new SideFrame(actions_.run, actions_.review)),
+      side_(new SideFrame(actions_.run, actions_.demo, actions_.review)),
       notices_(new NoticeStrip),
       logs_(new LogArea),
       review_(new QTabWidget),
       picture_(new LogPicture),
       values_(new ValueTable),
-      live_(new LiveValues),
+      live_(new LiveDisplay),
       notes_(new NotesPanel(files)) {
     setObjectName("IntroScreen");
     setWindowTitle("Tarvik");

@@ -7,6 +7,7 @@
 #include "screens/frm_about.h"
 #include "screens/frm_calibrations.h"
 #include "screens/frm_data_file_exists.h"
+#include "screens/frm_demo.h"
 #include "screens/frm_details.h"
 #include "screens/frm_deviation.h"
 #include "screens/frm_diagnostics.h"
@@ -19,6 +20,8 @@
 #include "screens/frm_setup.h"
 #include "screens/not_built.h"
 #include "screens/qt_text.h"
+
+#include <QTimer>
 
 #include <algorithm>
 #include <array>
@@ -42,6 +45,7 @@ std::span<const ScreenOpener::Screen> ScreenOpener::screens() {
         Screen{"frmReadme", &Opener::openReadme},
         Screen{"help", &Opener::openHelp},
         Screen{"frmDiagnostics", &Opener::openDiagnostics},
+        Screen{"frmDemo", &Opener::openDemo},
         Screen{"frmEquipment", &Opener::openEquipment},
         Screen{"frmDeviation", &Opener::openDeviation},
         Screen{"frmCalibrations", &Opener::openCalibrations},
@@ -93,7 +97,9 @@ void ScreenOpener::openNoLcuFound(const ScreenRequest&) {
                                .setUpPorts =
                                    [this] {
                                        openSetup({"frmSetup", 5});
-                                   }};
+                                   },
+                               .report = [this] { return program_.search.report(); },
+                               .cancelled = [this] { return program_.search.cancelled(); }};
     frmNoLCUFound(program_.options.searchedPorts.value_or(program_.settings.lcuComms),
                   program_.settings.searchAutomatically, actions, memory_, &parent_)
         .exec();
@@ -173,6 +179,15 @@ void ScreenOpener::openLasExport(const ScreenRequest&) {
 
 void ScreenOpener::openDiagnostics(const ScreenRequest&) {
     frmDiagnostics(diagnosticsModules(program_), program_.tap, program_.files, memory_, &parent_).exec();
+}
+
+/// The playback outlasts whatever opened the screen.
+void ScreenOpener::openDemo(const ScreenRequest&) {
+    const Path folder = projectFolder(program_.frame);
+    frmDemo screen(program_.files, folder, anyRunFile(folder), demonstration_.choice(), memory_, &parent_);
+    if (screen.exec() != QDialog::Accepted) return;
+    demonstration_.choose(screen.choice());
+    QTimer::singleShot(0, [this] { demonstration_.start(); });
 }
 
 RunChoice ScreenOpener::chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) {
