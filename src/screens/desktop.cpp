@@ -125,14 +125,14 @@ RunViewParts Desktop::runViewParts() {
                 screen().side().showLink(program_.link);
             },
         .shown = [this] { screen().live().follow(acquisition_->run()->ring); },
-        .stopping = [this] { screen().live().show({}); },
+        .stopping = [this] { screen().live().showDisplay({}); },
         .ended = [this] { runEnded(); }};
 }
 
 /// The plot of the whole run stays; what the operator has set in it belongs to the tool.
 void Desktop::runEnded() {
     screen().live().follow(acquisition_->run()->ring);
-    screen().live().show({});
+    screen().live().showDisplay({});
     for (const LogCurve& curve : screen().live().rescaled()) keepToolScale(program_.equipment, curve);
     loadNotes();
 }
