@@ -98,6 +98,7 @@ QWidget* LiveDisplay::makeBar() {
     row->addWidget(time_);
     row->addSpacing(measure::gap);
     row->addWidget(scales_);
+    row->addSpacing(4);
     row->addWidget(scaleWords_);
     row->addSpacing(measure::gap);
     row->addWidget(paint_);
@@ -178,7 +179,7 @@ void LiveDisplay::placePanel() {
 }
 
 void LiveDisplay::resizeEvent(QResizeEvent*) {
-    values_->setColumnWidth(width() > wideDisplay ? 260 : 200);
+    values_->setColumnWidth(width() > wideDisplay ? 264 : 216);
     placePanel();
 }
 

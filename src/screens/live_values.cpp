@@ -42,7 +42,7 @@ LiveValues::LiveValues() : grid_(new QGridLayout(this)) {
     grid_->setContentsMargins(12, 8, 12, 8);
     grid_->setHorizontalSpacing(20);
     grid_->setVerticalSpacing(0);
-    setColumnWidth(200);
+    setColumnWidth(216);
 }
 
 void LiveValues::setRun(const RunHeader& header) {
@@ -121,7 +121,7 @@ void LiveValues::resizeEvent(QResizeEvent*) {
 void LiveValues::fitDigits() {
     if (values_.empty()) return;
     const int row = std::min(mostRowHeight, (height() - 16) / rows_);
-    const int widest = (columnWidth_ - unitWidth - 24) / 5;
+    const int widest = static_cast<int>((columnWidth_ - unitWidth - 24) / 4.6);
     const int pixels = std::max(leastDigits, std::min((row - nameHeight - 6) * 3 / 4, widest));
     if (pixels == digitPixels_ && row == rowHeight_) return;
     digitPixels_ = pixels;

@@ -3,9 +3,12 @@
 
 #include "files/run_file_reader.h"
 #include "screens/desk.h"
+#include "screens/qt_text.h"
 #include "simulator/simulated_port.h"
 
+#include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QMessageBox>
 
@@ -15,8 +18,9 @@ namespace {
 
 /// The desktop in a home with a project, a hole, a tool and a winch, and a box on COM1.
 struct Truck {
-    explicit Truck(lcusim::LcuModel model = lcusim::LcuModel::lcu4)
-        : engine({.model = model, .winch = {.startDepth = 10}}, simulatedTool("K215"), truth) {
+    explicit Truck(std::string toolCode = "K215")
+        : tool(std::move(toolCode)),
+          engine({.model = lcusim::LcuModel::lcu4, .winch = {.startDepth = 10}}, simulatedTool(tool), truth) {
         serial.connect(1, engine);
         serial.whileWaiting([this] {
             QCoreApplication::processEvents();
@@ -41,11 +45,11 @@ struct Truck {
         settings.hole.holeId = "DH-1";
         settings.samplingMethod = "DEPTH";
         settings.samplingInterval = 5;
-        settings.currentTool = "K215";
+        settings.currentTool = tool;
         settings.currentWinch = "W110";
         const auto tools = program.equipment.ToolWinchData_loadbrennatoollist();
         for (std::size_t i = 0; i < tools.rows.size(); ++i) {
-            if (tools.rows[i].code == "K215")
+            if (tools.rows[i].code == tool)
                 program.equipment.ToolWinchData_addusertool(static_cast<int>(i + 1), "S-1");
         }
         program.equipment.ToolWinchData_adduserwinch(1, "W-1");
@@ -56,7 +60,7 @@ struct Truck {
     /// Mode "ACQUIRE" with the tool and winch that `frmEquipment` would have confirmed.
     void acquire() {
         p().modes.Utilities_setprogrammode("ACQUIRE");
-        p().equipment.ToolWinchData_loadcurrentttoolwinch({"K215", ""}, {"W110", ""}, 1);
+        p().equipment.ToolWinchData_loadcurrentttoolwinch({tool, ""}, {"W110", ""}, 1);
         desktop->acquisition().show();
     }
     /// Starts the run; `act` is called at every wait once scans are being kept.
@@ -80,6 +84,7 @@ struct Truck {
     Program& p() { return desktop->program(); }
     IntroScreen& screen() { return desktop->screen(); }
 
+    std::string tool;
     TemporaryFolder home;
     VirtualClock clock;
     lcusim::SimulatedPort serial{clock};
@@ -114,6 +119,51 @@ TEST(DesktopTest, ARunFromTheMainScreenIsOnFileAndTheToolIsPoweredDown) {
     const auto review = truck.p().runReader.Tarvikfileopen(truck.runFile("DH-1_K215_01.kvx"));
     ASSERT_TRUE(review);
     EXPECT_GE(review->steps(), 20U);
+}
+
+TEST(DesktopTest, TheButtonOfTheDeviationToolGoesThroughItsDisplaysDuringTheRun) {
+    Truck truck("K417");
+    truck.acquire();
+    auto& button = control<QAction>(truck.screen(), "MB-Bullseye");
+    const LivePlot& plot = truck.screen().live().plot();
+    std::vector<std::string> seen;
+    truck.log([&] {
+        const auto at = static_cast<std::size_t>(truck.kept());
+        if (at < 20 || seen.size() == 4) return;
+        const LogDisplay& shown = plot.curves().shown();
+        seen.push_back(plain(button.text()) + (plot.page() == LivePage::plan
+                                                   ? std::string(": plan")
+                                                   : ": " + shown.tracks[0].curves[0].channel));
+        button.trigger();
+        if (seen.size() == 4) truck.desktop->acquisition().stop();
+    });
+    EXPECT_EQ(seen, (std::vector<std::string>{"Bullseye: plan", "Magnetics: Mag X", "Deviation: Azimuth",
+                                              "Bullseye: plan"}));
+    EXPECT_EQ(plot.page(), LivePage::logs) << "the stop button takes the plan view away";
+    EXPECT_FALSE(button.isVisible());
+    const Bytes log = truck.p().files.read(truck.p().log.todaysFile());
+    EXPECT_NE(std::string(asText(log)).find("Screen scale being used 1:200"), std::string::npos);
+}
+
+TEST(DesktopTest, AScaleSetInTheLivePlotIsKeptWithTheToolAfterTheRun) {
+    Truck truck;
+    truck.acquire();
+    const auto rightEnd = [&] {
+        return truck.p().equipment.currentTool().record.get(tool::uncalibratedRight(1, 1));
+    };
+    const float before = rightEnd();
+    float during = 0;
+    truck.log([&] {
+        if (truck.kept() < 20) return;
+        click(truck.screen(), "comlivecurves");
+        control<QComboBox>(truck.screen(), "cmblivecurve").setCurrentText("Gamma");
+        control<QLineEdit>(truck.screen(), "txtliveright").setText("271");
+        click(truck.screen(), "comlivecurveapply");
+        during = rightEnd();
+        truck.desktop->acquisition().stop();
+    });
+    EXPECT_EQ(during, before) << "nothing is written while the winch turns";
+    EXPECT_EQ(rightEnd(), 271);
 }
 
 TEST(DesktopTest, ClosingDuringARunAsksWithoutStoppingItAndThenEndsItInOrder) {
