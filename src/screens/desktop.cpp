@@ -131,7 +131,7 @@ RunViewParts Desktop::runViewParts() {
                 screen().side().showLink(program_.link);
             },
         .shown = [this] { screen().live().follow(runShown()->ring); },
-        .stopping = [this] { screen().live().show({}); },
+        .stopping = [this] { screen().live().showDisplay({}); },
         .ended = [this] { runEnded(); }};
 }
 
@@ -139,7 +139,7 @@ RunViewParts Desktop::runViewParts() {
 /// played may be of another tool.
 void Desktop::runEnded() {
     screen().live().follow(runShown()->ring);
-    screen().live().show({});
+    screen().live().showDisplay({});
     if (program_.state.mode == programMode::demo) return;
     for (const LogCurve& curve : screen().live().rescaled()) keepToolScale(program_.equipment, curve);
     loadNotes();
