@@ -110,12 +110,20 @@ QWidget* DiagnosticsStatePanel::linkCard() {
     bits_->setToolTip(
         "Bits 7 to 0 of the last status byte.\n1 no block, 2 receiver time-out, 3 checksum error, "
         "6 command error");
+    auto* const numbers = figure("lbbitnumbers");
+    numbers->setText("7 6 5 4 3 2 1 0");
+    setRole(*numbers, "quiet");
     meaning_ = new QLabel;
     meaning_->setObjectName("lbstatusmeaning");
+    meaning_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // four errors at once are a long line
     find = button("comfindLCU", "&Find LCU", "Search the serial ports for an LCU");
     reset = button("comreset", "&Reset LCU", "Send X twice and ask for the status");
+    auto* const bits = new QVBoxLayout;
+    bits->setSpacing(0);
+    bits->addWidget(numbers);
+    bits->addWidget(bits_);
     card->body()->addWidget(lcu_);
-    card->body()->addWidget(bits_);
+    card->body()->addLayout(bits);
     card->body()->addWidget(meaning_);
     card->body()->addStretch(1);
     card->body()->addLayout(row({find, reset}));
@@ -149,7 +157,6 @@ QWidget* DiagnosticsStatePanel::acquisitionCard() {
     state_->setObjectName("lbacquisition");
     scan_ = roleLabel("quiet");
     scan_->setObjectName("lbscan");
-    scan_->setWordWrap(true);
     stop = button("comstop", "&Stop", "Stop the scan stream, the winch test and what is still to be sent");
     card->body()->addWidget(state_);
     card->body()->addWidget(scan_);
@@ -162,6 +169,7 @@ void DiagnosticsStatePanel::show(const DiagnosticsConsole& console, const LinkSt
     lcu_->setText(qt(lcuText(link)));
     bits_->setText(qt(console.statusBits()));
     meaning_->setText(qt(statusMeaning(console.status())));
+    meaning_->setToolTip(meaning_->text());
     setRole(*meaning_, console.status() < 1 ? "quiet" : modelWithStatus(console.status()) ? "good" : "bad");
     depth_->setText(console.depth() ? qt(formatPicture(*console.depth(), "###0.00") + " m") : "-.-- m");
     winchTest->setText(qt(console.winchTestCaption()));
@@ -186,40 +194,22 @@ DiagnosticsCommandPanel::DiagnosticsCommandPanel() {
     batch->setObjectName("txtbatch");
     batch->setStyleSheet(fixedStyle(11));
     batch->setTabChangesFocus(true);
-    batch->setFixedHeight(92);
+    batch->setMinimumHeight(64);
     batch->setPlaceholderText("X\nQ\nV");
     clear = button("comclear", "C&lear", "Clear the command box");
     send = button("comsend", "S&end batch", "Send these commands one after the other");
     send->setProperty("primary", true);
 
-    known = table("tblcommands", "Known commands", {"Command", "Meaning"});
-    known->setToolTip("Double-click: put the command into the box");
-    for (const KnownCommand& each : knownCommands()) {
-        const int at = known->rowCount();
-        known->insertRow(at);
-        auto* const text = new QTableWidgetItem(qt(each.text));
-        text->setFont(fixedFont());
-        const QString meaning = qt(each.meaning) + (each.lcu4Only ? " (LCU4 only)" : "");
-        auto* const meaningItem = new QTableWidgetItem(meaning);
-        meaningItem->setToolTip(meaning);
-        known->setItem(at, 0, text);
-        known->setItem(at, 1, meaningItem);
-    }
-    known->setColumnWidth(0, 90);
-    known->verticalHeader()->setDefaultSectionSize(26);
-    known->setWordWrap(false);
-
     auto* const card = new Card("Commands");
     card->body()->addWidget(
         new Field("Si&ngle command", command, {}, "Enter sends; arrow keys: sent before"));
-    card->body()->addWidget(new Field("&Batch", batch, {}, "Enter sends; Shift+Enter: next line"));
+    card->body()->addWidget(new Field("&Batch", batch, {}, "Enter sends; Shift+Enter: next line"), 1);
     card->body()->addLayout(row({clear, send}));
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(measure::wide);
     column->addWidget(card);
-    column->addWidget(known, 1);
-    setFixedWidth(320);
+    setFixedWidth(296);
 }
 
 // ---- Lists
@@ -228,8 +218,9 @@ DiagnosticsListPanel::DiagnosticsListPanel() {
     tabs = new QTabWidget;
     data = textArea("txtdatalog", "Data log", "A line for each scan, once the stream is started with V.");
     tabs->addTab(data, "Data log");
-    tabs->addTab(valuesPage(), "Channel values");
+    tabs->addTab(valuesPage(), "Channels");
     tabs->addTab(rawPage(), "Raw bytes");
+    tabs->addTab(knownPage(), "Commands");
     clearLog = button("comclearlog", "Clear lo&g", "Clear the data log");
     clearLog->setStyleSheet("padding: 2px 12px; min-height: 22px;");
     auto* const corner = new QWidget;
@@ -289,6 +280,29 @@ QWidget* DiagnosticsListPanel::rawPage() {
     auto* const column = new QVBoxLayout(page);
     column->addWidget(recordRaw);
     column->addWidget(raw, 1);
+    return page;
+}
+
+QWidget* DiagnosticsListPanel::knownPage() {
+    auto* const page = new QWidget;
+    known = table("tblcommands", "Known commands", {"Command", "Meaning"});
+    for (const KnownCommand& each : knownCommands()) {
+        const int at = known->rowCount();
+        known->insertRow(at);
+        auto* const text = new QTableWidgetItem(qt(each.text));
+        text->setFont(fixedFont());
+        const QString meaning = qt(each.meaning) + (each.lcu4Only ? " (LCU4 only)" : "");
+        auto* const meaningItem = new QTableWidgetItem(meaning);
+        meaningItem->setToolTip(meaning);
+        known->setItem(at, 0, text);
+        known->setItem(at, 1, meaningItem);
+    }
+    known->setColumnWidth(0, 90);
+    known->verticalHeader()->setDefaultSectionSize(26);
+    known->setWordWrap(false);
+    auto* const column = new QVBoxLayout(page);
+    column->addWidget(roleLabel("quiet", "Enter or a double-click puts the command into the box."));
+    column->addWidget(known, 1);
     return page;
 }
 

@@ -1,5 +1,5 @@
-// The three parts of the diagnostics screen: the state of the link on top, commands at the left, lists at the
-// right. They show and hold controls; what a control does is the screen's.
+// The three parts of the diagnostics screen: the state of the link on top, below it commands at the left and
+// lists at the right. They show and hold controls; what a control does is the screen's.
 #pragma once
 
 #include "lcu/diagnostics_text.h"
@@ -53,7 +53,6 @@ class DiagnosticsCommandPanel final : public QWidget {
     BatchBox* batch;
     QPushButton* clear;
     QPushButton* send;
-    QTableWidget* known;
 };
 
 class DiagnosticsListPanel final : public QWidget {
@@ -69,6 +68,7 @@ class DiagnosticsListPanel final : public QWidget {
     QListWidget* status;
     QPlainTextEdit* data;
     QTableWidget* values;
+    QTableWidget* known;
     QPlainTextEdit* raw;
     QCheckBox* recordRaw;
     QPushButton* clearStatus;
@@ -79,6 +79,7 @@ class DiagnosticsListPanel final : public QWidget {
     QWidget* statusPart();
     QWidget* valuesPage();
     QWidget* rawPage();
+    QWidget* knownPage();
 
     QLabel* valuesNote_;
     std::size_t rawShown_ = 0;
