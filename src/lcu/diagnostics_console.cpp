@@ -123,8 +123,13 @@ void DiagnosticsConsole::send(std::string_view commands) {
     serve();
 }
 
+bool DiagnosticsConsole::portIsOpen() {
+    if (!modules_.link.open()) modules_.log.red("No port is open - find the LCU first");
+    return modules_.link.open();
+}
+
 void DiagnosticsConsole::sendOne(const std::string& command) {
-    if (!modules_.link.open()) return modules_.log.red("No port is open - find the LCU first");
+    if (!portIsOpen()) return;
     if (command == "Q") {
         modules_.log.black("Sent status command");
         modules_.lcu.LCU_Status();
@@ -143,12 +148,13 @@ void DiagnosticsConsole::sendOne(const std::string& command) {
 
 void DiagnosticsConsole::cominitdepth(double metres) {
     order([this, metres] {
-        if (setWinchDepth(modules_.lcu, modules_.log, metres)) depth_ = metres;
+        if (portIsOpen() && setWinchDepth(modules_.lcu, modules_.log, metres)) depth_ = metres;
     });
 }
 
 void DiagnosticsConsole::comreset() {
     order([this] {
+        if (!portIsOpen()) return;
         modules_.lcu.LCU_Reset();
         leaveAcquisition();
     });
@@ -180,7 +186,7 @@ void DiagnosticsConsole::takeStatus() {
 void DiagnosticsConsole::comwinchtest() {
     if (winchTest_) {
         stopWinchTest();
-    } else {
+    } else if (portIsOpen()) {
         startWinchTest();
     }
     view_.changed();
@@ -246,6 +252,7 @@ void DiagnosticsConsole::takeScan() {
     DiagnosticsScan scan;
     if (!Diag_Getvalues(decoding, line_.bytes(), scan)) {
         modules_.log.red("Problems deciphering data from LCU");
+        line_.resume(); // it may have begun in the middle of another
         status_ = -1;
         return;
     }

@@ -101,6 +101,7 @@ class DiagnosticsConsole final : private StatusViewer {
     void showStatusLine(std::string_view viewerLine) override;
     void order(std::function<void()> act);
     void serve();
+    [[nodiscard]] bool portIsOpen();
     void sendOne(const std::string& command);
     void Diag_StartDataAcquisition();
     void acquire();
