@@ -44,7 +44,7 @@ void DiagnosticsConsole::open() {
     modules_.log.addViewer(*this);
     modules_.link.diagnosticsOpen = true;
     modules_.log.blue("Diagnostics mode activated");
-    takeStatus();
+    takeState();
     view_.changed();
 }
 
@@ -84,7 +84,7 @@ void DiagnosticsConsole::serve() {
         orders_.pop_front();
         act();
         line_.resume(); // an exchange tears the stream
-        takeStatus();
+        takeState();
         view_.changed();
     }
     serving_ = false;
@@ -98,6 +98,12 @@ void DiagnosticsConsole::tick() {
         orders_.emplace_back([this] { readDepth(); });
     }
     if (!orders_.empty()) serve();
+    if (serving_ || modules_.link.busy || modules_.clock.tickMs() - lineTick_ < depthEveryMs) return;
+    lineTick_ = modules_.clock.tickMs();
+    if (const auto now = readClearToSend(); now != clearToSend_) {
+        clearToSend_ = now;
+        view_.changed();
+    }
 }
 
 void DiagnosticsConsole::stop() {
@@ -177,8 +183,15 @@ void DiagnosticsConsole::comclearstatus() {
     showStatusLine(formatDate(modules_.clock.now(), "hh:mm:ss") + " \\B\\1 Status list cleared");
 }
 
-void DiagnosticsConsole::takeStatus() {
+void DiagnosticsConsole::takeState() {
     status_ = modules_.link.status;
+    clearToSend_ = readClearToSend();
+}
+
+std::optional<bool> DiagnosticsConsole::readClearToSend() {
+    if (!modules_.link.open()) return std::nullopt;
+    const std::int32_t state = modules_.serial.ComGetCTSStatus(modules_.link.port);
+    return state < 0 ? std::nullopt : std::optional(state != 0);
 }
 
 // ---- Winch test

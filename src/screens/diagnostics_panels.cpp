@@ -20,6 +20,7 @@ namespace tarvik {
 namespace {
 
 constexpr double farthestDepth = 83'886; // metres: the depth counter is a signed 24-bit number of centimetres
+constexpr std::string_view dataHeadingStart = " Depth";
 constexpr int statusRowsShown = 5000;
 
 QFont fixedFont(int points = 10) {
@@ -122,7 +123,12 @@ QWidget* DiagnosticsStatePanel::linkCard() {
     bits->setSpacing(0);
     bits->addWidget(numbers);
     bits->addWidget(bits_);
-    card->body()->addWidget(lcu_);
+    clearToSend_ = roleLabel("quiet");
+    clearToSend_->setObjectName("lbcleartosend");
+    auto* const line = new QHBoxLayout;
+    line->addWidget(lcu_, 1);
+    line->addWidget(clearToSend_);
+    card->body()->addLayout(line);
     card->body()->addLayout(bits);
     card->body()->addWidget(meaning_);
     card->body()->addStretch(1);
@@ -170,6 +176,7 @@ void DiagnosticsStatePanel::show(const DiagnosticsConsole& console, const LinkSt
     bits_->setText(qt(console.statusBits()));
     meaning_->setText(qt(statusMeaning(console.status())));
     meaning_->setToolTip(meaning_->text());
+    clearToSend_->setText(qt(clearToSendText(console.clearToSend())));
     setRole(*meaning_, console.status() < 1 ? "quiet" : modelWithStatus(console.status()) ? "good" : "bad");
     depth_->setText(console.depth() ? qt(formatPicture(*console.depth(), "###0.00") + " m") : "-.-- m");
     winchTest->setText(qt(console.winchTestCaption()));
@@ -216,8 +223,7 @@ DiagnosticsCommandPanel::DiagnosticsCommandPanel() {
 
 DiagnosticsListPanel::DiagnosticsListPanel() {
     tabs = new QTabWidget;
-    data = textArea("txtdatalog", "Data log", "A line for each scan, once the stream is started with V.");
-    tabs->addTab(data, "Data log");
+    tabs->addTab(dataPage(), "Data log");
     tabs->addTab(valuesPage(), "Channels");
     tabs->addTab(rawPage(), "Raw bytes");
     tabs->addTab(knownPage(), "Commands");
@@ -238,6 +244,26 @@ DiagnosticsListPanel::DiagnosticsListPanel() {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(split);
+}
+
+QWidget* DiagnosticsListPanel::dataPage() {
+    auto* const page = new QWidget;
+    dataHeading_ = textArea("txtdataheading", "Heading of the data log", {});
+    dataHeading_->setFrameShape(QFrame::NoFrame);
+    dataHeading_->setFixedHeight(dataHeading_->fontMetrics().height() + measure::gap);
+    dataHeading_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    dataHeading_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    dataHeading_->setFocusPolicy(Qt::NoFocus);
+    data = textArea("txtdatalog", "Data log", "A line for each scan, once the stream is started with V.");
+    data->setFrameShape(QFrame::NoFrame);
+    connect(data->horizontalScrollBar(), &QScrollBar::valueChanged, dataHeading_->horizontalScrollBar(),
+            &QScrollBar::setValue);
+    auto* const column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(dataHeading_);
+    column->addWidget(data, 1);
+    return page;
 }
 
 QWidget* DiagnosticsListPanel::statusPart() {
@@ -322,6 +348,13 @@ void DiagnosticsListPanel::addStatusLine(std::string_view viewerLine) {
 
 void DiagnosticsListPanel::addData(std::string_view text) {
     append(*data, qt(text).remove('\r'));
+    if (text.starts_with(dataHeadingStart))
+        dataHeading_->setPlainText(qt(text.substr(0, text.find('\r'))));
+}
+
+void DiagnosticsListPanel::clearData() {
+    data->clear();
+    dataHeading_->clear();
 }
 
 void DiagnosticsListPanel::showScan(const CurrentTool& tool, const DiagnosticsScan& scan) {

@@ -40,6 +40,7 @@ class DiagnosticsStatePanel final : public QWidget {
     QLabel* lcu_;
     QLabel* bits_;
     QLabel* meaning_;
+    QLabel* clearToSend_;
     QLabel* depth_;
     QLabel* state_;
     QLabel* scan_;
@@ -61,6 +62,7 @@ class DiagnosticsListPanel final : public QWidget {
 
     void addStatusLine(std::string_view viewerLine);
     void addData(std::string_view text);
+    void clearData();
     void showScan(const CurrentTool& tool, const DiagnosticsScan& scan);
     /// What the transcript has grown by.
     void showTranscript(const WireTranscript& transcript);
@@ -77,10 +79,12 @@ class DiagnosticsListPanel final : public QWidget {
 
   private:
     QWidget* statusPart();
+    QWidget* dataPage();
     QWidget* valuesPage();
     QWidget* rawPage();
     QWidget* knownPage();
 
+    QPlainTextEdit* dataHeading_; ///< stands still over the lines; scrolls sideways with them
     QLabel* valuesNote_;
     std::size_t rawShown_ = 0;
 };

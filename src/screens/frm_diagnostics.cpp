@@ -108,7 +108,7 @@ void frmDiagnostics::connectLists() {
     connect(lists_->clearStatus, &QPushButton::clicked, this, [this] { console_.comclearstatus(); });
     connect(lists_->clearLog, &QPushButton::clicked, this, [this] {
         console_.comclearlog();
-        lists_->data->clear();
+        lists_->clearData();
     });
     connect(lists_->tabs, &QTabWidget::currentChanged, this, [this] { changed(); });
     connect(lists_->recordRaw, &QCheckBox::toggled, this, [this](bool on) { recordRaw(on); });

@@ -311,6 +311,7 @@ TEST(DiagnosticsConsole, OrdersDuringAnExchangeWaitAndAreServedInTheStream) {
 
 TEST(DiagnosticsConsole, ResetAndSearch) {
     ConsoleRig rig({.model = lcusim::LcuModel::lcu4});
+    EXPECT_EQ(rig.console.clearToSend(), true);
     rig.console.comreset();
     EXPECT_EQ(rig.heard(), "X Q X Q Q");
     EXPECT_EQ(rig.lines.lines.back(), "0LCU reset OK");
@@ -318,6 +319,9 @@ TEST(DiagnosticsConsole, ResetAndSearch) {
     EXPECT_EQ(rig.searches, 1);
     EXPECT_EQ(rig.console.statusBits(), "1 0 0 1 0 0 0 1");
     rig.port.close();
+    rig.clock.advanceMs(DiagnosticsConsole::depthEveryMs);
+    rig.console.tick();
+    EXPECT_EQ(clearToSendText(rig.console.clearToSend()), "");
     rig.operatorSide.shown.clear();
     for (const auto& order : std::initializer_list<std::function<void()>>{
              [&] { rig.console.send("V"); }, [&] { rig.console.comreset(); },

@@ -66,6 +66,9 @@ class Screen:
             self.tool("key", "--clearmodifiers", key)
             time.sleep(0.2)
 
+    def type(self, text):
+        self.tool("type", "--clearmodifiers", text)
+
     def title(self):
         return self.tool("getactivewindow", "getwindowname").stdout.strip()
 
@@ -162,12 +165,44 @@ def a_day(screen, truck, program, pictures):
     check(program.wait(20) == 0, f"the program ended with {program.returncode}")
 
 
+def console_pictures(options, theme, name):
+    """The diagnostics console in the middle of a scan stream, with the raw bytes of the line."""
+    with tempfile.TemporaryDirectory() as folder:
+        folder = pathlib.Path(folder)
+        truck, screen = Truck(options, folder), Screen(folder)
+        with (folder / "settings.ini").open("a") as settings:
+            settings.write(f'[Desktop]\nTheme="{theme}"\n')
+        program = subprocess.Popen([options.bin / "tarvik", "--home", folder, "--com1", truck.line, "--lcucomms", "1"],
+                                   env=screen.environment)
+        try:
+            screen.wait_for_window("Tarvik")
+            screen.key("F7")
+            screen.wait_for_window("Equipment of the next run")
+            screen.key("Return")
+            screen.wait_for_window("Tarvik")
+            screen.key("ctrl+d")
+            screen.wait_for_window("Diagnostics console")
+            for command in ("Q", "X1", "TT25", "V"):
+                screen.type(command)
+                screen.key("Return")
+                time.sleep(1.5)
+            time.sleep(6)
+            screen.picture(options.pictures, name)
+        finally:
+            program.kill()
+            truck.box.kill()
+            screen.close()
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--bin", type=pathlib.Path, required=True)
     parser.add_argument("--tools", type=pathlib.Path, required=True)
     parser.add_argument("--pictures", type=pathlib.Path)
     options = parser.parse_args()
+    if options.pictures:
+        console_pictures(options, "light", "diagnostics")
+        console_pictures(options, "dark", "diagnostics-dark")
     with tempfile.TemporaryDirectory() as folder:
         folder = pathlib.Path(folder)
         truck, screen = Truck(options, folder), Screen(folder)
