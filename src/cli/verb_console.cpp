@@ -108,6 +108,12 @@ class TerminalConsole final : public DiagnosticsView {
     }
 
     void obey(const std::string& line) {
+        act(line);
+        transcript_.finish(); // what came of it stands before what comes next
+        printRaw();
+    }
+
+    void act(const std::string& line) {
         if (!line.starts_with(':')) return console_.send(line);
         const std::string word = line.substr(0, line.find(' '));
         if (word == ":depth") return setDepth(line.substr(word.size()));

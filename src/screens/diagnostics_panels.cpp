@@ -256,8 +256,8 @@ QWidget* DiagnosticsListPanel::dataPage() {
     dataHeading_->setFocusPolicy(Qt::NoFocus);
     data = textArea("txtdatalog", "Data log", "A line for each scan, once the stream is started with V.");
     data->setFrameShape(QFrame::NoFrame);
-    connect(data->horizontalScrollBar(), &QScrollBar::valueChanged, dataHeading_->horizontalScrollBar(),
-            &QScrollBar::setValue);
+    connect(data->horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { showHeading(); });
+    connect(data->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { showHeading(); });
     auto* const column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -348,13 +348,21 @@ void DiagnosticsListPanel::addStatusLine(std::string_view viewerLine) {
 
 void DiagnosticsListPanel::addData(std::string_view text) {
     append(*data, qt(text).remove('\r'));
-    if (text.starts_with(dataHeadingStart))
-        dataHeading_->setPlainText(qt(text.substr(0, text.find('\r'))));
+    if (text.starts_with(dataHeadingStart)) headingText_ = qt(text.substr(0, text.find('\r')));
+    showHeading();
+}
+
+/// While its own line is out of sight.
+void DiagnosticsListPanel::showHeading() {
+    const QString shown = data->verticalScrollBar()->value() > 0 ? headingText_ : QString();
+    if (dataHeading_->toPlainText() != shown) dataHeading_->setPlainText(shown);
+    dataHeading_->horizontalScrollBar()->setValue(data->horizontalScrollBar()->value());
 }
 
 void DiagnosticsListPanel::clearData() {
     data->clear();
-    dataHeading_->clear();
+    headingText_.clear();
+    showHeading();
 }
 
 void DiagnosticsListPanel::showScan(const CurrentTool& tool, const DiagnosticsScan& scan) {

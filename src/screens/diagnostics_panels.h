@@ -80,11 +80,13 @@ class DiagnosticsListPanel final : public QWidget {
   private:
     QWidget* statusPart();
     QWidget* dataPage();
+    void showHeading();
     QWidget* valuesPage();
     QWidget* rawPage();
     QWidget* knownPage();
 
     QPlainTextEdit* dataHeading_; ///< stands still over the lines; scrolls sideways with them
+    QString headingText_;
     QLabel* valuesNote_;
     std::size_t rawShown_ = 0;
 };
