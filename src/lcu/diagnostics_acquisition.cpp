@@ -8,6 +8,7 @@ namespace tarvik {
 namespace {
 
 constexpr std::int32_t receiveSide = 1;
+constexpr std::int32_t momentMs = 1;
 constexpr int lengthNotHonoured = 1; // exit codes of the message, numbered as the overflows of a run
 constexpr int moreThanTheScan = 2;
 
@@ -22,6 +23,14 @@ void DiagnosticsAcquisition::resume() {
 }
 
 DiagnosticsAcquisition::Look DiagnosticsAcquisition::look() {
+    if (++awake_ > looksWithoutSleep) {
+        awake_ = 0;
+        if (serial_.ComSleepMS(link_.port, momentMs) != 1) return portLost();
+    }
+    return lookAtLine();
+}
+
+DiagnosticsAcquisition::Look DiagnosticsAcquisition::lookAtLine() {
     const std::int32_t waiting = serial_.ComStatus(link_.port);
     if (waiting < 0) return portLost();
     if (settling_) return settle(waiting);
@@ -114,6 +123,7 @@ DiagnosticsAcquisition::Look DiagnosticsAcquisition::portLost() {
 }
 
 DiagnosticsAcquisition::Look DiagnosticsAcquisition::pause() {
+    awake_ = 0;
     if (serial_.ComSleepMS(link_.port, pollMs) != 1) return portLost();
     if (++polls_ < pollsPerScan) return Look::nothing;
     log_.red("Time-out waiting for LCU data");

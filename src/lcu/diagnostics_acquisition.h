@@ -22,6 +22,7 @@ class DiagnosticsAcquisition {
     static constexpr std::int32_t pollMs = 20;
     static constexpr int pollsPerScan = 150; ///< 3 seconds
     static constexpr int bytesPerLook = 50;
+    static constexpr int looksWithoutSleep = 5;
     static constexpr int calmScans = 50; ///< so many without others waiting behind them: no longer behind
 
     enum class Look : std::uint8_t {
@@ -40,7 +41,8 @@ class DiagnosticsAcquisition {
     }
     /// The stream goes on after commands have torn it.
     void resume();
-    /// Sleeps 20 ms unless there was something to take.
+    /// Sleeps 20 ms unless there is more to take; now and then for a moment even so, because nobody else is
+    /// served before it sleeps.
     [[nodiscard]] Look look();
     /// The data bytes of the latest scan, without the length byte.
     [[nodiscard]] std::span<const std::uint8_t> bytes() const {
@@ -51,6 +53,7 @@ class DiagnosticsAcquisition {
     [[nodiscard]] bool lost() const { return lost_; }
 
   private:
+    Look lookAtLine();
     Look take(std::int32_t waiting);
     Look settle(std::int32_t waiting);
     Look moreBehind(std::int32_t waiting);
@@ -69,6 +72,7 @@ class DiagnosticsAcquisition {
     int length_ = 1;                         ///< of the scan, its length byte included
     int received_ = 0;                       ///< bytes of it; 0: the next byte is a length byte
     int polls_ = 0;
+    int awake_ = 0;        ///< looks since the last sleep
     int calm_ = calmScans; ///< scans since others waited behind one
     bool settling_ = true; ///< everything is given up until it is clear where a scan begins
     bool looked_ = false;  ///< since then: only from one look to the next can the line be called quiet

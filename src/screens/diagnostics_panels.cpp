@@ -22,6 +22,7 @@ namespace {
 constexpr double farthestDepth = 83'886; // metres: the depth counter is a signed 24-bit number of centimetres
 constexpr std::string_view dataHeadingStart = " Depth";
 constexpr int statusRowsShown = 5000;
+constexpr int tableRow = 26; // pixels
 
 QFont fixedFont(int points = 10) {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -223,10 +224,10 @@ DiagnosticsCommandPanel::DiagnosticsCommandPanel() {
 
 DiagnosticsListPanel::DiagnosticsListPanel() {
     tabs = new QTabWidget;
-    tabs->addTab(dataPage(), "Data log");
-    tabs->addTab(valuesPage(), "Channels");
-    tabs->addTab(rawPage(), "Raw bytes");
-    tabs->addTab(knownPage(), "Commands");
+    tabs->addTab(dataPage(), "D&ata log");
+    tabs->addTab(valuesPage(), "C&hannels");
+    tabs->addTab(rawPage(), "Ra&w bytes");
+    tabs->addTab(knownPage(), "Co&mmands");
     clearLog = button("comclearlog", "Clear lo&g", "Clear the data log");
     clearLog->setStyleSheet("padding: 2px 12px; min-height: 22px;");
     auto* const corner = new QWidget;
@@ -288,6 +289,8 @@ QWidget* DiagnosticsListPanel::statusPart() {
 QWidget* DiagnosticsListPanel::valuesPage() {
     auto* const page = new QWidget;
     values = table("tblvalues", "Channel values", {"Channel", "Name", "Raw count", "Value", "Unit"});
+    values->verticalHeader()->setDefaultSectionSize(tableRow);
+    values->setColumnWidth(0, 80);
     values->setColumnWidth(1, 180);
     values->setColumnWidth(3, 140);
     valuesNote_ = roleLabel("quiet", "No scan has come yet.");
@@ -299,7 +302,7 @@ QWidget* DiagnosticsListPanel::valuesPage() {
 
 QWidget* DiagnosticsListPanel::rawPage() {
     auto* const page = new QWidget;
-    recordRaw = new QCheckBox("Show every byte of the line ( > sent, < received, x discarded )");
+    recordRaw = new QCheckBox("Show ever&y byte of the line ( > sent, < received, x discarded )");
     recordRaw->setObjectName("chkrawbytes");
     raw = textArea("txtrawbytes", "Raw bytes", "Tick the box above, then send something.");
     raw->setMaximumBlockCount(static_cast<int>(WireTranscript::linesKept));
@@ -324,7 +327,7 @@ QWidget* DiagnosticsListPanel::knownPage() {
         known->setItem(at, 1, meaningItem);
     }
     known->setColumnWidth(0, 90);
-    known->verticalHeader()->setDefaultSectionSize(26);
+    known->verticalHeader()->setDefaultSectionSize(tableRow);
     known->setWordWrap(false);
     auto* const column = new QVBoxLayout(page);
     column->addWidget(roleLabel("quiet", "Enter or a double-click puts the command into the box."));

@@ -236,6 +236,25 @@ TEST(DiagnosticsConsole, StreamsTooFastToPauseAreReadAndFoundAgain) {
     }
 }
 
+TEST(DiagnosticsConsole, ScansThatHavePiledUpAreAllReadAndTheOperatorIsServedMeanwhile) {
+    LinkBench<ScriptedPort> bench;
+    bench.link.port = 1;
+    DiagnosticsAcquisition line(bench.serial, bench.log, bench.link);
+    line.start();
+    std::ignore = line.look();
+    std::ignore = line.look();
+    bench.serial.wire.clear();
+    for (int i = 0; i < 400; ++i)
+        bench.serial.put("\x0A"
+                         "123456789");
+    int scans = 0, looks = 0;
+    while (scans < 400 && ++looks < 1000) scans += line.look() == DiagnosticsAcquisition::Look::scan ? 1 : 0;
+    EXPECT_EQ(scans, 400);
+    EXPECT_EQ(bench.lines.lines,
+              Lines{"0Too many characters in buffer : exit code 2 Expecting 10 Number chars in 4000"});
+    EXPECT_GE(std::ranges::count(bench.serial.wire, '<'), 400 / 6) << "sleeping serves the window";
+}
+
 TEST(DiagnosticsConsole, ALineThatWasLostIsSaidToBeBack) {
     ConsoleRig rig({.faults = {"hang-up@5=2000"}});
     rig.acquire(20'000, "TT50\nV");

@@ -165,7 +165,7 @@ def a_day(screen, truck, program, pictures):
     check(program.wait(20) == 0, f"the program ended with {program.returncode}")
 
 
-def console_pictures(options, theme, name):
+def console_pictures(options, theme, tab, name):
     """The diagnostics console in the middle of a scan stream, with the raw bytes of the line."""
     with tempfile.TemporaryDirectory() as folder:
         folder = pathlib.Path(folder)
@@ -182,11 +182,16 @@ def console_pictures(options, theme, name):
             screen.wait_for_window("Tarvik")
             screen.key("ctrl+d")
             screen.wait_for_window("Diagnostics console")
+            screen.key("alt+w", "alt+y", "alt+n")  # raw bytes, all of them; back to the single command
             for command in ("Q", "X1", "TT25", "V"):
                 screen.type(command)
                 screen.key("Return")
                 time.sleep(1.5)
+                if command == "X1":
+                    screen.key("Return")  # the box about a command that the LCU does not know
             time.sleep(6)
+            screen.key(tab)
+            time.sleep(1)
             screen.picture(options.pictures, name)
         finally:
             program.kill()
@@ -201,8 +206,8 @@ def main():
     parser.add_argument("--pictures", type=pathlib.Path)
     options = parser.parse_args()
     if options.pictures:
-        console_pictures(options, "light", "diagnostics")
-        console_pictures(options, "dark", "diagnostics-dark")
+        console_pictures(options, "light", "alt+a", "diagnostics")
+        console_pictures(options, "dark", "alt+h", "diagnostics-dark")
     with tempfile.TemporaryDirectory() as folder:
         folder = pathlib.Path(folder)
         truck, screen = Truck(options, folder), Screen(folder)
