@@ -108,7 +108,7 @@ class TerminalConsole final : public DiagnosticsView {
     }
 
     void obey(const std::string& line) {
-        act(line);
+        act(std::string(trimmed(line)));
         transcript_.finish(); // what came of it stands before what comes next
         printRaw();
     }
@@ -195,7 +195,8 @@ int runConsole(const Arguments& arguments) {
     Terminal terminal;
     Session session(arguments, terminal);
     loadTool(arguments, session.program());
-    if (!session.find()) return exitFailed;
+    // Who types can look for it again.
+    if (!session.find() && !arguments.rest().empty()) return exitFailed;
     TerminalConsole console(session, ends, arguments.rest().empty());
     console.run(arguments.rest());
     return exitDone;

@@ -251,6 +251,8 @@ void DiagnosticsConsole::acquire() {
     if (look == Look::gone) {
         modules_.log.red("The serial port has gone - check the cable, then find the LCU again");
         leaveAcquisition();
+        modules_.link.status = -1;
+        takeState();
     }
     if (look != Look::nothing || line_.polls() < pollsBefore) view_.changed();
     view_.looked();

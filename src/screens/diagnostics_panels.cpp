@@ -21,6 +21,7 @@ namespace {
 
 constexpr double farthestDepth = 83'886; // metres: the depth counter is a signed 24-bit number of centimetres
 constexpr std::string_view dataHeadingStart = " Depth";
+constexpr const char* frameless = " border: none;";
 constexpr int statusRowsShown = 5000;
 constexpr int tableRow = 26; // pixels
 
@@ -250,13 +251,13 @@ DiagnosticsListPanel::DiagnosticsListPanel() {
 QWidget* DiagnosticsListPanel::dataPage() {
     auto* const page = new QWidget;
     dataHeading_ = textArea("txtdataheading", "Heading of the data log", {});
-    dataHeading_->setFrameShape(QFrame::NoFrame);
+    dataHeading_->setStyleSheet(fixedStyle(9) + frameless);
     dataHeading_->setFixedHeight(dataHeading_->fontMetrics().height() + measure::gap);
     dataHeading_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     dataHeading_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     dataHeading_->setFocusPolicy(Qt::NoFocus);
     data = textArea("txtdatalog", "Data log", "A line for each scan, once the stream is started with V.");
-    data->setFrameShape(QFrame::NoFrame);
+    data->setStyleSheet(fixedStyle(9) + frameless);
     connect(data->horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { showHeading(); });
     connect(data->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { showHeading(); });
     auto* const column = new QVBoxLayout(page);

@@ -258,6 +258,7 @@ TEST(DiagnosticsConsole, ScansThatHavePiledUpAreAllReadAndTheOperatorIsServedMea
 TEST(DiagnosticsConsole, ALineThatWasLostIsSaidToBeBack) {
     ConsoleRig rig({.faults = {"hang-up@5=2000"}});
     rig.acquire(20'000, "TT50\nV");
+    EXPECT_EQ(rig.console.statusBits(), "- - - - - - - -");
     rig.console.send("Q"); // still gone
     EXPECT_EQ(rig.console.statusBits(), "- - - - - - - -");
     EXPECT_EQ(rig.lines.lines.back(), "2LCU Status: LCU did not respond to status request");

@@ -9,6 +9,7 @@ What must come back stands in the tables below, written from the protocol and no
 import argparse
 import pathlib
 import re
+import signal
 import subprocess
 import sys
 import tempfile
@@ -44,14 +45,17 @@ def console(field, *words):
     return field.tarvik("console", "--com1", field.line, "--lcucomms", "1", "--tool", field.tool.code, ":raw", *words).stdout
 
 
-def typed(field, lines):
-    """The console with commands typed, each after so many seconds; then the input ends."""
+def typed(field, lines, end=None):
+    """The console with commands typed, each after so many seconds; then a signal, or the end of the input."""
     words = field._words(["console", "--com1", field.line, "--lcucomms", "1"])
     program = subprocess.Popen(words, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
     for seconds, line in lines:
         time.sleep(seconds)
-        program.stdin.write(line + "\n")
+        program.stdin.write(line)
         program.stdin.flush()
+    if end:
+        time.sleep(3)
+        program.send_signal(end)
     said, _ = program.communicate(timeout=30)
     check(program.returncode == 0, f"the console ended with {program.returncode}: {said}")
     return said
@@ -144,11 +148,18 @@ def misbehaving(field):
         check(scans_shown >= 14, f"{fault}: {scans_shown} scans")
         check("Diagnostics mode closed" in said, f"{fault}: the console did not close")
     field.start_box("--model", "LCU4", "--depth", 10, "--fault", "hang-up@5=1500")
-    said = typed(field, [(0, "TT25"), (0, "V"), (8, ":find"), (6, "V"), (4, ":stop"), (2, ":bits")])
+    said = typed(field, [(0, "TT25\r\nV\r\n"), (8, ":fi"), (0.3, "nd\n"), (6, "V\n"), (4, ":stop\n"),
+                         (2, ":bits")])
     check(said.count("1 0 0 1 0 0 0 1") == 1, f"hang-up: the bits after all: {said}")
     found = [said.find(text) for text in ("Communications lost", "Data acquisition STOPPED", "activated on COM1",
                                           "Communications re-established")]
     check(-1 not in found and found == sorted(found), f"hang-up: {said}")
+
+    said = typed(field, [(2, "V\n")], signal.SIGINT)
+    check("LCU data stream stopped OK" in said and "Diagnostics mode closed" in said, f"Ctrl-C: {said}")
+    field.stop_box()
+    said = typed(field, [(0, "Q\n"), (2, ":find\n"), (0, ":bits\n")])
+    check("No port is open - find the LCU first" in said and "- - - - - - - -" in said, f"without a box: {said}")
 
 
 def lcu2plus(field):
