@@ -1,5 +1,6 @@
 #include "screens/screen_opener.h"
 
+#include "equipment/channel_states.h"
 #include "lcu/run_header_builder.h"
 #include "lcu/run_order.h"
 #include "processing/las_again.h"
@@ -76,7 +77,8 @@ void ScreenOpener::openSetup(const ScreenRequest& request) {
                      .log = p.log,
                      .operatorSide = p.frame.operatorSide,
                      .memory = memory_,
-                     .pageChanged = [&p](int page) { p.state.setupPage = page; }},
+                     .pageChanged = [&p](int page) { p.state.setupPage = page; },
+                     .portsChanged = [&p] { p.takePorts(); }},
                     &parent_);
     screen.selectPage(request.page, request.subPage);
     screen.exec();
@@ -156,7 +158,11 @@ void ScreenOpener::openCalibrations(const ScreenRequest&) {
                      .operatorSide = program_.frame.operatorSide,
                      .memory = memory_,
                      .exportFile = program_.places.homeDrive / "kvxcalib.txt",
-                     .unitOf = {}},
+                     .unitOf =
+                         [this](const CalibrationRow& row) {
+                             const EquipmentChoice tool{row.toolCode, row.serialNumber};
+                             return sensorUnit(program_.equipment.userTool(tool, 1).record, row.sensorName);
+                         }},
                     &parent_)
         .exec();
 }

@@ -20,6 +20,7 @@ struct TruckOptions {
     lcusim::LcuModel model = lcusim::LcuModel::lcu4;
     std::string tool = "K215";
     std::string sampling = "DEPTH";
+    bool dark = false;
     bool openScreens = false; ///< false: the screens that the frame wants are noted, not opened
 };
 
@@ -62,6 +63,7 @@ struct Truck {
         }
         program.equipment.ToolWinchData_adduserwinch(1, "W-1");
         program.storedSettings.Utilities_saveregsettings(settings);
+        if (options.dark) earlier.memory.keepTheme(Theme::dark);
         std::filesystem::copy(earlier.home.path(), home.path(), std::filesystem::copy_options::recursive);
     }
 
