@@ -225,6 +225,7 @@ DiagnosticsCommandPanel::DiagnosticsCommandPanel() {
 
 DiagnosticsListPanel::DiagnosticsListPanel() {
     tabs = new QTabWidget;
+    tabs->setObjectName("tabs");
     tabs->addTab(dataPage(), "D&ata log");
     tabs->addTab(valuesPage(), "C&hannels");
     tabs->addTab(rawPage(), "Ra&w bytes");
