@@ -183,13 +183,13 @@ def console_pictures(options, theme, tab, name):
             screen.key("ctrl+d")
             screen.wait_for_window("Diagnostics console")
             screen.key("alt+w", "alt+y", "alt+n")  # raw bytes, all of them; back to the single command
-            for command in ("Q", "X1", "TT25", "V"):
+            for command in ("Q", "X1", "TT50", "V"):
                 screen.type(command)
                 screen.key("Return")
                 time.sleep(1.5)
                 if command == "X1":
                     screen.key("Return")  # the box about a command that the LCU does not know
-            time.sleep(6)
+            time.sleep(10)
             screen.key(tab)
             time.sleep(1)
             screen.picture(options.pictures, name)
