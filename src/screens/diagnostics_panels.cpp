@@ -210,7 +210,7 @@ DiagnosticsCommandPanel::DiagnosticsCommandPanel() {
     send->setProperty("primary", true);
 
     auto* const card = new Card("Commands");
-    card->body()->addWidget(new Field("Si&ngle command", command, {}, "Enter sends; Up, Down: sent before"));
+    card->body()->addWidget(new Field("Si&ngle command", command, {}, "Enter sends; Up: sent before"));
     card->body()->addWidget(new Field("&Batch", batch, {}, "Enter sends; Shift+Enter: next line"), 1);
     card->body()->addLayout(row({clear, send}));
     auto* const column = new QVBoxLayout(this);

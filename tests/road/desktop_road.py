@@ -53,8 +53,8 @@ class Screen:
         self.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{size}x24"],
                                        pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
-        number = os.read(reader, 16).decode().strip()
-        os.close(reader)
+        with os.fdopen(reader) as answer:  # to the end of the line: closed before, the server would give up
+            number = answer.readline().strip()
         self.environment["DISPLAY"] = f":{number}"
         self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
 
