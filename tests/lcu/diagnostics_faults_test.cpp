@@ -97,6 +97,49 @@ TEST(DiagnosticsFaults, ScansThatHavePiledUpAreAllReadAndTheOperatorIsServedMean
     EXPECT_GE(std::ranges::count(bench.serial.wire, '<'), 400 / 6) << "sleeping serves the window";
 }
 
+TEST(DiagnosticsFaults, TheRestOfATornScanIsNotTakenForAnother) {
+    LinkBench<ScriptedPort> bench;
+    bench.link.port = 1;
+    DiagnosticsAcquisition line(bench.serial, bench.log, bench.link);
+    line.start();
+    bench.serial.put("\x03"
+                     "ab",
+                     5); // begins like a scan; nothing waits yet at the first look
+    bench.serial.put("\x04"
+                     "xyz",
+                     100);
+    int looks = 0;
+    while (line.look() != DiagnosticsAcquisition::Look::scan) ASSERT_LT(++looks, 20);
+    EXPECT_EQ(std::string(line.bytes().begin(), line.bytes().end()), "xyz");
+}
+
+TEST(StreamHunt, FindsTheSpacingOfScansAndNeverGuesses) {
+    const std::string scan = "\x0A"
+                             "123456789";
+    struct Case {
+        std::string stream;
+        std::size_t length, begun; ///< 0: nothing is found
+    };
+    const std::string three = scan + scan + scan;
+    const Case cases[] = {
+        {scan + scan, 0, 0},
+        {three, 10, 0},
+        {three + scan.substr(0, 4), 10, 4},
+        {three + "?" + three, 0, 0}, // torn too lately
+        {three + "?" + three + three + scan + scan + "\x0A", 10, 1},
+        {std::string(100, '\x0A'), 0, 0}, // any of ten places
+        {std::string(100, '\0'), 0, 0},
+        {std::string(700, '?') + three + three + three, 10, 0},
+    };
+    for (const Case& c : cases) {
+        StreamHunt hunt;
+        for (const char byte : c.stream) hunt.add(static_cast<std::uint8_t>(byte));
+        const auto found = hunt.found();
+        EXPECT_EQ(found ? found->length : 0, c.length) << c.stream;
+        EXPECT_EQ(found ? found->begun : 0, c.begun) << c.stream;
+    }
+}
+
 TEST(DiagnosticsFaults, ALineThatWasLostIsSaidToBeBack) {
     ConsoleRig rig({.faults = {"hang-up@5=2000"}});
     rig.acquire(20'000, "TT50\nV");
