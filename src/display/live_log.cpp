@@ -7,11 +7,17 @@ namespace tarvik {
 
 namespace {
 constexpr std::size_t columnLength = 2 * AcquisitionRing::capacity;
+
+/// Ten steps of the sampling, as for a run that is finished. By time the winch may do what it likes.
+double joinLimitOf(const RunSetup& setup) {
+    return setup.sampling == Sampling::depth ? 10 * double{setup.interval} / 100 : 0;
 }
+} // namespace
 
 void LiveLog::begin(const RunHeader& header) {
     channels_.clear();
     units_ = header.setup.units;
+    joinLimit_ = joinLimitOf(header.setup);
     channels_.push_back({"Speed", units_ == DepthUnits::metres ? "M/min" : "FT/Min", true, 0,
                          std::vector<float>(columnLength)});
     std::size_t number = 0;
@@ -80,6 +86,7 @@ LogData LiveLog::data() const {
     }
     data.firstStep = seen_ - size_;
     data.revision = seen_;
+    data.joinLimit = joinLimit_;
     return data;
 }
 

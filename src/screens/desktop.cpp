@@ -1,5 +1,6 @@
 #include "screens/desktop.h"
 
+#include "display/tool_scales.h"
 #include "screens/qt_text.h"
 #include "screens/screen_display.h"
 
@@ -12,6 +13,10 @@ namespace tarvik {
 namespace {
 
 constexpr int mainTimerMs = 1000;
+
+bool isDisplayToggle(std::string_view key) {
+    return key == "MB-Bullseye" || key == "MB-Fluid" || key == "MB-Sonic";
+}
 
 } // namespace
 
@@ -67,7 +72,12 @@ IntroWindowParts Desktop::windowParts() {
             .loadNotes = [this] { loadNotes(); }};
 }
 
+/// What only changes the picture of a run is no exchange: it may come at any time.
 void Desktop::toolClick(std::string_view key) {
+    if (isDisplayToggle(key)) {
+        program_.commands.toolClick(key);
+        return;
+    }
     gate_.pass([this, key] { program_.commands.toolClick(key); });
 }
 
@@ -84,15 +94,21 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
                                    .stop = [this] { acquisition_->stop(); },
                                    .setDepth = [this](double metres) { acquisition_->setDepth(metres); },
                                    .chooseEquipment = [this] { openScreen("frmEquipment"); }},
+                           .demo = {.start = [this] { demonstration_->start(); },
+                                    .pauseOrGoOn = [this] { demonstration_->pauseOrGoOn(); },
+                                    .stop = [this] { demonstration_->stop(); },
+                                    .chooseRun = [this] { openScreen("frmDemo"); },
+                                    .setPace = [this](PlaybackPace pace) { demonstration_->setPace(pace); }},
                            .review = {.open = [this] { toolClick("MB-Open"); },
                                       .details = [this] { openScreen("frmDetails"); },
                                       .exportLas = [this] { openScreen("frmLASexport"); },
                                       .calibrations = [this] { openScreen("frmCalibrations"); }}},
         program_.files);
-    screen->bars().whenScaleChosen([&picture = screen->picture()](double scale) { picture.setScale(scale); });
+    connectScales(*screen);
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
-    review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
-    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, events_);
+    demonstration_ = std::make_unique<Demonstration>(program_, *screen, gate_, runViewParts());
+    review_ = std::make_unique<ReviewSession>(program_, *screen, gate_, memory_);
+    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *demonstration_, events_);
     operator_.setReports(
         {.error = [this](const ErrorReport& error, std::string_view dateTime,
                          std::string_view file) { screens_->showError(error, dateTime, file); },
@@ -110,12 +126,36 @@ RunViewParts Desktop::runViewParts() {
         .currentLimit = [this] { return program_.equipment.currentTool().record.get(tool::maximumCurrent); },
         .started =
             [this](const RunHeader& header) {
-                screen().live().setRun(header);
+                screen().live().begin(header);
                 screen().logs().showPage(&screen().live());
                 screen().side().showLink(program_.link);
             },
-        .shown = [this](const CurrentScan& scan) { screen().live().showScan(scan); },
-        .ended = [this] { loadNotes(); }};
+        .shown = [this] { screen().live().follow(runShown()->ring); },
+        .stopping = [this] { screen().live().showDisplay({}); },
+        .ended = [this] { runEnded(); }};
+}
+
+/// The plot of the whole run stays; what the operator has set in it belongs to the tool. A run that was only
+/// played may be of another tool.
+void Desktop::runEnded() {
+    screen().live().follow(runShown()->ring);
+    screen().live().showDisplay({});
+    if (program_.state.mode == programMode::demo) return;
+    for (const LogCurve& curve : screen().live().rescaled()) keepToolScale(program_.equipment, curve);
+    loadNotes();
+}
+
+/// One scale for all logs, wherever it is chosen.
+void Desktop::connectScales(IntroScreen& screen) {
+    const auto apply = [&screen](double scale) {
+        screen.picture().setScale(scale);
+        screen.live().setScale(scale);
+    };
+    screen.bars().whenScaleChosen(apply);
+    screen.live().whenScaleChosen([&screen, apply](double scale) {
+        screen.bars().showScale(scale);
+        apply(scale);
+    });
 }
 
 // ---- What the frame calls.
@@ -124,11 +164,13 @@ void Desktop::connectHooks() {
     FrameHooks& hooks = program_.hooks;
     hooks.openScreen = [this](const ScreenRequest& request) {
         screens_->open(request);
-        if (window_.screen() != nullptr) acquisition_->show();
+        if (window_.screen() == nullptr) return;
+        acquisition_->show();
+        demonstration_->show();
     };
     hooks.searchForLcu = [this, search = hooks.searchForLcu] { return searchForLcu(search); };
     hooks.endProcess = [this] { endProcess(); };
-    hooks.printLog = [this](const Path&) { screens_->open({"print"}); };
+    hooks.printLog = [this](const Path&) { review_->print(); };
     hooks.loadHoleNotes = [this] { loadNotes(); };
 }
 
@@ -153,6 +195,11 @@ void Desktop::modeShown() {
     if (mode == programMode::review) operator_.linkPanel(""); // the port is closed from here on
     if (mode == programMode::review && review_) review_->show();
     if (acquisition_) acquisition_->show();
+    if (demonstration_) demonstration_->show();
+}
+
+const RunState* Desktop::runShown() const {
+    return program_.state.mode == programMode::demo ? demonstration_->run() : acquisition_->run();
 }
 
 void Desktop::showAcquire() {
@@ -174,6 +221,7 @@ void Desktop::showDemo() {
 
 void Desktop::closeRequested() {
     if (acquisition_->running()) return offerToStop();
+    if (demonstration_->running()) return stopDemonstrationAndClose();
     toolClick("MB-Exit");
 }
 
@@ -194,6 +242,12 @@ void Desktop::offerToStop() {
         acquisition_->stop();
     });
     box->open();
+}
+
+/// Nothing is lost by stopping it: no question is worth it.
+void Desktop::stopDemonstrationAndClose() {
+    demonstration_->whenEnded([this] { QTimer::singleShot(0, [this] { closeRequested(); }); });
+    demonstration_->stop();
 }
 
 void Desktop::endProcess() {

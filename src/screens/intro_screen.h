@@ -1,7 +1,7 @@
 // The main screen: bars, side frame, the logs, notices, status bar. It only lays them out and hands them on.
 #pragma once
 
-#include "screens/live_values.h"
+#include "screens/live_display.h"
 #include "screens/log_area.h"
 #include "screens/log_picture.h"
 #include "screens/main_bars.h"
@@ -24,6 +24,7 @@ struct IntroScreenActions {
     std::function<void()> closeRequested; ///< the window's own close button; the program decides
     std::function<void()> cancelSearch;
     RunPanelActions run;
+    DemoPanelActions demo;
     ReviewPanelActions review;
 };
 
@@ -40,7 +41,7 @@ class IntroScreen final : public QMainWindow {
     [[nodiscard]] QTabWidget& reviewPages() { return *review_; }
     [[nodiscard]] LogPicture& picture() { return *picture_; }
     [[nodiscard]] ValueTable& values() { return *values_; }
-    [[nodiscard]] LiveValues& live() { return *live_; }
+    [[nodiscard]] LiveDisplay& live() { return *live_; }
     [[nodiscard]] NotesPanel& notes() { return *notes_; }
 
     /// Lets the window go for good.
@@ -59,7 +60,7 @@ class IntroScreen final : public QMainWindow {
     QTabWidget* review_; ///< logs and values of the run under review
     LogPicture* picture_;
     ValueTable* values_;
-    LiveValues* live_;
+    LiveDisplay* live_; ///< the run that is being logged
     NotesPanel* notes_;
     bool unloading_ = false;
 };

@@ -95,6 +95,10 @@ void IntroWindow::showVersion(std::string_view label) {
     screen_->status().showVersion(label);
 }
 
+void IntroWindow::showSonicDisplay(std::string_view) {
+    screen_->status().showText("The sonic display is not built yet");
+}
+
 void IntroWindow::printOnLogPicture(std::string_view text) {
     screen_->logs().printLine(qt(text));
 }

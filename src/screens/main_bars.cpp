@@ -131,6 +131,10 @@ void MainBars::whenScaleChosen(std::function<void(double scale)> act) {
                      [act = std::move(act)](const QString& text) { act(text.section(':', 1).toDouble()); });
 }
 
+void MainBars::showScale(double scale) {
+    scales_->setCurrentText("1:" + QString::number(scale));
+}
+
 void MainBars::fillScales(std::span<const std::string_view> scales) {
     scales_->clear();
     for (const std::string_view scale : scales) scales_->addItem(qt(scale));

@@ -35,6 +35,8 @@ class MainBars {
     void fillScales(std::span<const std::string_view> scales);
     /// Told the scale that the operator chooses, 200 for 1:200.
     void whenScaleChosen(std::function<void(double scale)> act);
+    /// The scale as it is, 200 for 1:200; nobody is told.
+    void showScale(double scale);
     [[nodiscard]] QComboBox& scales() { return *scales_; }
 
   private:

@@ -4,10 +4,13 @@
 
 #include <QLocale>
 
+#include <utility>
+
 namespace tarvik {
 
 void ScreenRunView::requestStop() {
     stop_ = true;
+    parts_.stopping();
     screen_.side().run().setState(RunPanel::State::stopping);
 }
 
@@ -64,16 +67,15 @@ void ScreenRunView::LCU_ShowDepthSpeed(double depthMetres, double metresPerMinut
 void ScreenRunView::LCU_ShowLoggingProgress(const RunProgress& progress) {
     screen_.status().showTimes(elapsedText(progress.elapsedMinutes),
                                completionText(progress, setup_.sampling, clock_.now()));
+    refreshWhenDue(); // the last scans before a silence
 }
 
 /// Not every model is shown its depth scan by scan: kept scans show it, too.
 void ScreenRunView::scanKept(const KeptScanView& scan) {
     latest_.kept = scan.number;
     if (!scan.savedDepth.empty() && !keepingShown_) keepingState(KeepingState::kept, {});
+    keptSinceRefresh_ = true;
     LCU_ShowDepthSpeed(scan.depth, scan.speed);
-    if (clock_.tickMs() - valuesShownTick_ < refreshEveryMs) return;
-    valuesShownTick_ = clock_.tickMs();
-    parts_.shown(*scan.scan);
 }
 
 void ScreenRunView::refreshWhenDue() {
@@ -82,6 +84,7 @@ void ScreenRunView::refreshWhenDue() {
 
 void ScreenRunView::refresh() {
     refreshedTick_ = clock_.tickMs();
+    if (std::exchange(keptSinceRefresh_, false)) parts_.shown();
     InstrumentPanel& instrument = screen_.side().instrument();
     instrument.showCurrent(latest_.milliamps, latest_.volts, parts_.currentLimit());
     if (latest_.depth) {

@@ -14,7 +14,8 @@ struct RunViewParts {
     std::function<void(bool)> setEnabled;          ///< the frame's menus and buttons
     std::function<int()> currentLimit;             ///< of the tool, mA; 0 for none
     std::function<void(const RunHeader&)> started; ///< for the log display
-    std::function<void(const CurrentScan&)> shown; ///< the latest kept scan, ten times a second
+    std::function<void()> shown;                   ///< scans have been kept; at most ten times a second
+    std::function<void()> stopping;                ///< the stop button: the scan in hand is the last
     std::function<void()> ended;
 };
 
@@ -62,7 +63,7 @@ class ScreenRunView final : public RunView {
     Path file_;
     Latest latest_;
     std::int64_t refreshedTick_ = 0;
-    std::int64_t valuesShownTick_ = 0;
+    bool keptSinceRefresh_ = false;
     bool keepingShown_ = false; ///< a run that keeps its scans from the start says nothing of it
     bool stop_ = false;
 };

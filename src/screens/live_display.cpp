@@ -1,0 +1,194 @@
+#include "screens/live_display.h"
+
+#include "app/start_up.h"
+#include "base/number_picture.h"
+#include "screens/live_curve_panel.h"
+#include "screens/qt_text.h"
+#include "screens/styles.h"
+#include "screens/theme.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+constexpr const char* gaugesNote = "The monitor of the sampler's valves and motor is not built. Gauges and "
+                                   "logs show what its channels read.";
+
+QToolButton* button(const char* objectName, const QString& text, const QString& tip, bool checkable) {
+    auto* const made = new QToolButton;
+    made->setObjectName(objectName);
+    made->setText(text);
+    made->setToolTip(tip);
+    made->setCheckable(checkable);
+    made->setFocusPolicy(Qt::TabFocus);
+    made->setMinimumHeight(28);
+    return made;
+}
+
+constexpr int wideDisplay = 1300; // pixels: room for larger digits
+
+double scaleOf(const QString& text) {
+    return text.section(':', 1).toDouble();
+}
+
+/// What the scale means: "1 mm is 0.2 m".
+QString scaleWords(const LiveView& view) {
+    const bool byTime = view.view().axis == Axis::time;
+    const double one = byTime ? secondsPerMillimetre(view.scale()) : view.scale() / 1000;
+    return "1 mm is " + qt(shortestNumber(static_cast<float>(one))) + (byTime ? " s" : " m");
+}
+
+} // namespace
+
+LiveDisplay::LiveDisplay()
+    : plot_(new LivePlot),
+      values_(new LiveValues),
+      panel_(new LiveCurvePanel(
+          this, [this](const std::string& channel, const ScalePair& scale,
+                       const std::string& filter) { return plot_->change(channel, scale, filter); })),
+      depth_(button("comlivedepth", "Depth", "Draw the run by depth", true)),
+      time_(button("comlivetime", "Time", "Draw the run by time", true)),
+      scales_(new QComboBox),
+      scaleWords_(roleLabel("quiet")),
+      paint_(button("comlivepaint", "Equally spaced", "Each curve in a track of its own", true)),
+      curves_(button("comlivecurves", "Curves\u2026", "Scale and filter of a curve; or double-click its head",
+                     false)),
+      follow_(button("comlivefollow", "Follow the tool", "Back to where the tool is (End)", true)),
+      note_(roleLabel("quiet", gaugesNote)) {
+    setObjectName("livedisplay");
+    bar_ = makeBar();
+    note_->setObjectName("lblivenote");
+    note_->setContentsMargins(12, 4, 12, 4);
+    note_->setVisible(false);
+    auto* const left = new QVBoxLayout;
+    left->setSpacing(0);
+    left->addWidget(bar_);
+    left->addWidget(plot_, 1);
+    left->addWidget(note_);
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addLayout(left, 1);
+    row->addWidget(values_);
+    plot_->whenMoved([this] { showState(); });
+    plot_->whenCurveChosen([this](const std::string& channel) { openCurves(channel); });
+    showState();
+}
+
+QWidget* LiveDisplay::makeBar() {
+    for (const std::string_view scale : logScales) scales_->addItem(qt(scale));
+    scales_->setObjectName("cmblivescale");
+    scales_->setAccessibleName("Scale of the live plot");
+    scales_->setToolTip("Scale of the plot");
+    auto* const bar = new QWidget;
+    bar->setStyleSheet("QToolButton { border: 1px solid palette(mid); padding: 4px 12px; }");
+    auto* const row = new QHBoxLayout(bar);
+    row->setContentsMargins(8, 6, 8, 6);
+    row->setSpacing(4);
+    row->addWidget(depth_);
+    row->addWidget(time_);
+    row->addSpacing(measure::gap);
+    row->addWidget(scales_);
+    row->addSpacing(4);
+    row->addWidget(scaleWords_);
+    row->addSpacing(measure::gap);
+    row->addWidget(paint_);
+    row->addWidget(curves_);
+    row->addStretch(1);
+    row->addWidget(follow_);
+    connect(depth_, &QToolButton::clicked, this, [this] { setAxis(Axis::depth); });
+    connect(time_, &QToolButton::clicked, this, [this] { setAxis(Axis::time); });
+    connect(paint_, &QToolButton::clicked, this, [this](bool on) { setEquallySpaced(on); });
+    connect(curves_, &QToolButton::clicked, this, [this] { openCurves({}); });
+    connect(follow_, &QToolButton::clicked, this, [this] { plot_->followTool(); });
+    connect(scales_, &QComboBox::textActivated, this, [this](const QString& text) {
+        setScale(scaleOf(text));
+        if (scaleChosen_) scaleChosen_(scaleOf(text));
+    });
+    return bar;
+}
+
+void LiveDisplay::begin(const RunHeader& header) {
+    panel_->hide();
+    values_->setRun(header);
+    plot_->begin(header);
+    values_->setColours(plot_->curves().shown());
+    plot_->setFocus();
+    showState();
+}
+
+void LiveDisplay::follow(const AcquisitionRing& ring) {
+    plot_->follow(ring);
+    if (ring.size() > 0) values_->showPoint(ring.fromOldest(ring.size() - 1));
+}
+
+void LiveDisplay::showDisplay(std::string_view caption) {
+    panel_->hide();
+    plot_->showDisplay(caption);
+    values_->setColours(plot_->curves().shown());
+    showState();
+}
+
+void LiveDisplay::setScale(double scale) {
+    plot_->setScale(scale);
+    showState();
+}
+
+void LiveDisplay::setAxis(Axis axis) {
+    plot_->setAxis(axis);
+    showState();
+}
+
+void LiveDisplay::setEquallySpaced(bool spaced) {
+    plot_->setEquallySpaced(spaced);
+    showState();
+}
+
+void LiveDisplay::openCurves(const std::string& channel) {
+    panel_->open(plot_->curves(), channel);
+    placePanel();
+}
+
+/// The controls as the plot is now.
+void LiveDisplay::showState() {
+    const LiveView& view = plot_->liveView();
+    const bool logs = plot_->page() == LivePage::logs;
+    bar_->setVisible(logs);
+    note_->setVisible(plot_->page() == LivePage::gauges);
+    values_->setVisible(plot_->page() != LivePage::gauges); // the gauges show the same
+    depth_->setChecked(view.view().axis == Axis::depth);
+    time_->setChecked(view.view().axis == Axis::time);
+    paint_->setChecked(view.view().equallySpaced);
+    follow_->setChecked(view.following());
+    follow_->setText(view.following() ? "Following" : "Follow the tool");
+    scales_->setCurrentText("1:" + QString::number(view.scale()));
+    scaleWords_->setText(scaleWords(view));
+}
+
+void LiveDisplay::placePanel() {
+    panel_->move(std::max(8, plot_->width() - panel_->width() - 24), bar_->height() + 8);
+}
+
+void LiveDisplay::resizeEvent(QResizeEvent*) {
+    values_->setColumnWidth(width() > wideDisplay ? 264 : 216);
+    placePanel();
+}
+
+void LiveDisplay::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) {
+        plot_->takeTheme();
+        values_->setColours(plot_->curves().shown());
+    }
+    QWidget::changeEvent(event);
+}
+
+} // namespace tarvik
