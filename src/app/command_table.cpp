@@ -30,7 +30,7 @@ std::span<const CommandTable::Command> CommandTable::commands() {
         Command{"Help-about", &Table::open, {"frmAbout"}},
         Command{"Help-backup", &Table::backUp},
         Command{"Help-diagnostics", &Table::open, {"frmDiagnostics"}},
-        Command{"Help-demo", &Table::open, {"frmDemo"}},
+        Command{"Help-demo", &Table::openDemo, {"frmDemo"}},
         Command{"Help-ReleaseNotes", &Table::open, {"frmReadme"}},
         Command{"Help-contents", &Table::openHelp},
         Command{"MB-Setup", &Table::openSetupAgain},
@@ -101,6 +101,12 @@ void CommandTable::openSetupAgain(const Command&) {
 
 void CommandTable::openFiles(const Command& command) {
     if (frame_.state.mode != programMode::review) modes_.Utilities_setprogrammode("REVIEW");
+    frame_.hooks.openScreen(command.screen);
+}
+
+/// The mode first, with its staged search; its screen then drives the rest.
+void CommandTable::openDemo(const Command& command) {
+    if (frame_.state.mode != programMode::demo) modes_.Utilities_setprogrammode("DEMO");
     frame_.hooks.openScreen(command.screen);
 }
 

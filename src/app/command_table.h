@@ -42,6 +42,7 @@ class CommandTable {
     void openSetup(const Command&);
     void openSetupAgain(const Command&);
     void openFiles(const Command&);
+    void openDemo(const Command&);
     void openBatch(const Command&);
     void print(const Command&);
     void closeRun(const Command&);

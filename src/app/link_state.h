@@ -19,6 +19,8 @@ struct LinkState {
 
     bool busy = false;            ///< an exchange is under way; held through LinkClaim (lcu/link_claim.h)
     bool acquiring = false;       ///< scans are wanted or coming: no box may wait for the operator
+    bool lost = false;            ///< the box was there and has stopped sending or answering: its port went,
+                                  ///< or nothing comes any more; ends with the next scan or good answer
     bool diagnosticsOpen = false; ///< the diagnostics console is open: good commands are not logged
     bool demo = false; ///< the port number is a show: no device is behind it, nothing is sent or closed
 

@@ -45,6 +45,8 @@ struct ReviewLog {
     bool truncated = false;       ///< more steps than the arrays hold
 
     [[nodiscard]] std::size_t steps() const { return depth.size(); }
+    /// The step that was logged as the i-th: an up-log was turned round, its last scan stands first.
+    [[nodiscard]] std::size_t asLogged(std::size_t i) const { return reversed ? steps() - 1 - i : i; }
     /// "Metres", "Feet" or the index's own unit.
     [[nodiscard]] std::string_view depthUnit() const {
         return otherDepthUnit ? std::string_view(*otherDepthUnit) : depthUnitsText(header.setup.units);

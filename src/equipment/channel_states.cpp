@@ -1,5 +1,6 @@
 #include "equipment/channel_states.h"
 
+#include "equipment/calibration_record.h"
 #include "equipment/calibration_words.h"
 
 #include <algorithm>
@@ -40,6 +41,16 @@ std::string toolModeText(const ToolRecord& record, int mode) {
     const std::string name = record.get(tool::modeName(mode));
     return number + (name.empty() ? "" : name + " ") + "(" + std::to_string(channels) +
            (channels == 1 ? " channel)" : " channels)");
+}
+
+std::string sensorUnit(const ToolRecord& record, std::string_view sensor) {
+    for (const int mode : {1, 2}) {
+        for (int channel = 1; channel <= tool::channels(record, mode); ++channel) {
+            if (sameSensor(record.get(tool::channelName(mode, channel)), sensor))
+                return record.get(tool::channelUnit(mode, channel));
+        }
+    }
+    return {};
 }
 
 } // namespace tarvik

@@ -27,4 +27,7 @@ struct ChannelState {
 /// "1  Gamma only (2 channels)", "2  (none)".
 [[nodiscard]] std::string toolModeText(const ToolRecord& record, int mode);
 
+/// The unit of a sensor in the tool's record, whichever mode names it; empty when none does.
+[[nodiscard]] std::string sensorUnit(const ToolRecord& record, std::string_view sensor);
+
 } // namespace tarvik

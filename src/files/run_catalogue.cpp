@@ -14,11 +14,22 @@ namespace {
 
 constexpr std::array<std::string_view, 3> filesOfTheHole{"_NOTES.KVX", "_HOLEDETAILS.KVX", "_LITHOLOGY.KVX"};
 
-bool isReviewable(const std::string& name) {
-    const std::string upper = upperCase(name);
-    if (upper.ends_with(".LAS")) return true;
+bool isRun(const std::string& upper) {
     return upper.ends_with(".KVX") &&
            std::ranges::none_of(filesOfTheHole, [&](std::string_view end) { return upper.ends_with(end); });
+}
+
+bool isReviewable(const std::string& upper) {
+    return upper.ends_with(".LAS") || isRun(upper);
+}
+
+std::vector<Path> filesThat(bool (*fit)(const std::string& upperName), const Files& files,
+                            const Path& folder) {
+    std::vector<Path> found;
+    for (const std::string& name : files.list(folder)) {
+        if (fit(upperCase(name))) found.push_back(folder / name);
+    }
+    return found;
 }
 
 std::string depthsText(const DepthRange& range, DepthUnits units) {
@@ -29,11 +40,11 @@ std::string depthsText(const DepthRange& range, DepthUnits units) {
 } // namespace
 
 std::vector<Path> reviewableFiles(const Files& files, const Path& folder) {
-    std::vector<Path> found;
-    for (const std::string& name : files.list(folder)) {
-        if (isReviewable(name)) found.push_back(folder / name);
-    }
-    return found;
+    return filesThat(isReviewable, files, folder);
+}
+
+std::vector<Path> runFiles(const Files& files, const Path& folder) {
+    return filesThat(isRun, files, folder);
 }
 
 RunRow describeRun(const Files& files, const Path& file) {

@@ -21,6 +21,9 @@ struct RunRow {
 /// *.kvx (but the hole's own notes, details and lithology) and *.las of a folder, by name.
 [[nodiscard]] std::vector<Path> reviewableFiles(const Files& files, const Path& folder);
 
+/// The run files alone.
+[[nodiscard]] std::vector<Path> runFiles(const Files& files, const Path& folder);
+
 /// Reads a run's header; of a LAS file only its name.
 [[nodiscard]] RunRow describeRun(const Files& files, const Path& file);
 

@@ -173,4 +173,11 @@ std::string runDetailsText(const ReviewLog& log, const Path& file) {
     return text;
 }
 
+std::string importText(const ReviewLog& log) {
+    std::string text;
+    if (!log.las) return text;
+    for (const std::string& finding : log.las->findings) text.append(finding).append("\n");
+    return text;
+}
+
 } // namespace tarvik

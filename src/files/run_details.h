@@ -44,6 +44,10 @@ struct ChannelDetails {
 /// One for each recorded channel. A channel that the header does not describe has the default calibration.
 [[nodiscard]] std::vector<ChannelDetails> channelDetails(const ReviewLog& log);
 
+/// What was dropped, converted or repaired while a LAS file was loaded, one line each, ended by "\n"; empty
+/// for a run file and for a LAS file that was loaded as it stands.
+[[nodiscard]] std::string importText(const ReviewLog& log);
+
 /// Everything, one line each, ended by "\n".
 [[nodiscard]] std::string runDetailsText(const ReviewLog& log, const Path& file);
 

@@ -20,11 +20,6 @@ bool samePolynomial(const Calibration& a, const Calibration& b) {
     return std::ranges::equal(termsOf(a), termsOf(b));
 }
 
-/// An up-log was turned round for review: its last scan stands first.
-std::size_t inOrderOfLogging(const ReviewLog& run, std::size_t i) {
-    return run.reversed ? run.steps() - 1 - i : i;
-}
-
 std::optional<std::size_t> channelNamed(const ReviewLog& run, std::string_view name) {
     const auto found = std::ranges::find(run.channels, name, &ReviewChannel::name);
     if (found == run.channels.end()) return std::nullopt;
@@ -67,7 +62,7 @@ std::optional<HoleWay> wayAtEnd(const ReviewLog& run, const RunHeader& current) 
         return channelValue(before, run.channels[channel].values[step]);
     };
     for (std::size_t i = run.steps(); i-- > 0;) {
-        const std::size_t step = inOrderOfLogging(run, i);
+        const std::size_t step = run.asLogged(i);
         if (run.channels[*field].values[step] == 0) continue;
         const auto wayEast = wayOf(*east, step), wayNorth = wayOf(*north, step);
         if (!wayEast || !wayNorth) return std::nullopt;
@@ -80,9 +75,9 @@ void showEarlierScans(const ReviewLog& run, const RunHeader& current, Acquisitio
     const std::size_t channels =
         std::min({run.channels.size(), run.header.channels.size(), current.channels.size()});
     const std::size_t skipped = run.steps() - std::min(run.steps(), AcquisitionRing::capacity);
-    const double whole = run.steps() == 0 ? 0 : run.time[inOrderOfLogging(run, run.steps() - 1)];
+    const double whole = run.steps() == 0 ? 0 : run.time[run.asLogged(run.steps() - 1)];
     for (std::size_t i = skipped; i < run.steps(); ++i) {
-        const std::size_t step = inOrderOfLogging(run, i);
+        const std::size_t step = run.asLogged(i);
         AcquisitionPoint point;
         point.depth = static_cast<float>(toMetres(run.depth[step], run.header.setup.units));
         point.seconds = run.time[step] - whole;

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <tuple>
+#include <utility>
 
 namespace tarvik {
 
@@ -109,7 +110,7 @@ LinkResult LcuCommands::sendPlain(std::string_view text) {
 
 // ---- The routines themselves.
 
-LinkResult LcuCommands::command(std::string_view text) {
+LinkResult LcuCommands::command(std::string_view text, Complaint complaint) {
     return errors_.run("LCUFunctions-LCU_Command", LinkResult::failed, [&](Level& level) {
         port_.send(text);
         port_.wait(commandWaitMs);
@@ -118,7 +119,7 @@ LinkResult LcuCommands::command(std::string_view text) {
         level = 2; // telling
         const std::string sent(text);
         if (result != LinkResult::good) {
-            complain("Problems sending this command to LCU > " + sent + "\r\n" + link_.statusText);
+            complain("Problems sending this command to LCU > " + sent + "\r\n" + link_.statusText, complaint);
             log_.black("Above problems occurred after sending " + sent + " to " + link_.model);
         } else if (!link_.diagnosticsOpen) {
             log_.black("Command " + sent + " sent to " + link_.model + " OK.");
@@ -146,7 +147,8 @@ LinkResult LcuCommands::reset() {
 
 LinkResult LcuCommands::stop() {
     return errors_.run("LCUFunctions-LCU_StopDataStream", LinkResult::failed, [&](Level&) {
-        const LinkResult result = command("X");
+        const bool gone = port_.waiting() < 0;
+        const LinkResult result = gone ? LinkResult::failed : command("X", Complaint::passes);
         if (result == LinkResult::good) {
             log_.black("LCU data stream stopped OK");
         } else {
@@ -213,6 +215,7 @@ LinkResult LcuCommands::noAnswer() {
 
 LinkResult LcuCommands::judge(std::int32_t value) {
     link_.status = value;
+    link_.lost = false;
     if (const LcuModel* model = modelWithStatus(value)) {
         // Only an LCU2Plus names itself with every status; an LCU4 is named by the search alone.
         if (model == lcu2Plus) setModel(link_, model);
@@ -259,13 +262,17 @@ std::string LcuCommands::askForVersion(std::string_view text) {
     return fromAnsi(version);
 }
 
-void LcuCommands::complain(std::string_view text) {
+void LcuCommands::complain(std::string_view text, Complaint complaint) {
     constexpr std::string_view title = "Communications error";
-    if (link_.acquiring) {
+    if (link_.acquiring || complaint == Complaint::passes) {
         operator_.notice(title, text, Icon::critical);
     } else {
         operator_.message(title, text, Icon::critical);
     }
+}
+
+void LcuCommands::setLost(bool lost) {
+    if (std::exchange(link_.lost, lost) != lost) showLink();
 }
 
 void LcuCommands::showLink() {

@@ -42,7 +42,8 @@ class LcuCommands {
     LinkResult LCU_Command(std::string_view text);
     /// On the wire: X Q X Q Q.
     LinkResult LCU_Reset();
-    /// Stops the scan stream. On the wire: X Q.
+    /// Stops the scan stream. On the wire: X Q. It is what one does on leaving: what goes wrong is said
+    /// without a box that waits, and to a port that has gone nothing is sent.
     LinkResult stopStream();
     /// Powers the tool down. On the wire: X Q P Q, an LCU4 also ER0 Q, then the Q whose answer counts.
     LinkResult LCU_PowerOFF_Reset();
@@ -63,12 +64,16 @@ class LcuCommands {
     /// Sends without asking for the status: "V" starts the stream, and an answer would get lost in it.
     LinkResult sendPlain(std::string_view text);
 
-    /// Told after a reset and after a power-down. Null: nobody.
+    /// Said by whoever listens to the stream: nothing comes any more, or something comes again.
+    void setLost(bool lost);
+
+    /// Told after a reset, after a power-down and when the box is lost or found again. Null: nobody.
     void setWatcher(LinkWatcher* watcher) { watcher_ = watcher; }
 
   private:
     // The same routines, called while the link is held.
-    LinkResult command(std::string_view text);
+    enum class Complaint { waits, passes }; ///< does its box wait for the operator?
+    LinkResult command(std::string_view text, Complaint complaint = Complaint::waits);
     LinkResult reset();
     LinkResult stop();
     LinkResult powerOff();
@@ -78,7 +83,7 @@ class LcuCommands {
     std::int32_t askForStatus();
     LinkResult noAnswer();
     LinkResult judge(std::int32_t value);
-    void complain(std::string_view text);
+    void complain(std::string_view text, Complaint complaint);
     std::string askForVersion(std::string_view text);
     void showLink();
 

@@ -26,6 +26,7 @@ std::int32_t LcuPort::openDevice(std::int32_t port, std::int32_t baud) {
 bool LcuPort::open(std::int32_t port, std::int32_t baud) {
     const std::int32_t opened = openDevice(port, baud);
     const std::string speed = std::to_string(baud);
+    openingCode_ = opened;
     if (opened != succeeded) {
         log_.red("Problems opening " + comName(port) + " port at " + speed + " - may be in use");
         if (const std::string problem = serial_.openProblem(); !problem.empty()) log_.red(problem);
@@ -33,6 +34,7 @@ bool LcuPort::open(std::int32_t port, std::int32_t baud) {
     }
     link_.port = port;
     link_.baud = baud;
+    link_.lost = false;
     log_.black("Port " + comName(port) + " opened OK at " + speed + " baud");
     if (const std::int32_t code = serial_.ComSetFlow(port, flowOff); code != succeeded) {
         log_.black("Problem setting flow off on comms port - error " + std::to_string(code));
@@ -56,6 +58,7 @@ void LcuPort::close() {
     serial_.ComClose(link_.port);
     log_.black("Port " + comName(link_.port) + " closed");
     link_.port = 0;
+    link_.lost = false;
 }
 
 std::int32_t LcuPort::send(std::string_view text) {

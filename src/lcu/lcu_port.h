@@ -22,6 +22,9 @@ class LcuPort {
     /// Opens the port as the LCU wants it (8 data bits, no parity, no flow control) and logs how it went.
     /// After a success the link state holds port and speed.
     bool open(std::int32_t port, std::int32_t baud);
+    /// Of the last `open` that failed: its code and the port's own sentence.
+    [[nodiscard]] std::int32_t openingCode() const { return openingCode_; }
+    [[nodiscard]] std::string openingProblem() const { return serial_.openProblem(); }
     /// Closes the open port and opens it again as it was, without a word: for a line that was lost.
     bool reopen();
     /// Closes the port if one is open, logs it and sets the number to 0.
@@ -45,6 +48,7 @@ class LcuPort {
     SerialPort& serial_;
     StatusLog& log_;
     LinkState& link_;
+    std::int32_t openingCode_ = 1;
 };
 
 } // namespace tarvik

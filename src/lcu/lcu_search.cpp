@@ -57,6 +57,8 @@ SearchResult LcuSearch::LCU_Locate(std::int32_t lcuComms, const std::function<bo
 SearchResult LcuSearch::tryPorts(std::int32_t lcuComms, const std::function<bool()>& cancelled) {
     const LinkClaim claim(link_);
     if (!claim) return SearchResult::busy;
+    tries_.clear();
+    cancelled_ = false;
     port_.close();
     link_.port = 0;
     link_.demo = false;
@@ -74,6 +76,7 @@ SearchResult LcuSearch::tryPorts(std::int32_t lcuComms, const std::function<bool
             const Answer answer = tryPort(port, baud, cancelled);
             if (answer == Answer::lcu) return SearchResult::found;
             if (answer == Answer::cancelled) {
+                cancelled_ = true;
                 log_.black(" LCU search cancelled by user");
                 return SearchResult::cancelled;
             }
@@ -86,7 +89,10 @@ SearchResult LcuSearch::tryPorts(std::int32_t lcuComms, const std::function<bool
 LcuSearch::Answer LcuSearch::tryPort(std::int32_t port, std::int32_t baud,
                                      const std::function<bool()>& cancelled) {
     operator_.linkPanel(" Checking port " + comName(port));
-    if (!port_.open(port, baud)) return Answer::other;
+    if (!port_.open(port, baud)) {
+        tries_.push_back({port, outcomeOfOpening(port_.openingCode()), port_.openingProblem()});
+        return Answer::other;
+    }
     const auto giveUp = [&](Answer answer) {
         log_.black("Closing comms port " + comName(port));
         port_.close();
@@ -98,7 +104,10 @@ LcuSearch::Answer LcuSearch::tryPort(std::int32_t port, std::int32_t baud,
     }
     const std::int32_t status = readStatus();
     const LcuModel* model = modelWithStatus(status);
-    if (!model) return giveUp(Answer::other);
+    if (!model) {
+        tries_.push_back({port, status == -1 ? PortOutcome::silent : PortOutcome::otherAnswer});
+        return giveUp(Answer::other);
+    }
     setModel(link_, model);
     link_.status = status;
     return Answer::lcu;

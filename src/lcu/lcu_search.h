@@ -8,9 +8,11 @@
 #include "app/status_log.h"
 #include "lcu/lcu_commands.h"
 #include "lcu/lcu_port.h"
+#include "lcu/search_report.h"
 
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 namespace tarvik {
 
@@ -37,6 +39,11 @@ class LcuSearch {
     /// `cancelled` is asked after every wait; when it says true the search ends.
     SearchResult LCU_Locate(std::int32_t lcuComms, const std::function<bool()>& cancelled = {});
 
+    /// What the last search met on the ports where it found no LCU; empty before the first.
+    [[nodiscard]] std::vector<PortReport> report() const { return reportOf(tries_); }
+    /// The operator ended the last search.
+    [[nodiscard]] bool cancelled() const { return cancelled_; }
+
   private:
     enum class Answer { lcu, other, cancelled };
 
@@ -51,6 +58,8 @@ class LcuSearch {
     LcuPort& port_;
     LcuCommands& commands_;
     LinkState& link_;
+    std::vector<PortTry> tries_;
+    bool cancelled_ = false;
 };
 
 } // namespace tarvik

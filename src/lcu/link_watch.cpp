@@ -11,6 +11,7 @@ void LinkWatch::portGone() {
             Icon::critical);
     }
     state_ = State::gone;
+    lcu_.setLost(true);
     if (port_.reopen()) {
         state_ = State::backWithoutScans;
         waitingSince_ = clock_.tickMs();

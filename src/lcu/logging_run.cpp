@@ -5,12 +5,12 @@
 #include "lcu/earlier_run.h"
 #include "lcu/run_header_builder.h"
 #include "lcu/run_keeping.h"
+#include "lcu/run_ownership.h"
 #include "lcu/run_preparation.h"
 #include "lcu/scan_loop.h"
 #include "lcu/start_checks.h"
+#include "lcu/tool_buttons.h"
 #include "lcu/tool_rules.h"
-
-#include <array>
 
 namespace tarvik {
 
@@ -18,20 +18,6 @@ namespace {
 
 constexpr std::string_view notSavedNote = "NOTE : Data NOT saved to file";
 constexpr std::string_view routine = "LCUFunctions-LCU_AcquireData_Pulse";
-constexpr std::array toolButtons{&bullseyeButton, &gaugesButton};
-
-/// While it lives the LCU belongs to the run: no box waits for the operator, the program does not end.
-class Owning {
-  public:
-    explicit Owning(RunModules& modules) : modules_(modules) { set(true); }
-    ~Owning() { set(false); }
-    Owning(const Owning&) = delete;
-    Owning& operator=(const Owning&) = delete;
-
-  private:
-    void set(bool owned) { modules_.link.acquiring = modules_.state.logging = owned; }
-    RunModules& modules_;
-};
 
 } // namespace
 
@@ -57,27 +43,17 @@ RunResult LoggingRun::LCU_AcquireData_Pulse(const RunOrder& order) {
         run_.header = buildRunHeader(order, modules_.equipment.currentTool(),
                                      modules_.equipment.currentWinch(), modules_.clock.now());
         run_.header.setup.winchDepthFactor *= modules_.link.modelFactor;
-        showToolButtons();
+        showToolButtons(modules_.view, modules_.state, run_.header.tool.code);
         level = 1; // choosing the file
         if (!chooseFile(order)) return RunResult::notStarted;
         logHead(order);
         level = 2; // the box is ours from here on
-        const Owning owning(modules_);
+        const RunOwnership owning(modules_.link, modules_.state);
         const bool streamed = modules_.errors.run(routine, false, [&](Level&) { return prepareAndStream(); });
         level = 3; // closing, whatever happened
         const bool allWritten = close(order);
         return streamed && allWritten ? RunResult::finished : RunResult::failed;
     });
-}
-
-void LoggingRun::showToolButtons() {
-    const ToolRule& rule = toolRule(run_.header.tool.code);
-    for (const ToolButton* button : toolButtons) {
-        modules_.view.toolButton(button->key, button->caption, rule.button == button);
-    }
-    // What the buttons say now is what the displays show, whatever an earlier run ended with.
-    modules_.state.deviationDisplay = bullseyeButton.caption;
-    modules_.state.fluidDisplay = gaugesButton.caption;
 }
 
 /// The latest run continued or the next one: false when the operator cancels or appending is refused.

@@ -28,7 +28,6 @@ class LoggingRun {
     [[nodiscard]] const RunState& state() const { return run_; }
 
   private:
-    void showToolButtons();
     [[nodiscard]] bool chooseFile(const RunOrder& order);
     [[nodiscard]] bool mayAppend(const Path& latest);
     void sayRecalibrated(const RunHeader& onFile);

@@ -57,6 +57,7 @@ void ScanLoop::pass() {
 
 void ScanLoop::onScan(std::span<const std::uint8_t> bytes) {
     ScanState& scan = run_.scan;
+    modules_.lcu.setLost(false);
     if (watch_.scanCame()) {
         scan.lastSampledDepth = noDepthSampled;
         backFromLoss_ = true;
@@ -76,9 +77,14 @@ void ScanLoop::onScan(std::span<const std::uint8_t> bytes) {
 
 void ScanLoop::onSilence() {
     watch_.silent();
+    const RunSetup& setup = run_.header.setup;
+    const bool byTime = setup.sampling == Sampling::time;
     const std::int64_t silentMs = modules_.clock.tickMs() - lastByteTick_;
-    if (watch_.lost() || silentMs < silenceShownAfterMs) return;
+    const auto mayBeSilentMs =
+        silenceShownAfterMs + static_cast<std::int64_t>(byTime ? setup.interval * 1000 : 0);
+    if (watch_.lost() || silentMs < mayBeSilentMs) return;
     say(KeepingState::noScans, "the LCU sends nothing");
+    if (byTime) modules_.lcu.setLost(true); // by depth a standing winch is as silent
 }
 
 void ScanLoop::onTimeout(const ScanRead& read) {

@@ -27,7 +27,8 @@ Refusal refusalOf(const ToolRecord& tool, const LinkState& link, std::string_vie
     const std::string code = tool.get(tool::code);
     if (code == sonicTool) return sonicRefusal(link);
     if (code.empty()) return {"Tool", "No tool is chosen. Choose one of your tools first."};
-    if (link.demo) return {"Demonstration", "The demonstration run is not built yet. Connect an LCU to log."};
+    if (link.demo)
+        return {"Demonstration", "A demonstration plays a run on file. To log, go to Acquire first."};
     if (!link.open() || modelNamed(link.model) == nullptr)
         return {"LCU", "No LCU is connected. Search for it first."};
     if (!canStandInFileName(hole)) { // it becomes part of one

@@ -29,6 +29,9 @@ class TermiosPort final : public SerialPort {
     TermiosPort(const TermiosPort&) = delete;
     TermiosPort& operator=(const TermiosPort&) = delete;
 
+    /// From the next opening on; a port that is open stays as it is.
+    void useDevices(PortDevices devices) { devices_ = std::move(devices); }
+
     /// Closes the port that is open. Understands 8 data bits and the codes 1 and 1 only.
     std::int32_t ComOpen(std::string_view device, std::int32_t port, std::int32_t baud, std::int32_t dataBits,
                          std::int32_t parityCode, std::int32_t stopCode, std::int32_t receiveBuffer,

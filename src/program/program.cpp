@@ -98,6 +98,10 @@ void Program::findEquipment(bool onlyReview) {
     }
 }
 
+void Program::takePorts() {
+    devices.useDevices(portDevices(options, loadMachineMap(store)));
+}
+
 FrameHooks Program::connectHooks() {
     FrameHooks to;
     to.searchForLcu = [this] {

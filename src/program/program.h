@@ -119,6 +119,9 @@ class Program {
     CommandTable commands;
     StartUp startUp;
 
+    /// The ports as the settings name them now, from the next opening on.
+    void takePorts();
+
   private:
     [[nodiscard]] FrameHooks connectHooks();
     void findEquipment(bool onlyReview);

@@ -78,9 +78,11 @@ void Acquisition::show() {
                       samplingText(settings));
     screen_.side().showLink(program_.link);
     if (running()) return;
-    const bool ready = program_.link.open() && !program_.link.model.empty();
+    const bool ready = program_.link.open() && !program_.link.model.empty() && !program_.link.lost;
     panel().setState(ready ? RunPanel::State::ready : RunPanel::State::noLcu);
-    instrument.showIdle(ready ? "Ready" : "No LCU is connected");
+    instrument.showIdle(ready                ? "Ready"
+                        : program_.link.lost ? "The LCU was lost. Acquire searches again"
+                                             : "No LCU is connected");
 }
 
 std::optional<RunOrder> Acquisition::order() {
@@ -111,7 +113,7 @@ void Acquisition::runNow() {
     const RunResult result = run_->comstartlogging(*ordered);
     view_.reset();
     if (result == RunResult::notStarted) screen_.side().instrument().clear();
-    panel().setState(RunPanel::State::ready);
+    panel().setState(p.link.lost ? RunPanel::State::noLcu : RunPanel::State::ready);
     screen_.side().showLink(p.link);
     gate_.exchangeEnded();
     if (auto act = std::exchange(whenEnded_, {})) act();

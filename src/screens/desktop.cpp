@@ -99,6 +99,11 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
                                    .stop = [this] { acquisition_->stop(); },
                                    .setDepth = [this](double metres) { acquisition_->setDepth(metres); },
                                    .chooseEquipment = [this] { openScreen("frmEquipment"); }},
+                           .demo = {.start = [this] { demonstration_->start(); },
+                                    .pauseOrGoOn = [this] { demonstration_->pauseOrGoOn(); },
+                                    .stop = [this] { demonstration_->stop(); },
+                                    .chooseRun = [this] { openScreen("frmDemo"); },
+                                    .setPace = [this](PlaybackPace pace) { demonstration_->setPace(pace); }},
                            .review = {.open = [this] { toolClick("MB-Open"); },
                                       .details = [this] { openScreen("frmDetails"); },
                                       .exportLas = [this] { openScreen("frmLASexport"); },
@@ -106,8 +111,9 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
         program_.files);
     connectScales(*screen);
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
-    review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
-    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, events_);
+    demonstration_ = std::make_unique<Demonstration>(program_, *screen, gate_, runViewParts());
+    review_ = std::make_unique<ReviewSession>(program_, *screen, gate_, memory_);
+    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *demonstration_, events_);
     operator_.setReports(
         {.error = [this](const ErrorReport& error, std::string_view dateTime,
                          std::string_view file) { screens_->showError(error, dateTime, file); },
@@ -129,15 +135,17 @@ RunViewParts Desktop::runViewParts() {
                 screen().logs().showPage(&screen().live());
                 screen().side().showLink(program_.link);
             },
-        .shown = [this] { screen().live().follow(acquisition_->run()->ring); },
+        .shown = [this] { screen().live().follow(runShown()->ring); },
         .stopping = [this] { screen().live().showDisplay({}); },
         .ended = [this] { runEnded(); }};
 }
 
-/// The plot of the whole run stays; what the operator has set in it belongs to the tool.
+/// The plot of the whole run stays; what the operator has set in it belongs to the tool. A run that was only
+/// played may be of another tool.
 void Desktop::runEnded() {
-    screen().live().follow(acquisition_->run()->ring);
+    screen().live().follow(runShown()->ring);
     screen().live().showDisplay({});
+    if (program_.state.mode == programMode::demo) return;
     for (const LogCurve& curve : screen().live().rescaled()) keepToolScale(program_.equipment, curve);
     loadNotes();
 }
@@ -161,11 +169,13 @@ void Desktop::connectHooks() {
     FrameHooks& hooks = program_.hooks;
     hooks.openScreen = [this](const ScreenRequest& request) {
         screens_->open(request);
-        if (window_.screen() != nullptr) acquisition_->show();
+        if (window_.screen() == nullptr) return;
+        acquisition_->show();
+        demonstration_->show();
     };
     hooks.searchForLcu = [this, search = hooks.searchForLcu] { return searchForLcu(search); };
     hooks.endProcess = [this] { endProcess(); };
-    hooks.printLog = [this](const Path&) { screens_->open({"print"}); };
+    hooks.printLog = [this](const Path&) { review_->print(); };
     hooks.loadHoleNotes = [this] { loadNotes(); };
 }
 
@@ -190,6 +200,11 @@ void Desktop::modeShown() {
     if (mode == programMode::review) operator_.linkPanel(""); // the port is closed from here on
     if (mode == programMode::review && review_) review_->show();
     if (acquisition_) acquisition_->show();
+    if (demonstration_) demonstration_->show();
+}
+
+const RunState* Desktop::runShown() const {
+    return program_.state.mode == programMode::demo ? demonstration_->run() : acquisition_->run();
 }
 
 void Desktop::showAcquire() {
@@ -211,6 +226,7 @@ void Desktop::showDemo() {
 
 void Desktop::closeRequested() {
     if (acquisition_->running()) return offerToStop();
+    if (demonstration_->running()) return stopDemonstrationAndClose();
     toolClick("MB-Exit");
 }
 
@@ -231,6 +247,12 @@ void Desktop::offerToStop() {
         acquisition_->stop();
     });
     box->open();
+}
+
+/// Nothing is lost by stopping it: no question is worth it.
+void Desktop::stopDemonstrationAndClose() {
+    demonstration_->whenEnded([this] { QTimer::singleShot(0, [this] { closeRequested(); }); });
+    demonstration_->stop();
 }
 
 void Desktop::endProcess() {

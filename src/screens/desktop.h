@@ -2,6 +2,7 @@
 #pragma once
 
 #include "screens/acquisition.h"
+#include "screens/demonstration.h"
 #include "screens/desktop_memory.h"
 #include "screens/intro_window.h"
 #include "screens/review_session.h"
@@ -29,6 +30,7 @@ class Desktop {
     [[nodiscard]] Program& program() { return program_; }
     [[nodiscard]] IntroScreen& screen() { return *window_.screen(); }
     [[nodiscard]] Acquisition& acquisition() { return *acquisition_; }
+    [[nodiscard]] Demonstration& demonstration() { return *demonstration_; }
     [[nodiscard]] ReviewSession& review() { return *review_; }
     /// The frame has ended the program: leave the event loop.
     [[nodiscard]] bool ended() const { return ended_; }
@@ -45,12 +47,15 @@ class Desktop {
     void toolClick(std::string_view key);
     void openScreen(std::string_view name);
     bool searchForLcu(const std::function<bool()>& search);
+    /// Of the run that is logged or played, or was last in this mode; null before the first.
+    [[nodiscard]] const RunState* runShown() const;
     void loadNotes();
     void modeShown();
     void showAcquire();
     void showDemo();
     void closeRequested();
     void offerToStop();
+    void stopDemonstrationAndClose();
     void endProcess();
 
     ScreenOperator operator_;
@@ -61,6 +66,7 @@ class Desktop {
     EventLogModel events_;
     LinkGate gate_;
     std::unique_ptr<Acquisition> acquisition_; ///< with the main screen
+    std::unique_ptr<Demonstration> demonstration_;
     std::unique_ptr<ReviewSession> review_;
     std::unique_ptr<ScreenOpener> screens_;
     QTimer mainTimer_;

@@ -8,6 +8,14 @@
 
 namespace tarvik {
 
+namespace {
+
+QString modeKey(const EquipmentChoice& tool) {
+    return "Tool mode " + qt(trimmed(tool.code)) + " " + qt(trimmed(tool.serialNumber));
+}
+
+} // namespace
+
 /// "K215  Natural gamma  SN-12"; the data are code and serial number.
 void fillChoices(QComboBox& list, const std::vector<UserRow>& rows, const EquipmentChoice& chosen) {
     const QSignalBlocker quiet(&list);
@@ -24,6 +32,14 @@ void fillChoices(QComboBox& list, const std::vector<UserRow>& rows, const Equipm
 EquipmentChoice choiceIn(const QComboBox& list) {
     const QStringList data = list.currentData().toStringList();
     return {plain(data.value(0)), plain(data.value(1))};
+}
+
+int modeOf(const DesktopMemory& memory, const EquipmentChoice& tool) {
+    return memory.text(modeKey(tool)) == "2" ? 2 : 1;
+}
+
+void keepMode(DesktopMemory& memory, const EquipmentChoice& tool, int mode) {
+    memory.keepText(modeKey(tool), QString::number(mode));
 }
 
 } // namespace tarvik

@@ -187,7 +187,9 @@ void frmCalibrations::showChosen() {
         return plot_->clear();
     }
     const CalibrationDetails details = calibrationDetails(found->calibration);
-    title_->setText(qt(found->toolCode + " SN-" + found->serialNumber + "  " + found->sensorName));
+    const QString unit = modules_.unitOf ? qt(modules_.unitOf(*found)) : QString();
+    title_->setText(qt(found->toolCode + " SN-" + found->serialNumber + "  " + found->sensorName) +
+                    (unit.isEmpty() ? QString() : ", " + unit));
     fit_->setText(qt(details.fit + ", " + found->calibration.identifier));
     QStringList terms;
     for (const std::string& coefficient : details.coefficients) {
@@ -198,7 +200,7 @@ void frmCalibrations::showChosen() {
     warning_->setText(details.warning.empty() ? QString() : "\u25b2  " + qt(details.warning));
     warning_->setVisible(!details.warning.empty());
     showPoints(details);
-    plot_->showCalibration(found->calibration, modules_.unitOf ? qt(modules_.unitOf(*found)) : QString());
+    plot_->showCalibration(found->calibration, unit);
 }
 
 void frmCalibrations::showPoints(const CalibrationDetails& details) {

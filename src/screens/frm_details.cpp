@@ -59,6 +59,19 @@ TableRow channelRow(int key, const ChannelDetails& channel) {
             .bold = false};
 }
 
+QWidget* readOnlyText(const char* objectName, const char* title, const QString& content) {
+    auto* const text = new QPlainTextEdit(content);
+    text->setObjectName(objectName);
+    text->setAccessibleName(title);
+    text->setReadOnly(true);
+    text->setFrameShape(QFrame::NoFrame);
+    return text;
+}
+
+QString importTitle(const LasFacts& las) {
+    return las.findings.empty() ? QString("&Import") : QString("&Import (%1)").arg(las.findings.size());
+}
+
 } // namespace
 
 frmDetails::frmDetails(const ReviewLog& log, const Path& file, DesktopMemory& memory, QWidget* parent)
@@ -72,9 +85,12 @@ frmDetails::frmDetails(const ReviewLog& log, const Path& file, DesktopMemory& me
     tabs_->addTab(holePage(log), "&Hole");
     tabs_->addTab(channelsPage(log), "Cha&nnels");
     tabs_->addTab(notesPage(log), "N&otes");
+    if (log.las) tabs_->addTab(importPage(log), importTitle(*log.las));
     body()->addWidget(tabs_, 1);
     connect(addSideButton("comcopydetails", "&Copy as text"), &QPushButton::clicked, this,
-            [text = qt(runDetailsText(log, file))] { QGuiApplication::clipboard()->setText(text); });
+            [text = qt(runDetailsText(log, file) + importText(log))] {
+                QGuiApplication::clipboard()->setText(text);
+            });
     connect(addPrimaryButton("comclose", "Close"), &QPushButton::clicked, this, [this] { accept(); });
     setMinimumSize(640, 420);
     resize(920, 540);
@@ -107,15 +123,17 @@ QWidget* frmDetails::channelsPage(const ReviewLog& log) {
     return page;
 }
 
+QWidget* frmDetails::importPage(const ReviewLog& log) {
+    const QString found = qt(importText(log));
+    if (found.isEmpty())
+        return scrolling(roleLabel("quiet", "Nothing was dropped, converted or repaired while loading."));
+    return readOnlyText("txtfindings", "Dropped, converted or repaired while loading", found);
+}
+
 QWidget* frmDetails::notesPage(const ReviewLog& log) {
     const std::string_view notes = trimmed(log.header.notes);
     if (notes.empty()) return scrolling(roleLabel("quiet", "The file holds no notes."));
-    auto* const text = new QPlainTextEdit(qt(notes));
-    text->setObjectName("txtnotes");
-    text->setAccessibleName("Notes");
-    text->setReadOnly(true);
-    text->setFrameShape(QFrame::NoFrame);
-    return text;
+    return readOnlyText("txtnotes", "Notes", qt(notes));
 }
 
 } // namespace tarvik

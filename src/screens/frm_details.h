@@ -17,6 +17,7 @@ class frmDetails final : public ScreenDialog {
     [[nodiscard]] QWidget* runPage(const ReviewLog& log, const Path& file);
     [[nodiscard]] QWidget* holePage(const ReviewLog& log);
     [[nodiscard]] QWidget* channelsPage(const ReviewLog& log);
+    [[nodiscard]] QWidget* importPage(const ReviewLog& log);
     [[nodiscard]] QWidget* notesPage(const ReviewLog& log);
 
     QTabWidget* tabs_;

@@ -1,6 +1,5 @@
 #include "screens/frm_equipment.h"
 
-#include "app/sampling_checks.h"
 #include "base/text.h"
 #include "equipment/channel_states.h"
 #include "lcu/runs_in_hole.h"
@@ -25,7 +24,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr int first = 0; // of two options: "TIME", "DOWN", metres, mode 1
+constexpr int first = 0; // mode 1
 constexpr int second = 1;
 
 QLabel* wrapping(const char* objectName, const char* role) {
@@ -53,8 +52,6 @@ frmEquipment::frmEquipment(const EquipmentModules& modules, QWidget* parent)
       winch_(new QComboBox),
       toolField_(new Field("Tool", tool_)),
       winchField_(new Field("Winch", winch_)),
-      intervalEdit_(lineEdit("txtsamplinginterval")),
-      interval_(new Field("Sampling interval", intervalEdit_, "seconds")),
       deviation_(new QWidget),
       declination_(wrapping("lbdeclination", "")),
       channels_(new QTableWidget(0, 4)),
@@ -88,7 +85,7 @@ QWidget* frmEquipment::buildEquipment() {
     mode_ = addOptions(*card->body(), "Tool mode", {{"optmode1", "Mode 1"}, {"optmode2", "Mode 2"}});
     card->body()->addWidget(winchField_);
     card->body()->addStretch(1);
-    connect(tool_, &QComboBox::currentIndexChanged, this, [this] { toolChosen(); });
+    connect(tool_, &QComboBox::currentIndexChanged, this, [this] { recallMode(); });
     connect(winch_, &QComboBox::currentIndexChanged, this, [this] { winchField_->validate(); });
     connect(mode_, &QButtonGroup::idClicked, this, [this] { toolChosen(); });
     return card;
@@ -105,20 +102,9 @@ QWidget* frmEquipment::buildSampling() {
         return layout;
     };
     card->body()->addLayout(grid);
-    method_ = addOptions(*cell(0, 0), "Sample by", {{"opttime", "&Time"}, {"optdepth", "D&epth"}});
-    direction_ = addOptions(*cell(0, 1), "Direction", {{"optdown", "Do&wn"}, {"optup", "&Up"}});
-    unit_ = addOptions(*cell(1, 0), "Depth units", {{"optmetres", "&Metres"}, {"optfeet", "&Feet"}});
-    cell(1, 1)->addWidget(interval_);
-    intervalEdit_->setAlignment(Qt::AlignRight);
-    interval_->setCheck([this] { return qt(intervalProblem(sampling(), plain(intervalEdit_->text()))); });
+    sampling_ = std::make_unique<SamplingFields>(SamplingPlaces{
+        .method = *cell(0, 0), .interval = *cell(1, 1), .direction = *cell(0, 1), .units = *cell(1, 0)});
     buildDeviation(*card->body());
-    for (QButtonGroup* const group : {method_, unit_}) {
-        connect(group, &QButtonGroup::idClicked, this, [this] {
-            showInterval();
-            interval_->validate();
-        });
-    }
-    connect(intervalEdit_, &QLineEdit::textChanged, this, [this] { showInterval(); });
     return card;
 }
 
@@ -179,21 +165,16 @@ void frmEquipment::buildButtons() {
 
 void frmEquipment::load() {
     const Settings& settings = modules_.settings;
-    method_->button(settings.sampling() == Sampling::depth ? second : first)->setChecked(true);
-    direction_->button(settings.direction() == Direction::up ? second : first)->setChecked(true);
-    unit_->button(settings.units() == DepthUnits::feet ? second : first)->setChecked(true);
-    mode_->button(modules_.equipment.currentTool().mode == 2 ? second : first)->setChecked(true);
-    intervalEdit_->setText(qt(settings.samplingInterval.text()));
+    sampling_->load(settings);
     fillLists({settings.currentTool, settings.currentToolSerial},
               {settings.currentWinch, settings.currentWinchSerial});
-    showInterval();
     showDeclination();
 }
 
 void frmEquipment::fillLists(const EquipmentChoice& tool, const EquipmentChoice& winch) {
     fillChoices(*tool_, modules_.equipment.ToolWinchData_loadusertoollist().rows, tool);
     fillChoices(*winch_, modules_.equipment.ToolWinchData_loaduserwinchlist().rows, winch);
-    toolChosen();
+    recallMode();
 }
 
 void frmEquipment::addToolClicked() {
@@ -203,6 +184,12 @@ void frmEquipment::addToolClicked() {
 
 int frmEquipment::mode() const {
     return mode_->checkedId() == second ? 2 : 1;
+}
+
+/// A tool comes back in the mode in which it was used last.
+void frmEquipment::recallMode() {
+    mode_->button(modeOf(modules_.memory, choiceIn(*tool_)) == 2 ? second : first)->setChecked(true);
+    toolChosen();
 }
 
 /// A mode without channels cannot be chosen.
@@ -257,27 +244,12 @@ void frmEquipment::showRuns(const CurrentTool& tool) {
     range_->setText(qt(found.depthRangeText));
 }
 
-/// The unit beside the interval follows the method and the depth unit.
-void frmEquipment::showInterval() {
-    interval_->setUnit(qt(intervalUnitLabel(samplingText(sampling()), units())));
-    const QString words = qt(intervalInWords(sampling(), units(), plain(intervalEdit_->text())));
-    interval_->setHint(words.isEmpty() ? QString() : "Counts cable: " + words + ".");
-}
-
-Sampling frmEquipment::sampling() const {
-    return method_->checkedId() == second ? Sampling::depth : Sampling::time;
-}
-
-DepthUnits frmEquipment::units() const {
-    return unit_->checkedId() == second ? DepthUnits::feet : DepthUnits::metres;
-}
-
 void frmEquipment::showDeclination() {
     declination_->setText("Magnetic declination " + qt(modules_.settings.declination.text()) + "\u00b0");
 }
 
 void frmEquipment::use() {
-    if (!validateAll({toolField_, winchField_, interval_})) return;
+    if (!validateAll({toolField_, winchField_, sampling_->interval()})) return;
     Settings& settings = modules_.settings;
     const EquipmentChoice tool = choiceIn(*tool_);
     const EquipmentChoice winch = choiceIn(*winch_);
@@ -285,11 +257,8 @@ void frmEquipment::use() {
     settings.currentToolSerial = tool.serialNumber;
     settings.currentWinch = winch.code;
     settings.currentWinchSerial = winch.serialNumber;
-    settings.samplingMethod = samplingText(sampling());
-    settings.logDirection =
-        directionText(direction_->checkedId() == second ? Direction::up : Direction::down);
-    settings.setUnits(units());
-    settings.samplingInterval = NumberText(trimmed(plain(intervalEdit_->text())));
+    sampling_->store(settings);
+    keepMode(modules_.memory, tool, mode());
     modules_.store.Utilities_saveregsettings(settings);
     modules_.equipment.ToolWinchData_loadcurrentttoolwinch(tool, winch, mode());
     accept();

@@ -6,15 +6,16 @@
 #include "equipment/tool_winch_data.h"
 #include "files/run_file_reader.h"
 #include "platform/places.h"
+#include "screens/sampling_fields.h"
 #include "screens/screen_dialog.h"
 
 #include <functional>
+#include <memory>
 
 class QBoxLayout;
 class QButtonGroup;
 class QComboBox;
 class QLabel;
-class QLineEdit;
 class QTableWidget;
 
 namespace tarvik {
@@ -47,15 +48,13 @@ class frmEquipment final : public ScreenDialog {
     void load();
     void fillLists(const EquipmentChoice& tool, const EquipmentChoice& winch);
     void addToolClicked();
+    void recallMode();
     void toolChosen();
     void showChannels(const CurrentTool& tool);
     void showRuns(const CurrentTool& tool);
-    void showInterval();
     void showDeclination();
     void use();
     [[nodiscard]] int mode() const;
-    [[nodiscard]] Sampling sampling() const;
-    [[nodiscard]] DepthUnits units() const;
 
     EquipmentModules modules_;
     QComboBox* tool_;
@@ -63,11 +62,7 @@ class frmEquipment final : public ScreenDialog {
     Field* toolField_;
     Field* winchField_;
     QButtonGroup* mode_ = nullptr;
-    QButtonGroup* method_ = nullptr;
-    QButtonGroup* direction_ = nullptr;
-    QButtonGroup* unit_ = nullptr;
-    QLineEdit* intervalEdit_;
-    Field* interval_;
+    std::unique_ptr<SamplingFields> sampling_;
     QWidget* deviation_;
     QLabel* declination_;
     QTableWidget* channels_;

@@ -1,6 +1,7 @@
 #include "screens/frm_no_lcu_found.h"
 
 #include "screens/card.h"
+#include "screens/qt_text.h"
 #include "screens/styles.h"
 
 #include <QLabel>
@@ -19,44 +20,72 @@ QString portsText(int lcuComms) {
     return "COM1 and COM2";
 }
 
-constexpr const char* whatToCheck =
-    "<ol style='margin-left: -20px'>"
-    "<li style='margin-bottom: 6px'>Is the LCU switched on?</li>"
-    "<li style='margin-bottom: 6px'>Is the serial cable plugged in at both ends?</li>"
-    "<li style='margin-bottom: 6px'>Is it the port that the set-up names? A USB adapter "
-    "may have another device name after it was moved.</li>"
-    "<li>Does another program hold the port?</li></ol>";
-
 } // namespace
 
 frmNoLCUFound::frmNoLCUFound(int lcuComms, bool searched, NoLcuActions actions, DesktopMemory& memory,
                              QWidget* parent)
-    : ScreenDialog("frmNoLCUFound", "No LCU found", memory, parent), actions_(std::move(actions)) {
-    auto* const headline = roleLabel("title", searched ? "No LCU answered on " + portsText(lcuComms)
-                                                       : QString("No search has been made"));
-    headline->setObjectName("lbheadline");
-    body()->addWidget(headline);
-    auto* const card = new Card(searched ? "What to check" : "The automatic search is off");
-    auto* const text = new QLabel(searched ? QString(whatToCheck)
-                                           : "Search now on " + portsText(lcuComms) +
-                                                 ", or switch the automatic search on under Setup.");
-    text->setWordWrap(true);
-    text->setMinimumWidth(440);
-    card->body()->addWidget(text);
-    body()->addWidget(card);
+    : ScreenDialog("frmNoLCUFound", "No LCU found", memory, parent),
+      lcuComms_(lcuComms),
+      actions_(std::move(actions)),
+      headline_(roleLabel("title")) {
+    headline_->setObjectName("lbheadline");
+    body()->addWidget(headline_);
+    auto* const card = new Card;
+    rows_ = new QVBoxLayout;
+    rows_->setSpacing(measure::wide);
+    card->body()->addLayout(rows_);
+    body()->addWidget(card, 1);
     body()->addWidget(roleLabel("quiet", "The event log says for each port what was received."));
     connect(addSideButton("comsetup", "Set up &ports\u2026"), &QPushButton::clicked, this,
             [this] { actions_.setUpPorts(); });
     connect(addButton("comclose", "&Close"), &QPushButton::clicked, this, &QDialog::reject);
-    search_ = addPrimaryButton("comsearch", searched ? "&Search again" : "&Search now");
+    search_ = addPrimaryButton("comsearch", "&Search again");
     connect(search_, &QPushButton::clicked, this, [this] { searchAgain(); });
+    showOutcome(searched);
+    setMinimumWidth(560);
+}
+
+void frmNoLCUFound::showOutcome(bool searched) {
+    while (QLayoutItem* const item = rows_->takeAt(0)) {
+        delete item->widget();
+        delete item;
+    }
+    search_->setText(searched ? "&Search again" : "&Search now");
+    if (!searched) {
+        headline_->setText("No search has been made");
+        return addRow(
+            {"The automatic search is off", "Search now on " + plain(portsText(lcuComms_)) +
+                                                ", or switch the automatic search on under Setup."});
+    }
+    const bool cancelled = actions_.cancelled();
+    headline_->setText(cancelled ? QString("The search was cancelled")
+                                 : "No LCU answered on " + portsText(lcuComms_));
+    for (const PortReport& port : actions_.report()) addRow(port);
+    if (rows_->isEmpty()) addRow({"No port was tried to its end", "Search again to find the LCU."});
+}
+
+void frmNoLCUFound::addRow(const PortReport& port) {
+    auto* const row = new QWidget;
+    auto* const column = new QVBoxLayout(row);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    auto* const what = roleLabel("head", qt(port.what));
+    what->setObjectName("lbport");
+    column->addWidget(what);
+    auto* const remedy = new QLabel(qt(port.remedy));
+    remedy->setObjectName("lbremedy");
+    remedy->setTextFormat(Qt::PlainText);
+    remedy->setWordWrap(true);
+    remedy->setTextInteractionFlags(Qt::TextSelectableByMouse); // it may hold a command to copy
+    column->addWidget(remedy);
+    rows_->addWidget(row);
 }
 
 void frmNoLCUFound::searchAgain() {
     search_->setEnabled(false);
     search_->setText("Searching\u2026");
     if (actions_.search()) return accept();
-    search_->setText("&Search again");
+    showOutcome(true);
     search_->setEnabled(true);
 }
 

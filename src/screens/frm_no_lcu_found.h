@@ -1,15 +1,22 @@
-// No LCU answered, or none was searched for: where, what to check, and another search.
+// No LCU answered, or none was searched for: what was met on each port, what to do, and another search.
 #pragma once
 
+#include "lcu/search_report.h"
 #include "screens/screen_dialog.h"
 
 #include <functional>
+#include <vector>
+
+class QLabel;
+class QVBoxLayout;
 
 namespace tarvik {
 
 struct NoLcuActions {
     std::function<bool()> search; ///< true when an LCU answered
     std::function<void()> setUpPorts;
+    std::function<std::vector<PortReport>()> report; ///< of the last search
+    std::function<bool()> cancelled;                 ///< the last search
 };
 
 class frmNoLCUFound final : public ScreenDialog {
@@ -20,8 +27,13 @@ class frmNoLCUFound final : public ScreenDialog {
 
   private:
     void searchAgain();
+    void showOutcome(bool searched);
+    void addRow(const PortReport& port);
 
+    int lcuComms_;
     NoLcuActions actions_;
+    QLabel* headline_;
+    QVBoxLayout* rows_;
     QPushButton* search_;
 };
 

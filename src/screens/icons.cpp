@@ -41,14 +41,13 @@ QIcon icon(const QString& name) {
     if (!file.open(QIODevice::ReadOnly)) return {};
     const QByteArray svg = file.readAll();
     const ThemeColours& colours = coloursOf(appliedTheme());
-    QColor faded = colours.quiet;
-    faded.setAlpha(110);
     QIcon result;
     for (const int scale : {1, 2}) {
         result.addPixmap(drawn(svg, colours.text, scale), QIcon::Normal, QIcon::Off);
         result.addPixmap(drawn(svg, colours.onAccent, scale), QIcon::Normal, QIcon::On);
         result.addPixmap(drawn(svg, colours.onAccent, scale), QIcon::Selected, QIcon::Off);
-        result.addPixmap(drawn(svg, faded, scale), QIcon::Disabled, QIcon::Off);
+        result.addPixmap(drawn(svg, colours.faded, scale), QIcon::Disabled, QIcon::Off);
+        result.addPixmap(drawn(svg, colours.text, scale), QIcon::Disabled, QIcon::On); // as its caption
     }
     return result;
 }

@@ -14,7 +14,7 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     : actions_(std::move(actions)),
       bars_(*this, actions_.toolClick),
       status_(*statusBar(), actions_.cancelSearch),
-      side_(new SideFrame(actions_.run, actions_.review)),
+      side_(new SideFrame(actions_.run, actions_.demo, actions_.review)),
       notices_(new NoticeStrip),
       logs_(new LogArea),
       review_(new QTabWidget),
@@ -25,7 +25,7 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     setObjectName("IntroScreen");
     setWindowTitle("Tarvik");
     review_->setDocumentMode(true);
-    review_->addTab(picture_, "&Logs");
+    review_->addTab(picture_, "Lo&gs");
     review_->addTab(values_, "&Values");
     logs_->addPage(review_);
     logs_->addPage(live_);

@@ -24,6 +24,7 @@ struct IntroScreenActions {
     std::function<void()> closeRequested; ///< the window's own close button; the program decides
     std::function<void()> cancelSearch;
     RunPanelActions run;
+    DemoPanelActions demo;
     ReviewPanelActions review;
 };
 

@@ -1,5 +1,6 @@
 #include "screens/screen_opener.h"
 
+#include "equipment/channel_states.h"
 #include "lcu/run_header_builder.h"
 #include "lcu/run_order.h"
 #include "processing/las_again.h"
@@ -7,6 +8,7 @@
 #include "screens/frm_about.h"
 #include "screens/frm_calibrations.h"
 #include "screens/frm_data_file_exists.h"
+#include "screens/frm_demo.h"
 #include "screens/frm_details.h"
 #include "screens/frm_deviation.h"
 #include "screens/frm_diagnostics.h"
@@ -19,6 +21,8 @@
 #include "screens/frm_setup.h"
 #include "screens/not_built.h"
 #include "screens/qt_text.h"
+
+#include <QTimer>
 
 #include <algorithm>
 #include <array>
@@ -42,6 +46,7 @@ std::span<const ScreenOpener::Screen> ScreenOpener::screens() {
         Screen{"frmReadme", &Opener::openReadme},
         Screen{"help", &Opener::openHelp},
         Screen{"frmDiagnostics", &Opener::openDiagnostics},
+        Screen{"frmDemo", &Opener::openDemo},
         Screen{"frmEquipment", &Opener::openEquipment},
         Screen{"frmDeviation", &Opener::openDeviation},
         Screen{"frmCalibrations", &Opener::openCalibrations},
@@ -72,7 +77,8 @@ void ScreenOpener::openSetup(const ScreenRequest& request) {
                      .log = p.log,
                      .operatorSide = p.frame.operatorSide,
                      .memory = memory_,
-                     .pageChanged = [&p](int page) { p.state.setupPage = page; }},
+                     .pageChanged = [&p](int page) { p.state.setupPage = page; },
+                     .portsChanged = [&p] { p.takePorts(); }},
                     &parent_);
     screen.selectPage(request.page, request.subPage);
     screen.exec();
@@ -93,7 +99,9 @@ void ScreenOpener::openNoLcuFound(const ScreenRequest&) {
                                .setUpPorts =
                                    [this] {
                                        openSetup({"frmSetup", 5});
-                                   }};
+                                   },
+                               .report = [this] { return program_.search.report(); },
+                               .cancelled = [this] { return program_.search.cancelled(); }};
     frmNoLCUFound(program_.options.searchedPorts.value_or(program_.settings.lcuComms),
                   program_.settings.searchAutomatically, actions, memory_, &parent_)
         .exec();
@@ -150,7 +158,11 @@ void ScreenOpener::openCalibrations(const ScreenRequest&) {
                      .operatorSide = program_.frame.operatorSide,
                      .memory = memory_,
                      .exportFile = program_.places.homeDrive / "kvxcalib.txt",
-                     .unitOf = {}},
+                     .unitOf =
+                         [this](const CalibrationRow& row) {
+                             const EquipmentChoice tool{row.toolCode, row.serialNumber};
+                             return sensorUnit(program_.equipment.userTool(tool, 1).record, row.sensorName);
+                         }},
                     &parent_)
         .exec();
 }
@@ -173,6 +185,15 @@ void ScreenOpener::openLasExport(const ScreenRequest&) {
 
 void ScreenOpener::openDiagnostics(const ScreenRequest&) {
     frmDiagnostics(diagnosticsModules(program_), program_.tap, program_.files, memory_, &parent_).exec();
+}
+
+/// The playback outlasts whatever opened the screen.
+void ScreenOpener::openDemo(const ScreenRequest&) {
+    const Path folder = projectFolder(program_.frame);
+    frmDemo screen(program_.files, folder, anyRunFile(folder), demonstration_.choice(), memory_, &parent_);
+    if (screen.exec() != QDialog::Accepted) return;
+    demonstration_.choose(screen.choice());
+    QTimer::singleShot(0, [this] { demonstration_.start(); });
 }
 
 RunChoice ScreenOpener::chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) {

@@ -4,6 +4,7 @@
 #include "app/frame.h"
 #include "lcu/append_comparison.h"
 #include "screens/acquisition.h"
+#include "screens/demonstration.h"
 #include "screens/desktop_memory.h"
 #include "screens/frm_buffer_overflow.h"
 #include "screens/frm_error.h"
@@ -20,8 +21,13 @@ namespace tarvik {
 class ScreenOpener {
   public:
     ScreenOpener(Program& program, IntroScreen& parent, DesktopMemory& memory, ReviewSession& review,
-                 EventLogModel& events)
-        : program_(program), parent_(parent), memory_(memory), review_(review), events_(events) {}
+                 Demonstration& demonstration, EventLogModel& events)
+        : program_(program),
+          parent_(parent),
+          memory_(memory),
+          review_(review),
+          demonstration_(demonstration),
+          events_(events) {}
 
     /// Returns when the screen is closed, if it is modal.
     void open(const ScreenRequest& request);
@@ -49,6 +55,7 @@ class ScreenOpener {
     void openDetails(const ScreenRequest&);
     void openLasExport(const ScreenRequest&);
     void openDiagnostics(const ScreenRequest&);
+    void openDemo(const ScreenRequest&);
     void openNotBuilt(const ScreenRequest& request);
     [[nodiscard]] std::vector<AppendRow> comparison(const LoggingRuns& runs) const;
 
@@ -56,6 +63,7 @@ class ScreenOpener {
     IntroScreen& parent_;
     DesktopMemory& memory_;
     ReviewSession& review_;
+    Demonstration& demonstration_;
     EventLogModel& events_;
     std::unique_ptr<frmERROR> error_;
     std::unique_ptr<frmBufferOverflow> overflow_;

@@ -67,7 +67,7 @@ QWidget* SetupMachine::buildPorts() {
     grid->setColumnStretch(1, 1);
     card->body()->addLayout(grid);
     card->body()->addWidget(wrappingLabel(
-        "Leave a port empty to have Tarvik take the devices in their order. Taken when Tarvik starts next.",
+        "Leave a port empty to have Tarvik take the devices in their order. Counts from the next search on.",
         "quiet"));
     return card;
 }
@@ -91,7 +91,8 @@ QWidget* SetupMachine::buildDriveEntry() {
     letter_->setCurrentText("D");
     auto* const letterField = new Field("Drive", letter_);
     letterField->setFixedWidth(72);
-    folderField_ = new Field("Folder", folder_, {}, "Drive C waits for the next start.");
+    folderField_ =
+        new Field("Folder", folder_, {}, "Another folder for drive C counts from the next start on.");
     folderField_->setCheck([this]() -> QString {
         if (folder_->text().trimmed().isEmpty()) return {};
         return qt(driveProblem(modules_.places, modules_.files, plain(letter_->currentText()),
@@ -202,6 +203,7 @@ void SetupMachine::save(const MachineMap& map) {
     if (map == loadMachineMap(modules_.store)) return;
     saveMachineMap(modules_.store, map);
     useDrives(modules_.places, map);
+    modules_.portsChanged();
 }
 
 } // namespace tarvik

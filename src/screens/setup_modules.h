@@ -43,6 +43,7 @@ struct SetupModules {
     DesktopMemory& memory;
 
     std::function<void(int page)> pageChanged = {}; ///< told which page is shown, 0 to 6
+    std::function<void()> portsChanged = [] {};     ///< other devices stand in the store
     std::function<std::vector<std::filesystem::path>()> serialDevices = [] {
         return tarvik::serialDevices();
     };

@@ -2,11 +2,14 @@
 // unit.
 #pragma once
 
+#include "screens/sampling_fields.h"
 #include "screens/setup_modules.h"
 
 #include <QWidget>
 
-class QButtonGroup;
+#include <memory>
+
+class QBoxLayout;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
@@ -15,6 +18,7 @@ class QLineEdit;
 
 namespace tarvik {
 
+class Card;
 class Field;
 
 class SetupSampling final : public QWidget {
@@ -30,26 +34,20 @@ class SetupSampling final : public QWidget {
 
   private:
     [[nodiscard]] QWidget* buildEquipment();
-    [[nodiscard]] QWidget* buildSampling();
-    [[nodiscard]] QWidget* buildDepth();
+    [[nodiscard]] QWidget* buildSampling(QBoxLayout& unitPlace);
+    [[nodiscard]] Card* buildDepth();
     [[nodiscard]] Field* numberField(const char* name, const QString& title, const QString& unit,
                                      const QString& hint);
     void fillLists(const EquipmentChoice& tool, const EquipmentChoice& winch);
-    void showUnits();
     void storeEquipment();
     void loadCurrent();
-    [[nodiscard]] Sampling sampling() const;
-    [[nodiscard]] DepthUnits units() const;
 
     SetupModules modules_;
     QComboBox* tool_;
     QComboBox* winch_;
     QLabel* currentWinch_;
-    QButtonGroup* method_;
-    QButtonGroup* direction_;
-    QButtonGroup* unit_;
+    std::unique_ptr<SamplingFields> sampling_;
     QCheckBox* allow_;
-    Field* interval_;
     Field* scale_;
     Field* marker_;
     Field* declination_;

@@ -26,13 +26,15 @@ void setLamp(QLabel& lamp, bool on, const QString& words) {
 
 } // namespace
 
-SideFrame::SideFrame(RunPanelActions runActions, ReviewPanelActions reviewActions)
+SideFrame::SideFrame(RunPanelActions runActions, DemoPanelActions demoActions,
+                     ReviewPanelActions reviewActions)
     : logo_(new QLabel),
       lamps_(new QFrame),
       boxLamp_(new QLabel),
       powerLamp_(new QLabel),
       instrument_(new InstrumentPanel),
       run_(new RunPanel(std::move(runActions))),
+      demo_(new DemoPanel(std::move(demoActions))),
       review_(new ReviewPanel(std::move(reviewActions))) {
     setObjectName("sideframe");
     setFixedWidth(wholeWidth);
@@ -51,6 +53,7 @@ SideFrame::SideFrame(RunPanelActions runActions, ReviewPanelActions reviewAction
     column->addWidget(instrument_);
     column->addWidget(lamps_);
     column->addWidget(run_, 1);
+    column->addWidget(demo_, 1);
     column->addWidget(review_, 1);
     logo_->setVisible(false);
     showLink({});
@@ -60,11 +63,12 @@ SideFrame::SideFrame(RunPanelActions runActions, ReviewPanelActions reviewAction
 void SideFrame::layOut(std::string_view mode) {
     const bool instruments = mode == programMode::acquire || mode == programMode::demo;
     // What goes, goes first: all of them at once would be taller than the screen.
-    for (QWidget* const part : std::initializer_list<QWidget*>{instrument_, lamps_, run_, review_})
+    for (QWidget* const part : std::initializer_list<QWidget*>{instrument_, lamps_, run_, demo_, review_})
         part->hide();
     instrument_->setVisible(instruments);
     lamps_->setVisible(instruments || mode == programMode::calibTest);
     run_->setVisible(mode == programMode::acquire);
+    demo_->setVisible(mode == programMode::demo);
     review_->setVisible(!instruments);
 }
 
@@ -80,7 +84,16 @@ void SideFrame::showLogo(const QPixmap& logo) {
 }
 
 void SideFrame::showLink(const LinkState& link) {
+    if (link.demo) {
+        setLamp(*boxLamp_, false, "Demonstration");
+        return setLamp(*powerLamp_, false, "No tool power");
+    }
     const LcuModel* const model = modelNamed(link.model);
+    if (model != nullptr && link.lost) {
+        setRole(*boxLamp_, "bad");
+        boxLamp_->setText(QString::fromUtf8("\u2716 ") + qt(link.model) + " lost");
+        return setLamp(*powerLamp_, false, "Tool power unknown");
+    }
     const bool well = model != nullptr && link.status == model->healthyStatus;
     setLamp(*boxLamp_, well, model == nullptr ? "No LCU" : qt(link.model) + (well ? " ready" : " not ready"));
     setLamp(*powerLamp_, link.toolPower, link.toolPower ? "Tool power on" : "Tool power off");

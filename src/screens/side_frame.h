@@ -1,8 +1,9 @@
-// The side frame: the instrument with the run below it while acquiring, the facts of the run shown while
-// reviewing.
+// The side frame: the instrument with the run below it while acquiring or playing, the facts of the run shown
+// while reviewing.
 #pragma once
 
 #include "lcu/lcu_commands.h"
+#include "screens/demo_panel.h"
 #include "screens/instrument_panel.h"
 #include "screens/review_panel.h"
 #include "screens/run_panel.h"
@@ -15,7 +16,7 @@ namespace tarvik {
 
 class SideFrame final : public QFrame, public LinkWatcher {
   public:
-    SideFrame(RunPanelActions runActions, ReviewPanelActions reviewActions);
+    SideFrame(RunPanelActions runActions, DemoPanelActions demoActions, ReviewPanelActions reviewActions);
 
     /// By the mode of the program.
     void layOut(std::string_view mode);
@@ -27,6 +28,7 @@ class SideFrame final : public QFrame, public LinkWatcher {
 
     [[nodiscard]] InstrumentPanel& instrument() { return *instrument_; }
     [[nodiscard]] RunPanel& run() { return *run_; }
+    [[nodiscard]] DemoPanel& demo() { return *demo_; }
     [[nodiscard]] ReviewPanel& review() { return *review_; }
 
   private:
@@ -36,6 +38,7 @@ class SideFrame final : public QFrame, public LinkWatcher {
     QLabel* powerLamp_;
     InstrumentPanel* instrument_;
     RunPanel* run_;
+    DemoPanel* demo_;
     ReviewPanel* review_;
 };
 

@@ -99,6 +99,16 @@ TEST_F(ChannelStatesTest, OneSensorCalibratedAndOneNot) {
     EXPECT_FALSE(calibrationIsComplete(channelStates(CurrentTool{})));
 }
 
+TEST_F(ChannelStatesTest, TheUnitOfASensorStandsInEitherMode) {
+    ToolRecord record = makeTool("K201", "Natural gamma");
+    record.set(tool::channelName(2, 1), "Only in two");
+    record.set(tool::channelUnit(2, 1), "OHM-M");
+    record.set(tool::channelCount(2), 1);
+    EXPECT_EQ(sensorUnit(record, "gamma"), record.get(tool::channelUnit(1, 1)));
+    EXPECT_EQ(sensorUnit(record, "Only in two"), "OHM-M");
+    EXPECT_EQ(sensorUnit(record, "Another"), "");
+}
+
 TEST_F(ChannelStatesTest, AModeIsNamedWithItsChannels) {
     ToolRecord record = makeTool("K201", "Natural gamma");
     record.set(tool::modeName(1), "Gamma + caliper");

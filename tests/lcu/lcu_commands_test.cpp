@@ -44,6 +44,20 @@ TEST(LcuCommands, SequencesOnTheWire) {
     }
 }
 
+TEST(LcuCommands, StoppingTheStreamNeverWaitsForTheOperator) {
+    for (const bool gone : {false, true}) {
+        LcuBench bench;
+        bench.connect(lcu4);
+        bench.serial.answer("Q", {{}});
+        bench.serial.gone = gone;
+        EXPECT_EQ(bench.lcu.stopStream(), LinkResult::failed);
+        EXPECT_EQ(bench.lines.lines.back(), "2LCU data stream stop error");
+        EXPECT_EQ(bench.serial.wire.empty(), gone) << "nothing is sent to a port that has gone";
+        for (const std::string& shown : bench.operatorSide.shown) EXPECT_EQ(shown.front(), '?') << shown;
+        EXPECT_EQ(bench.operatorSide.shown.size(), gone ? 0U : 1U);
+    }
+}
+
 TEST(LcuCommands, TheLastStatusDecidesAndThePowerStateIsClearedAnyway) {
     const std::string good{'Q', char(129)};
     const std::string bad{'Q', 1};

@@ -86,6 +86,38 @@ TEST(LcuSearch, APortThatCannotBeOpenedIsSkippedInPlainWords) {
     EXPECT_EQ(bench.serial.opened, (Lines{"COM1@9600", "COM1@115200", "COM2@9600"}));
 }
 
+TEST(LcuSearch, TellsForEachPortWhyNothingWasFound) {
+    struct Case {
+        std::int32_t opening;
+        std::string reply;
+        std::string what;
+    };
+    const Case cases[] = {
+        {portMissing, "", "COM1: no such device"},
+        {portBusy, "", "COM1: in use by another program"},
+        {portNotPermitted, "", "COM1: no permission to open it"},
+        {portFailed, "", "COM1: cannot be opened"},
+        {1, "", "COM1: opened, but nothing answered"},
+        {1, "Q\x05", "COM1: something answered that is no healthy LCU"},
+    };
+    for (const Case& c : cases) {
+        LcuBench bench;
+        bench.serial.openResult = [&](auto port, auto) { return port == 1 ? c.opening : 1; };
+        bench.serial.answer("Q", {{{c.reply}}, {}}); // at the second speed nothing comes
+        bench.search.LCU_Locate(12);
+        const auto report = bench.search.report();
+        ASSERT_EQ(report.size(), 2U);
+        EXPECT_EQ(report[0].what, c.what);
+        EXPECT_EQ(report[0].remedy == "COM1 is held by another program.", c.opening != 1)
+            << "the port's own sentence";
+        EXPECT_FALSE(report[1].remedy.empty());
+    }
+    LcuBench bench;
+    bench.search.LCU_Locate(1, [] { return true; });
+    EXPECT_TRUE(bench.search.cancelled());
+    EXPECT_TRUE(bench.search.report().empty());
+}
+
 TEST(LcuSearch, FlowAndYieldAreWorthALineNotAFailure) {
     LcuBench bench;
     bench.serial.setUpResult = portFailed;

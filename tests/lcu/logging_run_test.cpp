@@ -7,6 +7,7 @@
 using namespace tarvik;
 using namespace tarvik::test;
 using Box = lcusim::LcuModel;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -262,12 +263,41 @@ TEST(LoggingRun, EndsWithTheScanThatReachesTheEnd) {
     }
 }
 
+/// What the lamp of the main screen is told, each change once.
+struct LostWatcher final : LinkWatcher {
+    void linkChanged(const LinkState& link) override {
+        const std::string now = link.lost ? "lost " : "ready ";
+        if (!seen.ends_with(now)) seen += now;
+    }
+    std::string seen;
+};
+
+TEST(LoggingRun, ABoxThatFallsSilentByTimeIsLostAStandingWinchIsNot) {
+    for (const bool byTime : {true, false}) {
+        RunRig rig({.faults = {byTime ? "silence@12=0" : "stall@12=0"}});
+        if (byTime) {
+            rig.order.setup.sampling = Sampling::time;
+            rig.order.setup.interval = 0.4F;
+        }
+        LostWatcher lamp;
+        rig.lcu.setWatcher(&lamp);
+        rig.view.stopAfterKept = 100;
+        rig.view.stopAfterMs = 20'000;
+        rig.startLogging();
+        EXPECT_EQ(lamp.seen.find("lost") != std::string::npos, byTime);
+        EXPECT_THAT(rig.view.states, Contains(KeepingState::noScans));
+    }
+}
+
 TEST(LoggingRun, CommunicationsLostAndBack) {
     RunRig rig({.faults = {"hang-up@12=3200"}});
     rig.order.setup.sampling = Sampling::time;
     rig.order.setup.interval = 0.4F; // the retries fall between two scans
     rig.view.stopAfterKept = 20;
+    LostWatcher lamp;
+    rig.lcu.setWatcher(&lamp);
     EXPECT_EQ(rig.startLogging(), RunResult::finished);
+    EXPECT_EQ(lamp.seen, "ready lost ready ") << "the box is not shown as ready while its line is lost";
     EXPECT_THAT(rig.faultLines(), ElementsAre("2Communications lost", "1Communications re-established"));
     EXPECT_EQ(rig.view.states.front(), KeepingState::communicationsLost);
     EXPECT_EQ(rig.view.states.back(), KeepingState::kept);

@@ -228,6 +228,16 @@ TEST_F(TermiosPortTest, AClosedPortAndAnotherNumberAreRefused) {
     EXPECT_TRUE(refused(1)) << "one port is open at a time";
 }
 
+TEST_F(TermiosPortTest, AnotherDeviceCountsFromTheNextOpening) {
+    TermiosPort port({{1, "/dev/no-such-line"}});
+    EXPECT_EQ(open(port), portMissing);
+    port.useDevices({{1, device_}});
+    EXPECT_EQ(open(port), 1);
+    port.useDevices({});
+    send("x");
+    EXPECT_EQ(waitFor(port, 1), 1) << "what is open stays open";
+}
+
 TEST(PortProblem, SaysInPlainWordsWhatToDo) {
     TermiosPort port({{1, "/dev/no-such-line"}, {2, "/dev/null"}});
     const auto open = [&](std::int32_t number) {

@@ -2,7 +2,11 @@
 #include "screens/command_looks.h"
 #include "screens/icons.h"
 #include "screens/qt_text.h"
+#include "screens/theme.h"
 
+#include <QApplication>
+#include <QIcon>
+#include <QImage>
 #include <QKeySequence>
 
 #include <algorithm>
@@ -37,6 +41,31 @@ TEST(CommandLooks, EveryCommandHasALookAndNoKeyIsClaimedTwice) {
     std::ranges::sort(looks);
     EXPECT_EQ(looks, keys);
     EXPECT_FALSE(icon(qt(searchOffIcon)).isNull());
+}
+
+/// The colour that a line of the picture is drawn in.
+QColor inkOf(const QIcon& icon, QIcon::Mode mode) {
+    const QImage drawn = icon.pixmap(24, mode).toImage();
+    QColor ink = Qt::transparent;
+    for (int y = 0; y < drawn.height(); ++y) {
+        for (int x = 0; x < drawn.width(); ++x) {
+            const QColor here = drawn.pixelColor(x, y);
+            if (here.alpha() > ink.alpha()) ink = here;
+        }
+    }
+    return ink;
+}
+
+TEST(Icons, WhatCannotBeUsedLooksSoInBothThemes) {
+    for (const Theme theme : {Theme::light, Theme::dark}) {
+        applyTheme(*qApp, theme);
+        const QColor surface = coloursOf(theme).surface;
+        const auto stands = [&](QIcon::Mode mode) {
+            return std::abs(inkOf(icon("open"), mode).lightness() - surface.lightness());
+        };
+        EXPECT_LT(stands(QIcon::Disabled) * 3, stands(QIcon::Normal) * 2) << themeName(theme);
+    }
+    applyTheme(*qApp, Theme::light);
 }
 
 } // namespace tarvik::test

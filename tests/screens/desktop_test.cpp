@@ -1,10 +1,7 @@
 // The desktop on the simulated box: what the operator does at the main screen, without a display.
-#include "screens/desktop.h"
-
 #include "files/run_file_reader.h"
-#include "screens/desk.h"
 #include "screens/qt_text.h"
-#include "simulator/simulated_port.h"
+#include "screens/truck.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -13,90 +10,6 @@
 #include <QMessageBox>
 
 namespace tarvik::test {
-
-namespace {
-
-/// The desktop in a home with a project, a hole, a tool and a winch, and a box on COM1.
-struct Truck {
-    explicit Truck(std::string toolCode = "K215")
-        : tool(std::move(toolCode)),
-          engine({.model = lcusim::LcuModel::lcu4, .winch = {.startDepth = 10}}, simulatedTool(tool), truth) {
-        serial.connect(1, engine);
-        serial.whileWaiting([this] {
-            QCoreApplication::processEvents();
-            if (atWait) atWait();
-        });
-        prepareHome();
-        desktop = std::make_unique<Desktop>(ProgramOptions{.home = home.path()},
-                                            StandIns{.clock = &clock, .serial = &serial});
-        started = desktop->startUp();
-        p().hooks.openScreen = [this](const ScreenRequest& request) {
-            screensOpened.emplace_back(request.screen);
-        };
-    }
-
-    /// As an earlier start left it.
-    void prepareHome() {
-        Desk earlier;
-        std::filesystem::remove_all(home.path());
-        Program& program = earlier.program;
-        Settings& settings = program.settings;
-        settings.currentProject = "Northern";
-        settings.hole.holeId = "DH-1";
-        settings.samplingMethod = "DEPTH";
-        settings.samplingInterval = 5;
-        settings.currentTool = tool;
-        settings.currentWinch = "W110";
-        const auto tools = program.equipment.ToolWinchData_loadbrennatoollist();
-        for (std::size_t i = 0; i < tools.rows.size(); ++i) {
-            if (tools.rows[i].code == tool)
-                program.equipment.ToolWinchData_addusertool(static_cast<int>(i + 1), "S-1");
-        }
-        program.equipment.ToolWinchData_adduserwinch(1, "W-1");
-        program.storedSettings.Utilities_saveregsettings(settings);
-        std::filesystem::copy(earlier.home.path(), home.path(), std::filesystem::copy_options::recursive);
-    }
-
-    /// Mode "ACQUIRE" with the tool and winch that `frmEquipment` would have confirmed.
-    void acquire() {
-        p().modes.Utilities_setprogrammode("ACQUIRE");
-        p().equipment.ToolWinchData_loadcurrentttoolwinch({tool, ""}, {"W110", ""}, 1);
-        desktop->acquisition().show();
-    }
-    /// Starts the run; `act` is called at every wait once scans are being kept.
-    void log(std::function<void()> act) {
-        atWait = [this, act = std::move(act)] {
-            if (p().state.logging) act();
-        };
-        click(screen(), "comstartlogging");
-        atWait = {};
-    }
-    [[nodiscard]] long kept() {
-        const RunState* const run = desktop->acquisition().run();
-        return run == nullptr ? 0 : static_cast<long>(run->tally.kept);
-    }
-    [[nodiscard]] std::string label(const char* name) {
-        return control<QLabel>(screen(), name).text().toStdString();
-    }
-    [[nodiscard]] Path runFile(const std::string& name) const {
-        return home / "C" / "Brenna Projects" / "Northern" / name;
-    }
-    Program& p() { return desktop->program(); }
-    IntroScreen& screen() { return desktop->screen(); }
-
-    std::string tool;
-    TemporaryFolder home;
-    VirtualClock clock;
-    lcusim::SimulatedPort serial{clock};
-    lcusim::MemoryRecord truth;
-    lcusim::LcuEngine engine;
-    std::function<void()> atWait;
-    std::vector<std::string> screensOpened;
-    std::unique_ptr<Desktop> desktop;
-    bool started = false;
-};
-
-} // namespace
 
 TEST(DesktopTest, ARunFromTheMainScreenIsOnFileAndTheToolIsPoweredDown) {
     Truck truck;
@@ -122,7 +35,7 @@ TEST(DesktopTest, ARunFromTheMainScreenIsOnFileAndTheToolIsPoweredDown) {
 }
 
 TEST(DesktopTest, TheButtonOfTheDeviationToolGoesThroughItsDisplaysDuringTheRun) {
-    Truck truck("K417");
+    Truck truck({.tool = "K417"});
     truck.acquire();
     auto& button = control<QAction>(truck.screen(), "MB-Bullseye");
     const LivePlot& plot = truck.screen().live().plot();

@@ -12,6 +12,24 @@
 
 namespace tarvik::test {
 
+TEST(frmDetails, ALasFileTellsWhatItsImportDid) {
+    MemorySettingsStore store;
+    DesktopMemory memory(store);
+    ReviewLog log = gammaRun();
+    log.las.emplace();
+    {
+        frmDetails screen(log, "H1.las", memory);
+        EXPECT_EQ(control<QTabWidget>(screen, "details").tabText(4), "&Import");
+    }
+    log.las->findings = {"H1.las, line 12: run-on numbers, split", "H1.las: no NULL"};
+    frmDetails screen(log, "H1.las", memory);
+    EXPECT_EQ(control<QTabWidget>(screen, "details").tabText(4), "&Import (2)");
+    EXPECT_EQ(control<QPlainTextEdit>(screen, "txtfindings").toPlainText(),
+              "H1.las, line 12: run-on numbers, split\nH1.las: no NULL\n");
+    click(screen, "comcopydetails");
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().endsWith("H1.las: no NULL\n"));
+}
+
 TEST(frmDetails, ShowsTheRunAndCopiesItAsText) {
     MemorySettingsStore store;
     DesktopMemory memory(store);

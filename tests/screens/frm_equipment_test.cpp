@@ -74,6 +74,22 @@ TEST(frmEquipment, CancellingLeavesSettingsAndToolAlone) {
     EXPECT_EQ(desk.program.equipment.currentTool().record.get(tool::code), "");
 }
 
+TEST(frmEquipment, AToolComesBackInItsModeAlsoAfterARestart) {
+    EquipmentScreen desk;
+    {
+        frmEquipment screen(desk.modules());
+        click(screen, "optmode2");
+        click(screen, "comuseequipment");
+    }
+    desk.program.equipment.ToolWinchData_loadcurrentttoolwinch({}, {}, 1); // as a start leaves it
+    frmEquipment screen(desk.modules());
+    EXPECT_TRUE(control<QRadioButton>(screen, "optmode2").isChecked());
+    control<QComboBox>(screen, "lbtool").setCurrentIndex(2);
+    EXPECT_TRUE(control<QRadioButton>(screen, "optmode1").isChecked()) << "each tool has its own";
+    control<QComboBox>(screen, "lbtool").setCurrentIndex(1);
+    EXPECT_TRUE(control<QRadioButton>(screen, "optmode2").isChecked());
+}
+
 TEST(frmEquipment, ChannelsSayWhetherTheyAreCalibrated) {
     EquipmentScreen desk;
     CurrentTool tool = desk.program.equipment.userTool({"K215", ""}, 1);

@@ -36,10 +36,12 @@ struct Setup : testing::Test {
                 .operatorSide = desk.operatorSide,
                 .memory = desk.memory,
                 .pageChanged = [this](int page) { lastPage = page; },
+                .portsChanged = [this] { ++portChanges; },
                 .serialDevices = [] { return std::vector<std::filesystem::path>{"/dev/ttyUSB0"}; },
                 .chooseFolder = [this](QWidget*, const QString&) { return chosenFolder; }};
     }
 
+    int portChanges = 0;
     void open() { screen = std::make_unique<frmSetup>(modules()); }
     Settings stored() { return desk.program.storedSettings.Utilities_loadregsettings(); }
     Settings& settings() { return desk.program.settings; }
@@ -243,6 +245,7 @@ TEST_F(Setup, PortsAndDrivesAreCheckedAndKept) {
     EXPECT_EQ(stored().lcuComms, 34);
     const MachineMap map = loadMachineMap(desk.program.store);
     EXPECT_EQ(map.ports[1], "/dev/ttyUSB7");
+    EXPECT_EQ(portChanges, 1) << "the next search tries the new device";
     EXPECT_EQ(map.drives.at('D'), chosenFolder.toStdString());
     EXPECT_EQ(desk.program.places.drive("D"), desk.home.path() / "data");
 }
