@@ -4,12 +4,11 @@
 #include "drawing/live_picture.h"
 #include "drawing/log_painter.h"
 #include "race.h"
+#include "toolkit.h"
 
-#include <QGuiApplication>
 #include <QImage>
 
 #include <cmath>
-#include <memory>
 
 namespace {
 
@@ -20,17 +19,6 @@ constexpr int width = 1920;
 constexpr int height = 1080;
 constexpr std::size_t channelCount = 20;
 constexpr double step = 0.02; // metres
-
-/// Pictures need the toolkit, and the toolkit needs an application that outlives them.
-void needToolkit() {
-    static int count = 1;
-    static char name[] = "bench";
-    static char* words[] = {name, nullptr};
-    static const auto application = [] {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        return std::make_unique<QGuiApplication>(count, words);
-    }();
-}
 
 struct LargeLog {
     ReviewLog log;

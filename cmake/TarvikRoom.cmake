@@ -2,7 +2,8 @@
 # what a room may use is what it names here, and the linker and the include checker hold it to that.
 #
 #   tarvik_room(lcu USES files equipment app)
-#   tarvik_test(lcu)            every tests/lcu/*_test.cpp in one program, registered with CTest
+#   tarvik_test(lcu)            every tests/lcu/*_test.cpp in one program, registered with CTest;
+#                               HEADERS <...> for what costs its files most to read
 #   tarvik_program(tarvik SOURCES ... USES ...)
 
 add_library(tarvik_options INTERFACE)
@@ -27,12 +28,25 @@ function(tarvik_program name)
   target_link_libraries(${name} PRIVATE tarvik_options ${PROGRAM_USES})
 endfunction()
 
+# What every test includes is read once for all of them; parsing it costs more than the tests themselves.
+function(tarvik_test_headers)
+  file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/test_headers.cpp CONTENT "// only carries the headers\n")
+  add_library(test_headers OBJECT ${CMAKE_CURRENT_BINARY_DIR}/test_headers.cpp)
+  target_link_libraries(test_headers PRIVATE tarvik_options GTest::gtest GTest::gmock)
+  target_precompile_headers(test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+endfunction()
+
 function(tarvik_test room)
-  cmake_parse_arguments(TEST "" "" "USES" ${ARGN})
+  cmake_parse_arguments(TEST "" "" "USES;HEADERS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   add_executable(${room}_tests ${sources})
   target_include_directories(${room}_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(${room}_tests PRIVATE tarvik_options ${TEST_USES} GTest::gtest_main GTest::gmock)
   target_compile_definitions(${room}_tests PRIVATE TARVIK_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  if(TEST_HEADERS)
+    target_precompile_headers(${room}_tests PRIVATE <gmock/gmock.h> <gtest/gtest.h> ${TEST_HEADERS})
+  else()
+    target_precompile_headers(${room}_tests REUSE_FROM test_headers)
+  endif()
   gtest_discover_tests(${room}_tests PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
 endfunction()

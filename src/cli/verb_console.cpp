@@ -22,6 +22,7 @@ constexpr std::string_view ownCommands = "  :depth M   set the winch depth, metr
                                          "  :find      search for the LCU\n"
                                          "  :values    the latest scan, channel by channel\n"
                                          "  :bits      the status bits\n"
+                                         "  :raw       the raw bytes of the line from here on, or no more\n"
                                          "  :stop      stop the scan stream and the winch test\n"
                                          "  :help      this list\n";
 
@@ -45,7 +46,11 @@ class TerminalConsole final : public DiagnosticsView {
         : session_(session),
           ends_(ends),
           readInput_(readInput),
+          transcript_(session.program().clock),
           console_(diagnosticsModules(session.program()), *this) {}
+    ~TerminalConsole() override { session_.program().tap.listen(nullptr); }
+    TerminalConsole(const TerminalConsole&) = delete;
+    TerminalConsole& operator=(const TerminalConsole&) = delete;
 
     void run(const std::vector<std::string>& words) {
         start_ = session_.program().clock.tickMs();
@@ -58,8 +63,11 @@ class TerminalConsole final : public DiagnosticsView {
                 session_.program().serial.ComSleepMS(session_.program().link.port, idleWaitMs);
             }
             console_.tick();
+            printRaw();
         }
         console_.close();
+        transcript_.finish();
+        printRaw();
     }
 
     void statusLine(std::string_view line) override { std::cout << statusLineParts(line).text << std::endl; }
@@ -76,6 +84,7 @@ class TerminalConsole final : public DiagnosticsView {
         if (shownDepth_) std::cout << "Depth " << *shownDepth_ << " m" << std::endl;
     }
     void looked() override {
+        printRaw();
         if (readInput_) takeInput(0);
         const bool enough = ends_.scans && console_.scans() >= *ends_.scans;
         if (enough || timeIsUp() || session_.signals().arrived()) console_.stop();
@@ -99,6 +108,12 @@ class TerminalConsole final : public DiagnosticsView {
     }
 
     void obey(const std::string& line) {
+        act(std::string(trimmed(line)));
+        transcript_.finish(); // what came of it stands before what comes next
+        printRaw();
+    }
+
+    void act(const std::string& line) {
         if (!line.starts_with(':')) return console_.send(line);
         const std::string word = line.substr(0, line.find(' '));
         if (word == ":depth") return setDepth(line.substr(word.size()));
@@ -106,10 +121,12 @@ class TerminalConsole final : public DiagnosticsView {
         if (word == ":reset") return console_.comreset();
         if (word == ":find") return console_.comfindLCU();
         if (word == ":stop") return console_.stop();
+        if (word == ":raw") return showRaw(!rawShown_);
         if (word == ":values") return printValues();
         if (word == ":help") return printHelp();
         if (word == ":bits") {
-            std::cout << console_.statusBits() << "  " << statusMeaning(console_.status()) << std::endl;
+            std::cout << console_.statusBits() << "  " << statusMeaning(console_.status()) << "  "
+                      << clearToSendText(console_.clearToSend()) << std::endl;
         } else {
             std::cerr << "tarvik: " << word << " is not known; :help lists what is\n";
         }
@@ -118,6 +135,18 @@ class TerminalConsole final : public DiagnosticsView {
     void setDepth(const std::string& text) {
         if (const auto metres = parseNumber(text)) return console_.cominitdepth(*metres);
         std::cerr << "tarvik: :depth expects metres, such as :depth 12.34\n";
+    }
+
+    void showRaw(bool shown) {
+        rawShown_ = shown;
+        session_.program().tap.listen(shown ? &transcript_ : nullptr);
+    }
+
+    void printRaw() {
+        transcript_.settle(session_.program().clock.tickMicros());
+        for (; rawPrinted_ < transcript_.completed(); ++rawPrinted_)
+            std::cout << transcript_.line(rawPrinted_) << "\n";
+        std::cout << std::flush;
     }
 
     void printValues() {
@@ -139,6 +168,9 @@ class TerminalConsole final : public DiagnosticsView {
     ConsoleEnds ends_;
     bool readInput_;
     InputLines input_;
+    WireTranscript transcript_;
+    bool rawShown_ = false;
+    std::size_t rawPrinted_ = 0;
     DiagnosticsConsole console_;
     std::int64_t start_ = 0;
     std::optional<double> shownDepth_;
@@ -163,7 +195,8 @@ int runConsole(const Arguments& arguments) {
     Terminal terminal;
     Session session(arguments, terminal);
     loadTool(arguments, session.program());
-    if (!session.find()) return exitFailed;
+    // Who types can look for it again.
+    if (!session.find() && !arguments.rest().empty()) return exitFailed;
     TerminalConsole console(session, ends, arguments.rest().empty());
     console.run(arguments.rest());
     return exitDone;

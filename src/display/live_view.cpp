@@ -63,14 +63,14 @@ void LiveView::toolAt(double position, const Extent& run) {
     if (!first && position != *tool_) upwards_ = view_.axis == Axis::depth ? position < *tool_ : upwards_;
     tool_ = position;
     run_ = run;
-    if (first) placeTool();
+    if (first) placeRun();
     keepToolInSight();
 }
 
-/// The first point: with nearly the whole body to go.
-void LiveView::placeTool() {
+/// From the first point on, with nearly the whole body to go; the tool may be out of sight yet.
+void LiveView::placeRun() {
     const double y = bodyHeight_ * (upwards() ? 1 - startShare : startShare);
-    view_.top = *tool_ - y / view_.unitsPer();
+    view_.top = (upwards() ? run_.to : run_.from) - y / view_.unitsPer();
 }
 
 void LiveView::keepToolInSight() {

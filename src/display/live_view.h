@@ -54,6 +54,10 @@ class LiveView {
     [[nodiscard]] double bodyHeight() const { return bodyHeight_; }
     [[nodiscard]] double scale() const { return scale_; }
     [[nodiscard]] bool following() const { return following_; }
+    /// Below the upper edge of the body; nothing before the first point.
+    [[nodiscard]] std::optional<double> toolHeight() const {
+        return tool_ ? std::optional(view_.yOf(*tool_)) : std::nullopt;
+    }
     [[nodiscard]] ScrollRange range() const;
 
   private:
@@ -61,7 +65,7 @@ class LiveView {
     [[nodiscard]] Extent tops() const;
     void moveBy(double units);
     void keepToolInSight();
-    void placeTool();
+    void placeRun();
 
     DisplayView view_;
     double scale_ = 200;

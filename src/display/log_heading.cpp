@@ -35,6 +35,18 @@ std::string intervalText(const ReviewLog& log) {
            unitLetter(log.header.setup.units);
 }
 
+/// A LAS file says nothing of how a log was sampled, of its tool or its winch: blank fields for them would
+/// look like an omission, default ones would be invented.
+void keepWhatLasSays(LogHeading& heading, const ReviewLog& log) {
+    std::erase_if(heading.fields, [](const HeadingField& field) {
+        return field.value.empty() || field.label == "Direction" || field.label == "Sampling";
+    });
+    if (log.otherDepthUnit) {
+        heading.remarks.push_back("The index of the LAS file is in \"" + *log.otherDepthUnit +
+                                  "\"; the depth scale counts each as a metre.");
+    }
+}
+
 std::string samplingSaid(const RunSetup& setup) {
     const bool byDepth = setup.sampling == Sampling::depth;
     return std::string(byDepth ? "by depth, " : "by time, ") + shortestNumber(setup.interval) +
@@ -139,6 +151,7 @@ LogHeading headingOf(const ReviewLog& log, const LogDisplay& display, const std:
     heading.fields = fieldsOf(log);
     addCalibrations(heading, log.header, display);
     addRemarks(heading, log);
+    if (log.las) keepWhatLasSays(heading, log);
     return heading;
 }
 

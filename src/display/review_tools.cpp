@@ -32,7 +32,10 @@ DisplayView jumpedTo(const DisplayView& view, double position, double bodyHeight
 }
 
 DisplayView showingAll(const DisplayView& view, const LogData& data, double bodyHeight) {
-    const Extent extent = extentOf(data, view.axis);
+    return showingAll(view, extentOf(data, view.axis), bodyHeight);
+}
+
+DisplayView showingAll(const DisplayView& view, const Extent& extent, double bodyHeight) {
     DisplayView all = view;
     all.top = extent.from;
     if (bodyHeight > 0 && extent.to > extent.from) {
@@ -42,7 +45,10 @@ DisplayView showingAll(const DisplayView& view, const LogData& data, double body
 }
 
 DisplayView heldInside(const DisplayView& view, const LogData& data, double bodyHeight) {
-    const Extent extent = extentOf(data, view.axis);
+    return heldInside(view, extentOf(data, view.axis), bodyHeight);
+}
+
+DisplayView heldInside(const DisplayView& view, const Extent& extent, double bodyHeight) {
     const double furthest = std::max(extent.from, extent.to - bodyHeight / view.unitsPer());
     DisplayView held = view;
     held.top = std::clamp(view.top, extent.from, furthest);
@@ -53,6 +59,10 @@ Extent visibleInterval(const DisplayView& view, const LogData& data, double body
     const Extent extent = extentOf(data, view.axis);
     return {std::clamp(view.top, extent.from, extent.to),
             std::clamp(view.positionAt(bodyHeight), extent.from, extent.to)};
+}
+
+double toHundredths(double depth) {
+    return std::round(depth * 100) / 100;
 }
 
 std::optional<CursorReading> readingsAt(const LogDisplay& display, const LogData& data, Axis axis,

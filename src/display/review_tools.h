@@ -26,12 +26,17 @@ struct Extent {
 [[nodiscard]] DisplayView jumpedTo(const DisplayView& view, double position, double bodyHeight);
 /// The whole log in the body.
 [[nodiscard]] DisplayView showingAll(const DisplayView& view, const LogData& data, double bodyHeight);
+[[nodiscard]] DisplayView showingAll(const DisplayView& view, const Extent& extent, double bodyHeight);
 /// Never further than the ends of the log at the edges of the body; a log shorter than the body starts at
 /// its top.
 [[nodiscard]] DisplayView heldInside(const DisplayView& view, const LogData& data, double bodyHeight);
+[[nodiscard]] DisplayView heldInside(const DisplayView& view, const Extent& extent, double bodyHeight);
 
 /// What of the log is in the body: the interval to export.
 [[nodiscard]] Extent visibleInterval(const DisplayView& view, const LogData& data, double bodyHeight);
+
+/// As depths are written in forms: two decimals, without the tail of a position of pixels.
+[[nodiscard]] double toHundredths(double depth);
 
 struct Reading {
     std::string channel;

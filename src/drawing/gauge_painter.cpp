@@ -79,7 +79,7 @@ void paintDial(const GaugeCanvas& on, const QRectF& box) {
 }
 
 void paintChamber(const GaugeCanvas& on, const QRectF& box) {
-    const double height = box.height() * 0.72;
+    const double height = box.height() * 0.68;
     const double width = std::min(box.width() * 0.34, height * 0.5);
     const QRectF chamber(box.center().x() - width / 2, box.top() + box.height() * 0.04, width, height);
     const double fill = height * on.gauge.fraction();
@@ -93,9 +93,22 @@ void paintChamber(const GaugeCanvas& on, const QRectF& box) {
         const double length = width * (i % 5 == 0 ? 0.2 : 0.12);
         on.painter.drawLine(QLineF(chamber.right(), y, chamber.right() + length, y));
     }
-    const double size = std::min(box.width(), box.height()) * 0.14;
-    on.write(QRectF(box.left(), chamber.bottom() + size * 0.25, box.width(), size * 1.3), size, true,
-             on.scheme.text, qText(gaugeText(on.gauge)) + QStringLiteral(" ") + on.unit());
+    const double size = std::min(box.width(), box.height()) * 0.13;
+    const QRectF figures(box.left(), chamber.bottom() + size * 0.1, box.width(), size * 1.2);
+    on.write(figures, size, true, on.scheme.text, qText(gaugeText(on.gauge)));
+    on.write(figures.translated(0, size), size * 0.42, false, on.scheme.quietText, on.unit());
+}
+
+/// As many as make the gauges largest.
+double columnsFor(double count, const QRectF& box) {
+    double best = 1;
+    double largest = 0;
+    for (double columns = 1; columns <= count; ++columns) {
+        const double size = std::min(box.width() / columns, box.height() / std::ceil(count / columns));
+        if (size > largest) best = columns;
+        largest = std::max(largest, size);
+    }
+    return best;
 }
 
 } // namespace
@@ -108,8 +121,7 @@ void paintGauges(QPainter& painter, std::span<const Gauge> gauges, const Scheme&
     painter.fillRect(box, qColour(scheme.surface));
     const double title = 6 * unitsPerMillimetre;
     const auto count = static_cast<double>(std::max<std::size_t>(1, gauges.size()));
-    // Rows and columns so that the cells come nearest to squares.
-    const double columns = std::clamp(std::round(std::sqrt(count * box.width() / box.height())), 1.0, count);
+    const double columns = columnsFor(count, box);
     const double rows = std::ceil(count / columns);
     const double width = box.width() / columns;
     const double height = box.height() / rows;

@@ -5,6 +5,7 @@
 #include "display/bullseye.h"
 #include "display/default_display.h"
 #include "display/display_template.h"
+#include "display/print_order.h"
 
 #include <algorithm>
 #include <array>
@@ -17,14 +18,9 @@ constexpr std::array<std::string_view, 3> schemeNames{"paper", "light", "dark"};
 constexpr std::array<std::string_view, 4> paperNames{"A4", "A3", "Letter", "Continuous"};
 constexpr std::array<std::string_view, 3> deviationNames{bullseyeCaption, magneticsCaption, deviationCaption};
 
-/// "1:200" or "200".
 double scaleFrom(const std::string& text) {
-    const std::string_view digits = text.starts_with("1:") ? std::string_view(text).substr(2) : text;
-    const auto number = parseNumber(digits);
-    if (!number || *number < 0.1 || *number > 1e6) {
-        throw UsageError("--scale expects 1:N, such as 1:200, not \"" + text + "\"");
-    }
-    return *number;
+    if (const auto scale = scaleFromText(text)) return *scale;
+    throw UsageError("--scale expects 1:N, such as 1:200, not \"" + text + "\"");
 }
 
 /// "NAME=N"; the name may hold an equals sign, the number cannot.

@@ -1,7 +1,7 @@
 #include "drawing/verb_plot.h"
 
 #include "base/text.h"
-#include "cli/terminal.h"
+#include "cli/review.h"
 #include "display/bullseye.h"
 #include "display/display_template.h"
 #include "drawing/plan_file.h"
@@ -41,17 +41,15 @@ class Toolkit {
 };
 
 int runPlot(const Arguments& arguments) {
-    const Path file = arguments.only("run file");
+    const Path file = arguments.only("run or LAS file");
     const PlotTarget target = targetFrom(arguments);
-    Terminal terminal;
-    Program program(programOptions(arguments), terminal.shell());
-    RedLines damage(terminal.lines());
-    program.log.addViewer(damage);
-    const auto log = program.runReader.Tarvikfileopen(file);
+    Review review(arguments);
+    const auto log = review.open(file);
     if (!log) return exitFailed;
-    const LogSheet sheet = sheetFrom(arguments, *log, program.files);
+    Files& files = review.program().files;
+    const LogSheet sheet = sheetFrom(arguments, *log, files);
     if (const auto saved = arguments.name("--save-template")) {
-        program.files.replace(*saved, asBytes(templateText(sheet.display)));
+        files.replace(*saved, asBytes(templateText(sheet.display)));
     }
     const Toolkit toolkit;
     if (upperCase(arguments.text("--deviation").value_or("")) == upperCase(bullseyeCaption)) {
@@ -66,11 +64,15 @@ int runPlot(const Arguments& arguments) {
 } // namespace
 
 Verb plotVerb() {
-    return {.name = "plot",
-            .usage = "plot RUN.kvx -o OUT.png|OUT.pdf|OUT.svg [options]",
-            .purpose = "draw a run to exact scale; prints the path\nDepths are in the run's depth unit.",
-            .options = plotOptions(),
-            .run = runPlot};
+    std::vector<Option> options = plotOptions();
+    options.push_back(tolerantOption());
+    return {
+        .name = "plot",
+        .usage = "plot FILE -o OUT.png|OUT.pdf|OUT.svg [options]",
+        .purpose =
+            "draw a run or a LAS file to exact scale; prints the path\nDepths are in the file's depth unit.",
+        .options = std::move(options),
+        .run = runPlot};
 }
 
 } // namespace tarvik

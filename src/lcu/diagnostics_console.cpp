@@ -44,7 +44,7 @@ void DiagnosticsConsole::open() {
     modules_.log.addViewer(*this);
     modules_.link.diagnosticsOpen = true;
     modules_.log.blue("Diagnostics mode activated");
-    takeStatus();
+    takeState();
     view_.changed();
 }
 
@@ -84,7 +84,7 @@ void DiagnosticsConsole::serve() {
         orders_.pop_front();
         act();
         line_.resume(); // an exchange tears the stream
-        takeStatus();
+        takeState();
         view_.changed();
     }
     serving_ = false;
@@ -98,6 +98,12 @@ void DiagnosticsConsole::tick() {
         orders_.emplace_back([this] { readDepth(); });
     }
     if (!orders_.empty()) serve();
+    if (serving_ || modules_.link.busy || modules_.clock.tickMs() - lineTick_ < depthEveryMs) return;
+    lineTick_ = modules_.clock.tickMs();
+    if (const auto now = readClearToSend(); now != clearToSend_) {
+        clearToSend_ = now;
+        view_.changed();
+    }
 }
 
 void DiagnosticsConsole::stop() {
@@ -123,8 +129,13 @@ void DiagnosticsConsole::send(std::string_view commands) {
     serve();
 }
 
+bool DiagnosticsConsole::portIsOpen() {
+    if (!modules_.link.open()) modules_.log.red("No port is open - find the LCU first");
+    return modules_.link.open();
+}
+
 void DiagnosticsConsole::sendOne(const std::string& command) {
-    if (!modules_.link.open()) return modules_.log.red("No port is open - find the LCU first");
+    if (!portIsOpen()) return;
     if (command == "Q") {
         modules_.log.black("Sent status command");
         modules_.lcu.LCU_Status();
@@ -143,12 +154,13 @@ void DiagnosticsConsole::sendOne(const std::string& command) {
 
 void DiagnosticsConsole::cominitdepth(double metres) {
     order([this, metres] {
-        if (setWinchDepth(modules_.lcu, modules_.log, metres)) depth_ = metres;
+        if (portIsOpen() && setWinchDepth(modules_.lcu, modules_.log, metres)) depth_ = metres;
     });
 }
 
 void DiagnosticsConsole::comreset() {
     order([this] {
+        if (!portIsOpen()) return;
         modules_.lcu.LCU_Reset();
         leaveAcquisition();
     });
@@ -171,8 +183,15 @@ void DiagnosticsConsole::comclearstatus() {
     showStatusLine(formatDate(modules_.clock.now(), "hh:mm:ss") + " \\B\\1 Status list cleared");
 }
 
-void DiagnosticsConsole::takeStatus() {
+void DiagnosticsConsole::takeState() {
     status_ = modules_.link.status;
+    clearToSend_ = readClearToSend();
+}
+
+std::optional<bool> DiagnosticsConsole::readClearToSend() {
+    if (!modules_.link.open()) return std::nullopt;
+    const std::int32_t state = modules_.serial.ComGetCTSStatus(modules_.link.port);
+    return state < 0 ? std::nullopt : std::optional(state != 0);
 }
 
 // ---- Winch test
@@ -180,7 +199,7 @@ void DiagnosticsConsole::takeStatus() {
 void DiagnosticsConsole::comwinchtest() {
     if (winchTest_) {
         stopWinchTest();
-    } else {
+    } else if (portIsOpen()) {
         startWinchTest();
     }
     view_.changed();
@@ -232,6 +251,8 @@ void DiagnosticsConsole::acquire() {
     if (look == Look::gone) {
         modules_.log.red("The serial port has gone - check the cable, then find the LCU again");
         leaveAcquisition();
+        modules_.link.status = -1;
+        takeState();
     }
     if (look != Look::nothing || line_.polls() < pollsBefore) view_.changed();
     view_.looked();
@@ -246,6 +267,7 @@ void DiagnosticsConsole::takeScan() {
     DiagnosticsScan scan;
     if (!Diag_Getvalues(decoding, line_.bytes(), scan)) {
         modules_.log.red("Problems deciphering data from LCU");
+        line_.resume(); // it may have begun in the middle of another
         status_ = -1;
         return;
     }

@@ -91,6 +91,8 @@ class DiagnosticsConsole final : private StatusViewer {
     }
     [[nodiscard]] std::string statusBits() const { return statusBitsText(status_); }
     [[nodiscard]] std::int32_t status() const { return status_; }
+    /// The clear-to-send line of the port; nothing without a port, or when the port has no such line.
+    [[nodiscard]] std::optional<bool> clearToSend() const { return clearToSend_; }
     [[nodiscard]] std::optional<double> depth() const { return depth_; } ///< metres
     [[nodiscard]] const std::optional<DiagnosticsScan>& latestScan() const { return scan_; }
     [[nodiscard]] long scans() const { return scans_; } ///< since the stream was started
@@ -101,6 +103,7 @@ class DiagnosticsConsole final : private StatusViewer {
     void showStatusLine(std::string_view viewerLine) override;
     void order(std::function<void()> act);
     void serve();
+    [[nodiscard]] bool portIsOpen();
     void sendOne(const std::string& command);
     void Diag_StartDataAcquisition();
     void acquire();
@@ -110,7 +113,8 @@ class DiagnosticsConsole final : private StatusViewer {
     void startWinchTest();
     void stopWinchTest();
     void readDepth();
-    void takeStatus();
+    void takeState();
+    [[nodiscard]] std::optional<bool> readClearToSend();
 
     DiagnosticsModules modules_;
     DiagnosticsView& view_;
@@ -124,6 +128,8 @@ class DiagnosticsConsole final : private StatusViewer {
     bool acquiring_ = false;
     bool winchTest_ = false;
     std::int64_t depthTick_ = 0;
+    std::int64_t lineTick_ = 0;
+    std::optional<bool> clearToSend_;
     std::int32_t status_ = -1;
     std::optional<double> depth_;
     std::optional<DiagnosticsScan> scan_;

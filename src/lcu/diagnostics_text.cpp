@@ -48,6 +48,11 @@ std::string statusMeaning(std::int32_t status) {
     return value + (errors.empty() ? " - not a healthy LCU" : errors);
 }
 
+std::string clearToSendText(std::optional<bool> clearToSend) {
+    if (!clearToSend) return {};
+    return *clearToSend ? "Clear to send: on" : "Clear to send: off";
+}
+
 std::vector<ChannelRow> channelRows(const CurrentTool& tool, const DiagnosticsScan& scan) {
     std::vector<ChannelRow> rows;
     for (int channel = 1; channel <= scan.channels; ++channel) {

@@ -6,6 +6,7 @@
 #include "lcu/diagnostics_console.h"
 #include "lcu/wire_transcript.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,9 @@ struct StatusLineParts {
 
 /// What the status byte means: "Healthy LCU4", the errors it names, or that there is none yet.
 [[nodiscard]] std::string statusMeaning(std::int32_t status);
+
+/// "Clear to send: on" or "off"; empty when the port does not say.
+[[nodiscard]] std::string clearToSendText(std::optional<bool> clearToSend);
 
 /// A channel of the latest scan: its count, and its value under the current tool.
 struct ChannelRow {

@@ -1,4 +1,5 @@
-// What an engineer can type to the LCU, with its meaning: shown beside the command boxes, never enforced.
+// What an engineer can type to the LCU, with its meaning: shown beside the command boxes, never enforced. Of
+// the set-up commands only their use is known; they are listed with that and nothing is guessed.
 #pragma once
 
 #include <span>
@@ -10,7 +11,6 @@ struct KnownCommand {
     std::string_view text;
     std::string_view meaning;
     bool lcu4Only = false;
-    bool needsValue = false; ///< a value follows the letters
 };
 
 [[nodiscard]] std::span<const KnownCommand> knownCommands();

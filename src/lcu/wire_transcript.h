@@ -25,6 +25,8 @@ class WireTranscript final : public WireListener {
 
     /// Ends the line in hand if the wire has been quiet.
     void settle(std::int64_t micros);
+    /// Ends the line in hand.
+    void finish() { endLine(); }
     void clear();
     /// Lines ever completed: who shows them asks from where it stopped.
     [[nodiscard]] std::size_t completed() const { return completed_; }

@@ -107,7 +107,7 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
     connectScales(*screen);
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
     demonstration_ = std::make_unique<Demonstration>(program_, *screen, gate_, runViewParts());
-    review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
+    review_ = std::make_unique<ReviewSession>(program_, *screen, gate_, memory_);
     screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *demonstration_, events_);
     operator_.setReports(
         {.error = [this](const ErrorReport& error, std::string_view dateTime,
@@ -131,7 +131,7 @@ RunViewParts Desktop::runViewParts() {
                 screen().side().showLink(program_.link);
             },
         .shown = [this] { screen().live().follow(runShown()->ring); },
-        .stopping = [this] { screen().live().show({}); },
+        .stopping = [this] { screen().live().showDisplay({}); },
         .ended = [this] { runEnded(); }};
 }
 
@@ -139,7 +139,7 @@ RunViewParts Desktop::runViewParts() {
 /// played may be of another tool.
 void Desktop::runEnded() {
     screen().live().follow(runShown()->ring);
-    screen().live().show({});
+    screen().live().showDisplay({});
     if (program_.state.mode == programMode::demo) return;
     for (const LogCurve& curve : screen().live().rescaled()) keepToolScale(program_.equipment, curve);
     loadNotes();
@@ -179,7 +179,7 @@ void Desktop::connectHooks() {
     };
     hooks.searchForLcu = [this, search = hooks.searchForLcu] { return searchForLcu(search); };
     hooks.endProcess = [this] { endProcess(); };
-    hooks.printLog = [this](const Path&) { screens_->open({"print"}); };
+    hooks.printLog = [this](const Path&) { review_->print(); };
     hooks.loadHoleNotes = [this] { loadNotes(); };
 }
 

@@ -20,7 +20,10 @@ namespace tarvik {
 namespace {
 
 constexpr double farthestDepth = 83'886; // metres: the depth counter is a signed 24-bit number of centimetres
+constexpr std::string_view dataHeadingStart = " Depth";
+constexpr const char* frameless = " border: none;";
 constexpr int statusRowsShown = 5000;
+constexpr int tableRow = 26; // pixels
 
 QFont fixedFont(int points = 10) {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -110,12 +113,25 @@ QWidget* DiagnosticsStatePanel::linkCard() {
     bits_->setToolTip(
         "Bits 7 to 0 of the last status byte.\n1 no block, 2 receiver time-out, 3 checksum error, "
         "6 command error");
+    auto* const numbers = figure("lbbitnumbers");
+    numbers->setText("7 6 5 4 3 2 1 0");
+    setRole(*numbers, "quiet");
     meaning_ = new QLabel;
     meaning_->setObjectName("lbstatusmeaning");
+    meaning_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // four errors at once are a long line
     find = button("comfindLCU", "&Find LCU", "Search the serial ports for an LCU");
     reset = button("comreset", "&Reset LCU", "Send X twice and ask for the status");
-    card->body()->addWidget(lcu_);
-    card->body()->addWidget(bits_);
+    auto* const bits = new QVBoxLayout;
+    bits->setSpacing(0);
+    bits->addWidget(numbers);
+    bits->addWidget(bits_);
+    clearToSend_ = roleLabel("quiet");
+    clearToSend_->setObjectName("lbcleartosend");
+    auto* const line = new QHBoxLayout;
+    line->addWidget(lcu_, 1);
+    line->addWidget(clearToSend_);
+    card->body()->addLayout(line);
+    card->body()->addLayout(bits);
     card->body()->addWidget(meaning_);
     card->body()->addStretch(1);
     card->body()->addLayout(row({find, reset}));
@@ -149,7 +165,6 @@ QWidget* DiagnosticsStatePanel::acquisitionCard() {
     state_->setObjectName("lbacquisition");
     scan_ = roleLabel("quiet");
     scan_->setObjectName("lbscan");
-    scan_->setWordWrap(true);
     stop = button("comstop", "&Stop", "Stop the scan stream, the winch test and what is still to be sent");
     card->body()->addWidget(state_);
     card->body()->addWidget(scan_);
@@ -162,6 +177,8 @@ void DiagnosticsStatePanel::show(const DiagnosticsConsole& console, const LinkSt
     lcu_->setText(qt(lcuText(link)));
     bits_->setText(qt(console.statusBits()));
     meaning_->setText(qt(statusMeaning(console.status())));
+    meaning_->setToolTip(meaning_->text());
+    clearToSend_->setText(qt(clearToSendText(console.clearToSend())));
     setRole(*meaning_, console.status() < 1 ? "quiet" : modelWithStatus(console.status()) ? "good" : "bad");
     depth_->setText(console.depth() ? qt(formatPicture(*console.depth(), "###0.00") + " m") : "-.-- m");
     winchTest->setText(qt(console.winchTestCaption()));
@@ -186,50 +203,32 @@ DiagnosticsCommandPanel::DiagnosticsCommandPanel() {
     batch->setObjectName("txtbatch");
     batch->setStyleSheet(fixedStyle(11));
     batch->setTabChangesFocus(true);
-    batch->setFixedHeight(92);
+    batch->setMinimumHeight(64);
     batch->setPlaceholderText("X\nQ\nV");
     clear = button("comclear", "C&lear", "Clear the command box");
     send = button("comsend", "S&end batch", "Send these commands one after the other");
     send->setProperty("primary", true);
 
-    known = table("tblcommands", "Known commands", {"Command", "Meaning"});
-    known->setToolTip("Double-click: put the command into the box");
-    for (const KnownCommand& each : knownCommands()) {
-        const int at = known->rowCount();
-        known->insertRow(at);
-        auto* const text = new QTableWidgetItem(qt(each.text));
-        text->setFont(fixedFont());
-        const QString meaning = qt(each.meaning) + (each.lcu4Only ? " (LCU4 only)" : "");
-        auto* const meaningItem = new QTableWidgetItem(meaning);
-        meaningItem->setToolTip(meaning);
-        known->setItem(at, 0, text);
-        known->setItem(at, 1, meaningItem);
-    }
-    known->setColumnWidth(0, 90);
-    known->verticalHeader()->setDefaultSectionSize(26);
-    known->setWordWrap(false);
-
     auto* const card = new Card("Commands");
     card->body()->addWidget(
         new Field("Si&ngle command", command, {}, "Enter sends; arrow keys: sent before"));
-    card->body()->addWidget(new Field("&Batch", batch, {}, "Enter sends; Shift+Enter: next line"));
+    card->body()->addWidget(new Field("&Batch", batch, {}, "Enter sends; Shift+Enter: next line"), 1);
     card->body()->addLayout(row({clear, send}));
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(measure::wide);
     column->addWidget(card);
-    column->addWidget(known, 1);
-    setFixedWidth(320);
+    setFixedWidth(296);
 }
 
 // ---- Lists
 
 DiagnosticsListPanel::DiagnosticsListPanel() {
     tabs = new QTabWidget;
-    data = textArea("txtdatalog", "Data log", "A line for each scan, once the stream is started with V.");
-    tabs->addTab(data, "Data log");
-    tabs->addTab(valuesPage(), "Channel values");
-    tabs->addTab(rawPage(), "Raw bytes");
+    tabs->addTab(dataPage(), "D&ata log");
+    tabs->addTab(valuesPage(), "C&hannels");
+    tabs->addTab(rawPage(), "Ra&w bytes");
+    tabs->addTab(knownPage(), "Co&mmands");
     clearLog = button("comclearlog", "Clear lo&g", "Clear the data log");
     clearLog->setStyleSheet("padding: 2px 12px; min-height: 22px;");
     auto* const corner = new QWidget;
@@ -247,6 +246,26 @@ DiagnosticsListPanel::DiagnosticsListPanel() {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(split);
+}
+
+QWidget* DiagnosticsListPanel::dataPage() {
+    auto* const page = new QWidget;
+    dataHeading_ = textArea("txtdataheading", "Heading of the data log", {});
+    dataHeading_->setStyleSheet(fixedStyle(9) + frameless);
+    dataHeading_->setFixedHeight(dataHeading_->fontMetrics().height() + measure::gap);
+    dataHeading_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    dataHeading_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    dataHeading_->setFocusPolicy(Qt::NoFocus);
+    data = textArea("txtdatalog", "Data log", "A line for each scan, once the stream is started with V.");
+    data->setStyleSheet(fixedStyle(9) + frameless);
+    connect(data->horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { showHeading(); });
+    connect(data->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { showHeading(); });
+    auto* const column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(dataHeading_);
+    column->addWidget(data, 1);
+    return page;
 }
 
 QWidget* DiagnosticsListPanel::statusPart() {
@@ -271,6 +290,8 @@ QWidget* DiagnosticsListPanel::statusPart() {
 QWidget* DiagnosticsListPanel::valuesPage() {
     auto* const page = new QWidget;
     values = table("tblvalues", "Channel values", {"Channel", "Name", "Raw count", "Value", "Unit"});
+    values->verticalHeader()->setDefaultSectionSize(tableRow);
+    values->setColumnWidth(0, 80);
     values->setColumnWidth(1, 180);
     values->setColumnWidth(3, 140);
     valuesNote_ = roleLabel("quiet", "No scan has come yet.");
@@ -282,13 +303,36 @@ QWidget* DiagnosticsListPanel::valuesPage() {
 
 QWidget* DiagnosticsListPanel::rawPage() {
     auto* const page = new QWidget;
-    recordRaw = new QCheckBox("Show every byte of the line ( > sent, < received, x discarded )");
+    recordRaw = new QCheckBox("Show ever&y byte of the line ( > sent, < received, x discarded )");
     recordRaw->setObjectName("chkrawbytes");
     raw = textArea("txtrawbytes", "Raw bytes", "Tick the box above, then send something.");
     raw->setMaximumBlockCount(static_cast<int>(WireTranscript::linesKept));
     auto* const column = new QVBoxLayout(page);
     column->addWidget(recordRaw);
     column->addWidget(raw, 1);
+    return page;
+}
+
+QWidget* DiagnosticsListPanel::knownPage() {
+    auto* const page = new QWidget;
+    known = table("tblcommands", "Known commands", {"Command", "Meaning"});
+    for (const KnownCommand& each : knownCommands()) {
+        const int at = known->rowCount();
+        known->insertRow(at);
+        auto* const text = new QTableWidgetItem(qt(each.text));
+        text->setFont(fixedFont());
+        const QString meaning = qt(each.meaning) + (each.lcu4Only ? " (LCU4 only)" : "");
+        auto* const meaningItem = new QTableWidgetItem(meaning);
+        meaningItem->setToolTip(meaning);
+        known->setItem(at, 0, text);
+        known->setItem(at, 1, meaningItem);
+    }
+    known->setColumnWidth(0, 90);
+    known->verticalHeader()->setDefaultSectionSize(tableRow);
+    known->setWordWrap(false);
+    auto* const column = new QVBoxLayout(page);
+    column->addWidget(roleLabel("quiet", "Enter or a double-click puts the command into the box."));
+    column->addWidget(known, 1);
     return page;
 }
 
@@ -308,6 +352,21 @@ void DiagnosticsListPanel::addStatusLine(std::string_view viewerLine) {
 
 void DiagnosticsListPanel::addData(std::string_view text) {
     append(*data, qt(text).remove('\r'));
+    if (text.starts_with(dataHeadingStart)) headingText_ = qt(text.substr(0, text.find('\r')));
+    showHeading();
+}
+
+/// While its own line is out of sight.
+void DiagnosticsListPanel::showHeading() {
+    const QString shown = data->verticalScrollBar()->value() > 0 ? headingText_ : QString();
+    if (dataHeading_->toPlainText() != shown) dataHeading_->setPlainText(shown);
+    dataHeading_->horizontalScrollBar()->setValue(data->horizontalScrollBar()->value());
+}
+
+void DiagnosticsListPanel::clearData() {
+    data->clear();
+    headingText_.clear();
+    showHeading();
 }
 
 void DiagnosticsListPanel::showScan(const CurrentTool& tool, const DiagnosticsScan& scan) {

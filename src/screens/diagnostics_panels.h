@@ -1,5 +1,5 @@
-// The three parts of the diagnostics screen: the state of the link on top, commands at the left, lists at the
-// right. They show and hold controls; what a control does is the screen's.
+// The three parts of the diagnostics screen: the state of the link on top, below it commands at the left and
+// lists at the right. They show and hold controls; what a control does is the screen's.
 #pragma once
 
 #include "lcu/diagnostics_text.h"
@@ -40,6 +40,7 @@ class DiagnosticsStatePanel final : public QWidget {
     QLabel* lcu_;
     QLabel* bits_;
     QLabel* meaning_;
+    QLabel* clearToSend_;
     QLabel* depth_;
     QLabel* state_;
     QLabel* scan_;
@@ -53,7 +54,6 @@ class DiagnosticsCommandPanel final : public QWidget {
     BatchBox* batch;
     QPushButton* clear;
     QPushButton* send;
-    QTableWidget* known;
 };
 
 class DiagnosticsListPanel final : public QWidget {
@@ -62,6 +62,7 @@ class DiagnosticsListPanel final : public QWidget {
 
     void addStatusLine(std::string_view viewerLine);
     void addData(std::string_view text);
+    void clearData();
     void showScan(const CurrentTool& tool, const DiagnosticsScan& scan);
     /// What the transcript has grown by.
     void showTranscript(const WireTranscript& transcript);
@@ -69,6 +70,7 @@ class DiagnosticsListPanel final : public QWidget {
     QListWidget* status;
     QPlainTextEdit* data;
     QTableWidget* values;
+    QTableWidget* known;
     QPlainTextEdit* raw;
     QCheckBox* recordRaw;
     QPushButton* clearStatus;
@@ -77,9 +79,14 @@ class DiagnosticsListPanel final : public QWidget {
 
   private:
     QWidget* statusPart();
+    QWidget* dataPage();
+    void showHeading();
     QWidget* valuesPage();
     QWidget* rawPage();
+    QWidget* knownPage();
 
+    QPlainTextEdit* dataHeading_; ///< stands still over the lines; scrolls sideways with them
+    QString headingText_;
     QLabel* valuesNote_;
     std::size_t rawShown_ = 0;
 };

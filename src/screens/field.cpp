@@ -43,7 +43,7 @@ Field::Field(const QString& title, QWidget* editor, const QString& unit, const Q
 
 void Field::setTitle(const QString& title) {
     title_->setText(title);
-    editor_->setAccessibleName(title);
+    editor_->setAccessibleName(withoutMnemonic(title));
 }
 
 void Field::setCheck(Check check) {

@@ -1,5 +1,6 @@
 #include "screens/filter_table.h"
 
+#include "screens/qt_text.h"
 #include "screens/theme.h"
 
 #include <QApplication>
@@ -67,7 +68,7 @@ FilterTable::FilterTable(const TableTexts& texts, DesktopMemory& memory)
 
 void FilterTable::build(const TableTexts& texts) {
     table_->setObjectName(texts.objectName);
-    table_->setAccessibleName(texts.title);
+    table_->setAccessibleName(withoutMnemonic(texts.title));
     table_->setHorizontalHeaderLabels(texts.heads);
     table_->verticalHeader()->hide();
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -89,7 +90,7 @@ void FilterTable::build(const TableTexts& texts) {
 
     filter_->setObjectName("txtfilter" + texts.objectName);
     filter_->setPlaceholderText("Filter");
-    filter_->setAccessibleName("Filter: " + texts.title);
+    filter_->setAccessibleName("Filter: " + withoutMnemonic(texts.title));
     filter_->setClearButtonEnabled(true);
     filter_->setMaximumWidth(200);
     emptyText_->setWordWrap(true);
@@ -101,6 +102,7 @@ void FilterTable::build(const TableTexts& texts) {
     stack_->setMinimumHeight(least);
     stack_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored); // takes what is left
 
+    setFocusProxy(table_);
     auto* const title = new QLabel(texts.title);
     title->setProperty("role", "head");
     title->setBuddy(table_);

@@ -7,6 +7,8 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -16,8 +18,15 @@ namespace tarvik {
 namespace {
 
 constexpr int pulseMs = 100;
+constexpr int titleBar = 40; ///< room for the frame of the window, pixels
 constexpr const char* knownColumns = "frmDiagnostics-commands";
 constexpr const char* valueColumns = "frmDiagnostics-values";
+
+/// Shrinks to its least height before it is scrolled, although some of its labels wrap.
+class Content final : public QWidget {
+  public:
+    [[nodiscard]] int heightForWidth(int) const override { return minimumSizeHint().height(); }
+};
 
 Path askForFile(QWidget* parent) {
     return plain(QFileDialog::getSaveFileName(parent, "Save lists", "diagnostics.txt", "Text files (*.txt)"));
@@ -37,27 +46,37 @@ frmDiagnostics::frmDiagnostics(const DiagnosticsModules& modules, TapPort& tap, 
       commands_(new DiagnosticsCommandPanel),
       lists_(new DiagnosticsListPanel),
       console_(modules, *this) {
-    auto* const right = new QVBoxLayout;
-    right->setSpacing(measure::wide);
-    right->addWidget(state_);
-    right->addWidget(lists_, 1);
-    auto* const content = new QWidget;
-    auto* const columns = new QHBoxLayout(content);
-    columns->setContentsMargins(0, 0, 0, 0);
-    columns->setSpacing(measure::wide);
-    columns->addWidget(commands_);
-    columns->addLayout(right, 1);
-    body()->addWidget(content, 1);
+    addContent();
     connectState();
     connectCommands();
     connectLists();
     connect(addSideButton("comsave", "Sa&ve lists…"), &QPushButton::clicked, this, [this] { save(); });
     connect(addButton("cmdclose", "&Close"), &QPushButton::clicked, this, [this] { reject(); });
     connect(&pulse_, &QTimer::timeout, this, [this] { pulse(); });
-    memory.restoreColumns(*commands_->known->horizontalHeader(), knownColumns);
+    memory.restoreColumns(*lists_->known->horizontalHeader(), knownColumns);
     memory.restoreColumns(*lists_->values->horizontalHeader(), valueColumns);
-    resize(1080, 720);
+    resize(QSize(1080, 720).boundedTo(screen()->availableSize() - QSize(0, titleBar)));
     commands_->command->setFocus();
+}
+
+/// On a display too low for all of it the content scrolls.
+void frmDiagnostics::addContent() {
+    auto* const content = new Content;
+    auto* const columns = new QHBoxLayout;
+    columns->setSpacing(measure::wide);
+    columns->addWidget(commands_);
+    columns->addWidget(lists_, 1);
+    auto* const rows = new QVBoxLayout(content);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(measure::wide);
+    rows->addWidget(state_);
+    rows->addLayout(columns, 1);
+    auto* const area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(content);
+    body()->addWidget(area, 1);
 }
 
 frmDiagnostics::~frmDiagnostics() {
@@ -79,8 +98,8 @@ void frmDiagnostics::connectCommands() {
     commands_->batch->whenSent([this] { sendBatch(); });
     connect(commands_->send, &QPushButton::clicked, this, [this] { sendBatch(); });
     connect(commands_->clear, &QPushButton::clicked, commands_->batch, &QPlainTextEdit::clear);
-    connect(commands_->known, &QTableWidget::cellDoubleClicked, this, [this](int row) {
-        commands_->command->setText(commands_->known->item(row, 0)->text());
+    connect(lists_->known, &QTableWidget::cellActivated, this, [this](int row) {
+        commands_->command->setText(lists_->known->item(row, 0)->text());
         commands_->command->setFocus();
     });
 }
@@ -89,7 +108,7 @@ void frmDiagnostics::connectLists() {
     connect(lists_->clearStatus, &QPushButton::clicked, this, [this] { console_.comclearstatus(); });
     connect(lists_->clearLog, &QPushButton::clicked, this, [this] {
         console_.comclearlog();
-        lists_->data->clear();
+        lists_->clearData();
     });
     connect(lists_->tabs, &QTabWidget::currentChanged, this, [this] { changed(); });
     connect(lists_->recordRaw, &QCheckBox::toggled, this, [this](bool on) { recordRaw(on); });
@@ -110,7 +129,7 @@ void frmDiagnostics::done(int result) {
     pulse_.stop();
     console_.close();
     tap_.listen(nullptr);
-    memory().keepColumns(*commands_->known->horizontalHeader(), knownColumns);
+    memory().keepColumns(*lists_->known->horizontalHeader(), knownColumns);
     memory().keepColumns(*lists_->values->horizontalHeader(), valueColumns);
     ScreenDialog::done(result);
 }

@@ -38,6 +38,7 @@ class frmDiagnostics final : public ScreenDialog, private DiagnosticsView {
     void dataAppended(std::string_view text) override { lists_->addData(text); }
     void changed() override;
 
+    void addContent();
     void connectState();
     void connectCommands();
     void connectLists();

@@ -14,6 +14,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStackedWidget>
 
@@ -57,6 +58,14 @@ frmSetup::frmSetup(const SetupModules& modules, QWidget* parent)
     connect(save, &QPushButton::clicked, this, [this] { accept(); });
     connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
 
+    const auto turnBy = [this](const char* keys, int pages) {
+        connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this, [this, pages] {
+            selectPage(page_ + pages);
+            shown().firstControl()->setFocus();
+        });
+    };
+    turnBy("Ctrl+PgDown", 1);
+    turnBy("Ctrl+PgUp", -1);
     list_->setCurrentRow(page_);
     shown().load();
     connect(list_, &QListWidget::currentRowChanged, this, [this](int chosen) { selectPage(chosen); });
@@ -116,6 +125,11 @@ void frmSetup::selectPage(int page, int subPage) {
     const QSignalBlocker quiet(list_);
     list_->setCurrentRow(page_);
     if (page == page_) shown().selectSubPage(subPage);
+}
+
+void frmSetup::showEvent(QShowEvent* event) {
+    ScreenDialog::showEvent(event);
+    shown().firstControl()->setFocus();
 }
 
 bool frmSetup::leave() {

@@ -30,6 +30,10 @@ class frmSetup final : public ScreenDialog { // NOLINT(readability-identifier-na
     void accept() override;
     void reject() override;
 
+  protected:
+    /// Puts the cursor into the page. Ctrl with page up or down changes the page from anywhere.
+    void showEvent(QShowEvent* event) override;
+
   private:
     void buildList();
     void buildPages();

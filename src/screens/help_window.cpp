@@ -24,6 +24,7 @@ struct Page {
 constexpr std::array pages{Page{"quick-start", "Quick start"},
                            Page{"acquiring", "Logging a run"},
                            Page{"faults", "Faults while the winch turns"},
+                           Page{"diagnostics", "Diagnostics console"},
                            Page{"review", "Review and LAS"},
                            Page{"calibration", "Calibrations"},
                            Page{"keyboard", "Keyboard"},

@@ -25,7 +25,7 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     setObjectName("IntroScreen");
     setWindowTitle("Tarvik");
     review_->setDocumentMode(true);
-    review_->addTab(picture_, "&Logs");
+    review_->addTab(picture_, "Lo&gs");
     review_->addTab(values_, "&Values");
     logs_->addPage(review_);
     logs_->addPage(live_);

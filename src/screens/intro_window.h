@@ -62,9 +62,9 @@ class IntroWindow final : public FrameView, public MainWindow {
     void redrawLogsEquallySpaced() override { parts_.redrawEquallySpaced(); }
     void redrawAcquisitionByDepth() override { screen_->live().setAxis(Axis::depth); }
     void redrawAcquisitionByTime() override { screen_->live().setAxis(Axis::time); }
-    void showFluidDisplay(std::string_view display) override { screen_->live().show(display); }
+    void showFluidDisplay(std::string_view display) override { screen_->live().showDisplay(display); }
     void showSonicDisplay(std::string_view display) override;
-    void showDeviationDisplay(std::string_view display) override { screen_->live().show(display); }
+    void showDeviationDisplay(std::string_view display) override { screen_->live().showDisplay(display); }
     void closeRun() override { parts_.closeRun(); }
 
   private:

@@ -73,11 +73,12 @@ void LiveCurvePanel::layOut() {
     auto* const buttons = new QHBoxLayout;
     auto* const close = new QPushButton("Close");
     close->setObjectName("comlivecurveclose");
-    auto* const show = new QPushButton("Show so");
+    auto* const show = new QPushButton("&Apply");
     show->setObjectName("comlivecurveapply");
     show->setProperty("primary", true);
     connect(close, &QPushButton::clicked, this, [this] { hide(); });
     connect(show, &QPushButton::clicked, this, [this] { apply(); });
+    buttons->setSpacing(8);
     buttons->addStretch(1);
     buttons->addWidget(close);
     buttons->addWidget(show);

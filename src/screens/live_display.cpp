@@ -34,6 +34,8 @@ QToolButton* button(const char* objectName, const QString& text, const QString& 
     return made;
 }
 
+constexpr int wideDisplay = 1300; // pixels: room for larger digits
+
 double scaleOf(const QString& text) {
     return text.section(':', 1).toDouble();
 }
@@ -88,6 +90,7 @@ QWidget* LiveDisplay::makeBar() {
     scales_->setAccessibleName("Scale of the live plot");
     scales_->setToolTip("Scale of the plot");
     auto* const bar = new QWidget;
+    bar->setStyleSheet("QToolButton { border: 1px solid palette(mid); padding: 4px 12px; }");
     auto* const row = new QHBoxLayout(bar);
     row->setContentsMargins(8, 6, 8, 6);
     row->setSpacing(4);
@@ -95,6 +98,7 @@ QWidget* LiveDisplay::makeBar() {
     row->addWidget(time_);
     row->addSpacing(measure::gap);
     row->addWidget(scales_);
+    row->addSpacing(4);
     row->addWidget(scaleWords_);
     row->addSpacing(measure::gap);
     row->addWidget(paint_);
@@ -124,12 +128,12 @@ void LiveDisplay::begin(const RunHeader& header) {
 
 void LiveDisplay::follow(const AcquisitionRing& ring) {
     plot_->follow(ring);
-    if (ring.size() > 0) values_->show(ring.fromOldest(ring.size() - 1));
+    if (ring.size() > 0) values_->showPoint(ring.fromOldest(ring.size() - 1));
 }
 
-void LiveDisplay::show(std::string_view caption) {
+void LiveDisplay::showDisplay(std::string_view caption) {
     panel_->hide();
-    plot_->show(caption);
+    plot_->showDisplay(caption);
     values_->setColours(plot_->curves().shown());
     showState();
 }
@@ -160,6 +164,7 @@ void LiveDisplay::showState() {
     const bool logs = plot_->page() == LivePage::logs;
     bar_->setVisible(logs);
     note_->setVisible(plot_->page() == LivePage::gauges);
+    values_->setVisible(plot_->page() != LivePage::gauges); // the gauges show the same
     depth_->setChecked(view.view().axis == Axis::depth);
     time_->setChecked(view.view().axis == Axis::time);
     paint_->setChecked(view.view().equallySpaced);
@@ -174,6 +179,7 @@ void LiveDisplay::placePanel() {
 }
 
 void LiveDisplay::resizeEvent(QResizeEvent*) {
+    values_->setColumnWidth(width() > wideDisplay ? 264 : 216);
     placePanel();
 }
 

@@ -27,7 +27,7 @@ class LiveDisplay final : public QWidget {
     /// What the run has kept since the last call. At most ten times a second: it draws.
     void follow(const AcquisitionRing& ring);
     /// What the tool's button says: "Bullseye", "Gauges", "Logs" …
-    void show(std::string_view caption);
+    void showDisplay(std::string_view caption);
     void setScale(double scale);
     void setAxis(Axis axis);
     void setEquallySpaced(bool spaced);

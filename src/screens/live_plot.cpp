@@ -1,6 +1,7 @@
 #include "screens/live_plot.h"
 
 #include "display/bullseye.h"
+#include "display/columns.h"
 #include "display/gauges.h"
 #include "drawing/bullseye_painter.h"
 #include "drawing/canvas.h"
@@ -12,14 +13,18 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tarvik {
 
 namespace {
 
 constexpr double firstScale = 200;
-constexpr int lineUnits = 24; // a step of the wheel or an arrow key
+constexpr int lineUnits = 24;           // a step of the wheel or an arrow key
+constexpr int markUnits = 7;            // of the mark at the tool
+constexpr double planMillimetres = 130; // height at which the letters of the plan view have their usual size
 
 const Scheme& currentScheme() {
     static const Scheme light = lightScheme();
@@ -60,9 +65,9 @@ void LivePlot::begin(const RunHeader& header) {
 
 void LivePlot::follow(const AcquisitionRing& ring) {
     if (log_.follow(ring) == 0) return;
-    if (page() != LivePage::logs) return update();
     const double before = view_.view().top;
     placeTool();
+    if (page() != LivePage::logs) return update();
     // A filter changes points that have been drawn already.
     if (curves_.filtered()) picture_.redraw();
     const auto changed = log_.changed(view_.view().axis);
@@ -72,16 +77,15 @@ void LivePlot::follow(const AcquisitionRing& ring) {
     if (still && changed) {
         const double top = view_.view().yOf(changed->top);
         const double bottom = view_.view().yOf(changed->bottom);
-        update(QRectF(0, top - 8, body().width(), bottom - top + 16)
-                   .toAlignedRect()
-                   .translated(0, headHeight()));
+        const QRectF rows(0, top - markUnits - 2, body().width(), bottom - top + 2 * markUnits + 4);
+        update(rows.toAlignedRect().translated(0, headHeight()));
     } else {
         update();
     }
     showMoved();
 }
 
-void LivePlot::show(std::string_view caption) {
+void LivePlot::showDisplay(std::string_view caption) {
     caption_ = caption;
     curves_.show(caption);
     redraw();
@@ -123,8 +127,10 @@ bool LivePlot::change(std::string_view channel, const ScalePair& scale, const st
 
 /// Whole pixels at every scaling of the screen.
 int LivePlot::headHeight() const {
-    const int even = static_cast<int>(LogPainter::headHeight(laidOut_, view_.view())) + 3;
-    return even / 4 * 4;
+    int height = static_cast<int>(LogPainter::headHeight(laidOut_, view_.view()));
+    const double ratio = devicePixelRatioF();
+    for (int more = 0; more < 4 && std::fmod(height * ratio, 1) != 0; ++more) ++height;
+    return height;
 }
 
 QRect LivePlot::body() const {
@@ -186,7 +192,8 @@ void LivePlot::paintEvent(QPaintEvent* event) {
     const double millimetre = logicalDpiY() / millimetresPerInch;
     switch (page()) {
     case LivePage::plan:
-        return paintBullseye(painter, bullseyeOf(log_.data()), laidOut_.scheme, all, millimetre);
+        return paintBullseye(painter, bullseyeOf(log_.data()), laidOut_.scheme, all,
+                             std::max(millimetre, height() / planMillimetres));
     case LivePage::gauges:
         return paintGauges(painter, gaugesOf(laidOut_, log_.data()), laidOut_.scheme, all, millimetre);
     case LivePage::logs:
@@ -208,7 +215,27 @@ void LivePlot::paintLogs(QPainter& painter, const QRect& dirty) {
     }
     painter.setClipRect(dirty);
     painter.drawPixmap(where.topLeft(), picture_.pixmap());
-    if (log_.steps() == 0) paintWaiting(painter);
+    if (log_.steps() == 0) return paintWaiting(painter);
+    paintTool(painter);
+}
+
+/// Where the tool is: a line across, with a mark on either side of the depths.
+void LivePlot::paintTool(QPainter& painter) {
+    const double height = view_.toolHeight().value_or(-1);
+    if (height < 0 || height > body().height()) return;
+    const double y = body().top() + std::floor(height) + 0.5;
+    const Column depths = columnsOf(laidOut_, view_.view()).depth;
+    QColor accent = coloursOf(appliedTheme()).accent;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(accent);
+    const double size = markUnits;
+    for (const auto& [edge, inwards] : {std::pair(depths.left, size), std::pair(depths.right(), -size)})
+        painter.drawPolygon(QPolygonF({{edge, y - size * 0.8}, {edge + inwards, y}, {edge, y + size * 0.8}}));
+    accent.setAlpha(130);
+    painter.setPen(accent);
+    painter.drawLine(QLineF(0, y, depths.left, y));
+    painter.drawLine(QLineF(depths.right(), y, body().width(), y));
 }
 
 void LivePlot::paintWaiting(QPainter& painter) {

@@ -26,7 +26,7 @@ class LivePlot final : public QWidget {
     /// Takes what has come since the last call and draws it.
     void follow(const AcquisitionRing& ring);
     /// What the tool's button says: "Bullseye", "Gauges", "Logs" …
-    void show(std::string_view caption);
+    void showDisplay(std::string_view caption);
 
     void setScale(double scale);
     void setAxis(Axis axis);
@@ -64,6 +64,7 @@ class LivePlot final : public QWidget {
     void draw(const std::optional<Band>& changed);
     void showMoved();
     void paintLogs(QPainter& painter, const QRect& dirty);
+    void paintTool(QPainter& painter);
     void paintWaiting(QPainter& painter);
 
     std::string toolCode_;

@@ -16,17 +16,19 @@ namespace tarvik {
 namespace {
 
 constexpr int mostRows = 13;
-constexpr int columnWidth = 168;
+constexpr int nameHeight = 20;
+constexpr int mostRowHeight = 92;
 constexpr int leastDigits = 18; // pixels
-constexpr int mostDigits = 34;  // seven of them fit the column
+constexpr int unitWidth = 60;
 
 bool isCalibrated(const Calibration& calibration) {
     return calibration.order > 0 && calibration.state != "None";
 }
 
-/// About five digits, whatever the size of the value.
-QString valueText(float value) {
+/// About five digits, whatever the size of the value; whole counts have no decimals.
+QString valueText(float value, bool calibrated) {
     const double size = std::abs(double{value});
+    if (!calibrated) return qt(formatPicture(value, value == std::round(value) ? "######0" : "###0.0"));
     const char* const picture = size >= 10000 ? "######0" : size >= 100 ? "###0.0" : "##0.000";
     return qt(formatPicture(value, picture));
 }
@@ -35,29 +37,36 @@ QString valueText(float value) {
 
 LiveValues::LiveValues() : grid_(new QGridLayout(this)) {
     setObjectName("livevalues");
-    setFixedWidth(columnWidth);
+    setProperty("card", true);
+    setStyleSheet("#livevalues { border: none; border-left: 1px solid palette(mid); border-radius: 0; }");
     grid_->setContentsMargins(12, 8, 12, 8);
     grid_->setHorizontalSpacing(20);
-    grid_->setVerticalSpacing(4);
+    grid_->setVerticalSpacing(0);
+    setColumnWidth(216);
 }
 
 void LiveValues::setRun(const RunHeader& header) {
     values_.clear();
     for (QWidget* const old : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) delete old;
-    for (int row = 0; row < grid_->rowCount(); ++row) grid_->setRowStretch(row, 0);
     const int count = static_cast<int>(header.channels.size()) - 1; // Speed stands first
     if (count <= 0) return;
     columns_ = (count + mostRows - 1) / mostRows;
-    const int rows = (count + columns_ - 1) / columns_;
-    setFixedWidth(columns_ * columnWidth);
-    for (int i = 0; i < count; ++i) add(header.channels[static_cast<std::size_t>(i) + 1], i, rows);
-    for (int row = 0; row < rows; ++row) grid_->setRowStretch(row, 1);
+    rows_ = (count + columns_ - 1) / columns_;
+    for (int i = 0; i < count; ++i) add(header.channels[static_cast<std::size_t>(i) + 1], i);
+    for (int row = 0; row < mostRows; ++row) grid_->setRowStretch(row, 0);
+    grid_->setRowStretch(mostRows, 1); // few channels stand together at the top
     for (int column = 0; column < columns_; ++column) grid_->setColumnStretch(column, 1);
     digitPixels_ = 0;
+    setColumnWidth(columnWidth_);
     fitDigits();
 }
 
-void LiveValues::add(const RunChannel& channel, int at, int rows) {
+void LiveValues::setColumnWidth(int width) {
+    columnWidth_ = width;
+    setFixedWidth(columns_ * width);
+}
+
+void LiveValues::add(const RunChannel& channel, int at) {
     auto* const cell = new QWidget;
     auto* const lines = new QGridLayout(cell);
     lines->setContentsMargins(0, 0, 0, 0);
@@ -67,6 +76,7 @@ void LiveValues::add(const RunChannel& channel, int at, int rows) {
     swatch->setFixedSize(12, 4);
     auto* const name = new QLabel(qt(channel.name));
     name->setMinimumWidth(20);
+    name->setFixedHeight(nameHeight);
     auto* const digits = new QLabel("\u2013");
     digits->setObjectName(QString("lbvalue%1").arg(at + 1));
     digits->setAccessibleName(qt(channel.name));
@@ -75,14 +85,16 @@ void LiveValues::add(const RunChannel& channel, int at, int rows) {
     const bool calibrated = isCalibrated(channel.calibration);
     auto* const unit = roleLabel(calibrated ? "quiet" : "warning", calibrated ? qt(channel.unit) : "counts");
     if (!calibrated) unit->setToolTip("Counts: the channel has no calibration");
+    unit->setFixedWidth(unitWidth);
+    unit->setStyleSheet("font-size: 8pt;");
     lines->addWidget(swatch, 0, 0, Qt::AlignVCenter);
-    lines->addWidget(name, 0, 1);
-    lines->addWidget(unit, 0, 2, Qt::AlignRight);
-    lines->addWidget(digits, 1, 0, 1, 3);
+    lines->addWidget(name, 0, 1, 1, 2);
+    lines->addWidget(digits, 1, 0, 1, 2);
+    lines->addWidget(unit, 1, 2, Qt::AlignBottom);
     lines->setColumnStretch(1, 1);
     lines->setRowStretch(2, 1);
-    grid_->addWidget(cell, at % rows, at / rows);
-    values_.push_back({channel.name, swatch, digits});
+    grid_->addWidget(cell, at % rows_, at / rows_);
+    values_.push_back({channel.name, calibrated, cell, swatch, digits});
 }
 
 void LiveValues::setColours(const LogDisplay& display) {
@@ -96,24 +108,26 @@ void LiveValues::setColours(const LogDisplay& display) {
     }
 }
 
-void LiveValues::show(const AcquisitionPoint& point) {
+void LiveValues::showPoint(const AcquisitionPoint& point) {
     for (std::size_t i = 0; i < values_.size() && i < maxChannels; ++i)
-        values_[i].digits->setText(valueText(point.values[i + 1]));
+        values_[i].digits->setText(valueText(point.values[i + 1], values_[i].calibrated));
 }
 
 void LiveValues::resizeEvent(QResizeEvent*) {
     fitDigits();
 }
 
-/// As large as the height of a row allows.
+/// As large as the height of a row and the width of the column allow; seven of them fit beside the unit.
 void LiveValues::fitDigits() {
-    const int count = static_cast<int>(values_.size());
-    if (count == 0) return;
-    const int rows = (count + columns_ - 1) / columns_;
-    const int pixels = std::clamp((height() / rows - 28) * 3 / 4, leastDigits, mostDigits);
-    if (pixels == digitPixels_) return;
+    if (values_.empty()) return;
+    const int row = std::min(mostRowHeight, (height() - 16) / rows_);
+    const int widest = static_cast<int>((columnWidth_ - unitWidth - 24) / 4.6);
+    const int pixels = std::max(leastDigits, std::min((row - nameHeight - 6) * 3 / 4, widest));
+    if (pixels == digitPixels_ && row == rowHeight_) return;
     digitPixels_ = pixels;
+    rowHeight_ = row;
     for (const Value& value : values_) {
+        value.cell->setFixedHeight(row);
         value.digits->setStyleSheet(QString("font-size: %1px; font-weight: 600;").arg(pixels));
         value.digits->setFixedHeight(pixels * 5 / 4);
     }

@@ -23,8 +23,10 @@ class LiveValues final : public QFrame {
     void setRun(const RunHeader& header);
     /// The colours of the curves; a channel without a curve has none.
     void setColours(const LogDisplay& display);
+    /// Pixels; more than about a dozen channels take two such columns.
+    void setColumnWidth(int width);
     /// As measured: no filter of the display touches the digits.
-    void show(const AcquisitionPoint& point);
+    void showPoint(const AcquisitionPoint& point);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -32,15 +34,20 @@ class LiveValues final : public QFrame {
   private:
     struct Value {
         std::string channel;
+        bool calibrated;
+        QWidget* cell;
         QFrame* swatch;
         QLabel* digits;
     };
-    void add(const RunChannel& channel, int at, int rows);
+    void add(const RunChannel& channel, int at);
     void fitDigits();
 
     QGridLayout* grid_;
     std::vector<Value> values_;
     int columns_ = 1;
+    int rows_ = 1;
+    int columnWidth_ = 0;
+    int rowHeight_ = 0;
     int digitPixels_ = 0;
 };
 

@@ -1,17 +1,14 @@
 #include "screens/log_picture.h"
 
-#include "base/number_picture.h"
 #include "display/default_display.h"
-#include "display/review_tools.h"
+#include "display/display_template.h"
+#include "display/second_run.h"
 #include "screens/qt_text.h"
-#include "screens/styles.h"
+#include "screens/readings_strip.h"
 #include "screens/theme.h"
 
-#include <QKeyEvent>
-#include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -21,12 +18,30 @@ namespace tarvik {
 namespace {
 
 constexpr double firstScale = 200;
-constexpr double zoomStep = 1.25;
 constexpr int lineUnits = 24; // a step of the wheel or an arrow key
+constexpr double paneGap = 8; // between two runs side by side
+
+Scheme schemeOfTheme() {
+    return appliedTheme() == Theme::dark ? darkScheme() : lightScheme();
+}
+
+QString legendOf(const LogDisplay& display, const ReviewLog& first, const LogData& second,
+                 const ReviewLog& secondLog, Comparison how) {
+    const auto named = [](const ReviewLog& log) {
+        const QString name = qt(log.header.hole.holeId + " " + log.header.runDate).trimmed();
+        return name.isEmpty() ? QString("no name on file") : name;
+    };
+    QString text = how == Comparison::beside
+                       ? "Left: " + named(first) + "     Right: " + named(secondLog)
+                       : "As in the heads: " + named(first) + "     Paler, other dashes: " + named(secondLog);
+    const std::string missing = missingIn(display, second);
+    if (!missing.empty()) text += "     Only in the first: " + qt(missing);
+    return text;
+}
 
 } // namespace
 
-LogPicture::LogPicture() : bar_(new QScrollBar(Qt::Vertical, this)), readings_(roleLabel("quiet")) {
+LogPicture::LogPicture() : bar_(new QScrollBar(Qt::Vertical, this)), readings_(new ReadingsStrip) {
     setObjectName("pictlog");
     setAccessibleName("Logs of the run");
     setFocusPolicy(Qt::StrongFocus);
@@ -35,76 +50,181 @@ LogPicture::LogPicture() : bar_(new QScrollBar(Qt::Vertical, this)), readings_(r
     bar_->setObjectName("logscroll");
     bar_->setFocusPolicy(Qt::NoFocus);
     readings_->setParent(this);
-    readings_->setObjectName("lbreadings");
-    readings_->setContentsMargins(12, 4, 12, 4);
+    readings_->hide();
     connect(bar_, &QScrollBar::valueChanged, this, [this](int value) {
-        const Extent extent = extentOf(data_, Axis::depth);
-        view_.top = extent.from + value / view_.unitsPer();
-        update();
+        view_.top = extent().from + value / view_.unitsPer();
+        redraw();
     });
 }
 
 void LogPicture::setLog(const ReviewLog* log) {
     log_ = log;
+    second_.reset();
+    tried_.reset();
+    drag_.reset();
     data_ = log == nullptr ? LogData{} : logDataOf(*log);
     painter_ = log == nullptr ? nullptr : std::make_unique<LogPainter>();
+    history_ = DisplayHistory(log == nullptr ? LogDisplay{} : usualDisplay());
     view_ = viewAtScale(firstScale, logicalDpiY());
-    view_.top = extentOf(data_, Axis::depth).from;
-    makeDisplay();
-    layOut();
+    view_.top = extent().from;
+    readings_->setVisible(log != nullptr);
+    readings_->setLegend({});
+    readings_->showReadings({}, {});
+    displayChanged();
+}
+
+LogDisplay LogPicture::usualDisplay() const {
+    return defaultDisplay(*log_, schemeOfTheme());
+}
+
+void LogPicture::compareWith(const ReviewLog* second, Comparison how) {
+    second_.reset();
+    readings_->setLegend({});
+    if (second != nullptr && log_ != nullptr) {
+        second_ = std::make_unique<Second>();
+        second_->log = second;
+        second_->how = how;
+        second_->data = logDataOf(*second);
+        second_->marks = defaultDisplay(*second, schemeOfTheme()).marks;
+        readings_->setLegend(legendOf(drawn_, *log_, second_->data, *second, how));
+    }
+    displayChanged();
 }
 
 void LogPicture::setScale(double scale) {
-    DisplayView view = viewAtScale(scale, logicalDpiY());
-    view.top = view_.top;
-    view.width = view_.width;
-    view.height = view_.height;
-    view_ = view;
-    layOut();
+    view_.perMillimetre = scale / 1000;
+    view_.equallySpaced = false;
+    displayChanged();
 }
 
 void LogPicture::showEquallySpaced() {
     view_.equallySpaced = true;
-    layOut();
-    view_ = showingAll(view_, data_, bodyHeight());
-    layOut();
+    displayChanged();
+    view_ = showingAll(view_, extent(), bodyHeight());
+    displayChanged();
 }
 
-void LogPicture::makeDisplay() {
-    if (log_ == nullptr) return;
-    display_ = defaultDisplay(*log_, appliedTheme() == Theme::dark ? darkScheme() : lightScheme());
-    spaced_ = equallySpaced(display_);
+void LogPicture::jumpTo(double metres) {
+    moveTo(jumpedTo(view_, metres, bodyHeight()));
+    pointer_ = headHeight() + view_.yOf(metres);
+    showReadings(*pointer_ - headHeight());
+}
+
+Extent LogPicture::visible() const {
+    return visibleInterval(view_, data_, bodyHeight());
+}
+
+void LogPicture::preview(std::optional<LogDisplay> tried) {
+    tried_ = std::move(tried);
+    displayChanged();
+}
+
+void LogPicture::change(LogDisplay next) {
+    tried_.reset();
+    history_.change(std::move(next));
+    displayChanged();
+}
+
+void LogPicture::undo() {
+    history_.undo();
+    displayChanged();
+}
+
+void LogPicture::redo() {
+    history_.redo();
+    displayChanged();
+}
+
+void LogPicture::displayChanged() {
+    drawn_ = tried_.value_or(history_.current());
+    drawn_.scheme = schemeOfTheme();
+    readings_->setDisplay(drawn_, data_.units);
+    layOut();
+    if (changed_) changed_();
 }
 
 double LogPicture::headHeight() const {
-    return log_ == nullptr ? 0 : LogPainter::headHeight(shown(), view_);
+    return log_ == nullptr ? 0 : LogPainter::headHeight(drawn_, view_);
+}
+
+Extent LogPicture::extent() const {
+    return second_ ? extentOfBoth(data_, second_->data, view_.axis) : extentOf(data_, view_.axis);
 }
 
 void LogPicture::layOut() {
     const int barWidth = bar_->sizeHint().width();
-    const int footHeight = readings_->sizeHint().height();
+    const int footHeight = log_ == nullptr ? 0 : readings_->heightFor(width());
     bar_->setGeometry(width() - barWidth, 0, barWidth, height() - footHeight);
     readings_->setGeometry(0, height() - footHeight, width(), footHeight);
+    const bool beside = second_ && second_->how == Comparison::beside;
     view_.width = width() - barWidth;
+    if (beside) view_.width = std::floor((view_.width - paneGap) / 2);
     view_.height = height() - footHeight;
     moveTo(view_);
 }
 
 void LogPicture::moveTo(const DisplayView& view) {
-    view_ = heldInside(view, data_, bodyHeight());
-    const Extent extent = extentOf(data_, Axis::depth);
-    const double beyond = (extent.to - extent.from) * view_.unitsPer() - bodyHeight();
+    const bool zoomed = view.perMillimetre != view_.perMillimetre;
+    view_ = heldInside(view, extent(), bodyHeight());
+    const Extent all = extent();
+    const double beyond = (all.to - all.from) * view_.unitsPer() - bodyHeight();
     const QSignalBlocker quiet(bar_);
     bar_->setRange(0, static_cast<int>(std::clamp(std::ceil(beyond), 0.0, 1e9)));
     bar_->setPageStep(static_cast<int>(std::max(1.0, bodyHeight())));
     bar_->setSingleStep(lineUnits);
-    bar_->setValue(static_cast<int>(std::lround((view_.top - extent.from) * view_.unitsPer())));
+    bar_->setValue(static_cast<int>(std::lround((view_.top - all.from) * view_.unitsPer())));
+    redraw();
+    if (zoomed && changed_) changed_();
+}
+
+void LogPicture::redraw() {
+    picture_ = {};
     update();
 }
 
+void LogPicture::render() {
+    const double ratio = devicePixelRatioF();
+    picture_ = QPixmap(size() * ratio);
+    picture_.setDevicePixelRatio(ratio);
+    picture_.fill(Qt::transparent);
+    QPainter painter(&picture_);
+    painter_->paint(painter, drawn_, data_, view_);
+    if (!second_) return;
+    if (second_->how == Comparison::beside) return paintBeside(painter);
+    const double head = headHeight();
+    painter.translate(0, head);
+    painter.setClipRect(QRectF(0, 0, view_.width, bodyHeight()));
+    second_->painter.paintCurves(painter, overlaid(drawn_, second_->data), second_->data, view_,
+                                 {0, bodyHeight()});
+}
+
+void LogPicture::paintBeside(QPainter& painter) {
+    painter.translate(view_.width + paneGap, 0);
+    second_->painter.paint(painter, beside(drawn_, second_->data, second_->marks), second_->data, view_);
+}
+
 void LogPicture::paintEvent(QPaintEvent*) {
+    if (log_ == nullptr || log_->steps() == 0) return;
+    if (picture_.isNull()) render();
     QPainter painter(this);
-    if (log_ != nullptr && log_->steps() > 0) painter_->paint(painter, shown(), data_, view_);
+    painter.drawPixmap(0, 0, picture_);
+    paintPointer(painter);
+}
+
+/// The line that the readings belong to, and the interval that is being marked.
+void LogPicture::paintPointer(QPainter& painter) {
+    QColor accent = coloursOf(appliedTheme()).accent;
+    const double right = bar_->x();
+    if (drag_ && drag_->zooms) {
+        QColor band = accent;
+        band.setAlpha(60);
+        painter.fillRect(
+            QRectF(0, std::min(drag_->from, drag_->to), right, std::abs(drag_->to - drag_->from)), band);
+    }
+    if (!pointer_ || *pointer_ < headHeight() || *pointer_ > view_.height) return;
+    painter.setPen(QPen(accent, 1, Qt::DashLine));
+    const double y = std::floor(*pointer_) + 0.5;
+    painter.drawLine(QLineF(0, y, right, y));
 }
 
 void LogPicture::resizeEvent(QResizeEvent*) {
@@ -113,72 +233,24 @@ void LogPicture::resizeEvent(QResizeEvent*) {
     if (whole) showEquallySpaced();
 }
 
-/// With Ctrl it zooms around the pointer.
-void LogPicture::wheelEvent(QWheelEvent* event) {
-    const double steps = event->angleDelta().y() / 120.0;
-    if (event->modifiers() & Qt::ControlModifier)
-        moveTo(zoomed(view_, std::pow(zoomStep, steps), event->position().y() - headHeight()));
-    else
-        moveTo(scrolled(view_, -steps * 3 * lineUnits));
-    event->accept();
-}
-
-void LogPicture::keyPressEvent(QKeyEvent* event) {
-    const Extent extent = extentOf(data_, Axis::depth);
-    DisplayView view = view_;
-    switch (event->key()) {
-    case Qt::Key_Down:
-        return moveTo(scrolled(view_, lineUnits));
-    case Qt::Key_Up:
-        return moveTo(scrolled(view_, -lineUnits));
-    case Qt::Key_PageDown:
-        return moveTo(scrolled(view_, std::floor(bodyHeight() * 0.9)));
-    case Qt::Key_PageUp:
-        return moveTo(scrolled(view_, -std::floor(bodyHeight() * 0.9)));
-    case Qt::Key_Plus:
-        return moveTo(zoomed(view_, zoomStep, bodyHeight() / 2));
-    case Qt::Key_Minus:
-        return moveTo(zoomed(view_, 1 / zoomStep, bodyHeight() / 2));
-    case Qt::Key_Home:
-        view.top = extent.from;
-        return moveTo(view);
-    case Qt::Key_End:
-        view.top = extent.to;
-        return moveTo(view);
-    default:
-        QWidget::keyPressEvent(event);
-    }
-}
-
-void LogPicture::mouseMoveEvent(QMouseEvent* event) {
-    showReadings(event->position().y() - headHeight());
-}
-
 void LogPicture::leaveEvent(QEvent*) {
-    readings_->clear();
+    pointer_.reset();
+    readings_->showReadings({}, {});
+    update();
 }
 
 /// The theme has changed.
 void LogPicture::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange) {
-        makeDisplay();
-        update();
-    }
+    if (event->type() == QEvent::PaletteChange) displayChanged();
     QWidget::changeEvent(event);
 }
 
 void LogPicture::showReadings(double y) {
-    const auto reading = log_ == nullptr || y < 0
-                             ? std::nullopt
-                             : readingsAt(shown(), data_, Axis::depth, view_.positionAt(y));
-    if (!reading) return readings_->clear();
-    QString text = qt(formatPicture(fromMetres(reading->depth, data_.units), "###0.00") + " " +
-                      std::string(depthUnitsText(data_.units)));
-    for (const Reading& curve : reading->curves) {
-        text += "    " + qt(curve.channel) + " " +
-                (curve.value ? qt(formatPicture(*curve.value, "####0.00")) : QString("\u2013"));
-    }
-    readings_->setText(text);
+    if (log_ == nullptr || y < 0) return readings_->showReadings({}, {});
+    const double position = view_.positionAt(y);
+    std::optional<CursorReading> second;
+    if (second_) second = readingsAt(drawn_, second_->data, Axis::depth, position);
+    readings_->showReadings(readingsAt(drawn_, data_, Axis::depth, position), second);
 }
 
 } // namespace tarvik

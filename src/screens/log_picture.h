@@ -1,21 +1,29 @@
 // The logs of the run under review: track heads that stay, a body that scrolls under them, and what the
-// curves read where the pointer is.
+// curves read where the pointer is. A second run can be laid over the first or stand beside it.
 #pragma once
 
 #include "base/review_log.h"
+#include "display/display_history.h"
+#include "display/display_place.h"
 #include "display/display_view.h"
 #include "display/log_data.h"
-#include "display/log_display.h"
+#include "display/review_tools.h"
 #include "drawing/log_painter.h"
 
+#include <QPixmap>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
-class QLabel;
 class QScrollBar;
 
 namespace tarvik {
+
+class ReadingsStrip;
+
+enum class Comparison { over, beside };
 
 class LogPicture final : public QWidget {
   public:
@@ -23,37 +31,89 @@ class LogPicture final : public QWidget {
 
     /// Null: nothing is drawn. The log outlives its time here.
     void setLog(const ReviewLog* log);
+    /// Null: the first run alone again. The second log outlives its time here.
+    void compareWith(const ReviewLog* second, Comparison how);
     /// 1:`scale`; what is at the top stays there.
     void setScale(double scale);
+    [[nodiscard]] double scale() const { return view_.perMillimetre * 1000; }
     /// The whole log in the window, each curve in a track of its own.
     void showEquallySpaced();
+    [[nodiscard]] bool isEquallySpaced() const { return view_.equallySpaced; }
+    void jumpTo(double metres);
+    /// What of the log the window shows, metres.
+    [[nodiscard]] Extent visible() const;
+
+    /// The display without the changes that are only being tried.
+    [[nodiscard]] const LogDisplay& display() const { return history_.current(); }
+    /// The one that this log got by itself, in the colours of the screen.
+    [[nodiscard]] LogDisplay usualDisplay() const;
+    /// Shown until the next change; nothing: what is kept is shown again.
+    void preview(std::optional<LogDisplay> tried);
+    void change(LogDisplay next);
+    void undo();
+    void redo();
+    [[nodiscard]] bool canUndo() const { return history_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return history_.canRedo(); }
+
+    /// Called when the display, the scale or the run has become another.
+    void whenChanged(std::function<void()> act) { changed_ = std::move(act); }
+    /// A double click, or Enter on the curve heads.
+    void whenPicked(std::function<void(const DisplayPlace&)> act) { picked_ = std::move(act); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
+    struct Second {
+        const ReviewLog* log = nullptr;
+        Comparison how = Comparison::over;
+        LogData data;
+        std::vector<DepthMark> marks;
+        LogPainter painter;
+    };
+    struct Drag {
+        bool zooms = false; ///< marks the interval to look at; else the log is moved
+        double from = 0;    ///< y of the widget
+        double to = 0;
+        DisplayView view; ///< as it was when the drag began
+    };
+
     [[nodiscard]] double headHeight() const;
     [[nodiscard]] double bodyHeight() const { return view_.height - headHeight(); }
-    [[nodiscard]] const LogDisplay& shown() const { return view_.equallySpaced ? spaced_ : display_; }
-    void makeDisplay();
-    void moveTo(const DisplayView& view);
+    [[nodiscard]] Extent extent() const;
     void layOut();
+    void moveTo(const DisplayView& view);
+    void displayChanged();
+    void redraw();
+    void render();
+    void paintBeside(QPainter& painter);
+    void paintPointer(QPainter& painter);
     void showReadings(double y);
 
     const ReviewLog* log_ = nullptr;
     LogData data_;
-    LogDisplay display_;
-    LogDisplay spaced_;
+    DisplayHistory history_{LogDisplay{}};
+    std::optional<LogDisplay> tried_;
+    LogDisplay drawn_; ///< what is kept or tried, in the colours of the theme
     DisplayView view_;
     std::unique_ptr<LogPainter> painter_;
+    std::unique_ptr<Second> second_;
+    QPixmap picture_;               ///< null: to be drawn anew
+    std::optional<double> pointer_; ///< y of the widget
+    std::optional<Drag> drag_;
+    std::function<void()> changed_;
+    std::function<void(const DisplayPlace&)> picked_;
     QScrollBar* bar_;
-    QLabel* readings_;
+    ReadingsStrip* readings_;
 };
 
 } // namespace tarvik

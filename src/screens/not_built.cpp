@@ -27,8 +27,6 @@ constexpr std::array planned{
     Planned{"frmCalibTest", "Calibration and test screen",
             "Meanwhile tarvik calibrate fits a calibration through points and saves it in the history; "
             "Calibrations on the main screen shows what is on record."},
-    Planned{"print", "Printing",
-            "Meanwhile export the run as LAS and print it with the program of your choice."},
 };
 
 } // namespace

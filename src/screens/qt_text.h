@@ -12,6 +12,11 @@ namespace tarvik {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// "&Serial number" → "Serial number"
+[[nodiscard]] inline QString withoutMnemonic(QString text) {
+    return text.remove('&');
+}
+
 [[nodiscard]] inline std::string plain(const QString& text) {
     return text.toStdString();
 }

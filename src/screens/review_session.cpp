@@ -11,11 +11,21 @@ bool ReviewSession::open(const Path& file) {
     screen_.status().showText("Data review mode");
     if (!log) return false;
     hand(nullptr);
+    second_.reset();
     log_ = std::move(log);
     hand(&*log_);
     file_ = file;
     program_.state.runFileName = file.filename().string();
     show();
+    return true;
+}
+
+bool ReviewSession::openSecond(const Path& file) {
+    auto log = read(file);
+    screen_.status().showText("Data review mode");
+    if (!log) return false;
+    screen_.picture().compareWith(nullptr, Comparison::over);
+    second_ = std::move(log);
     return true;
 }
 
@@ -45,6 +55,7 @@ Progress ReviewSession::progress() {
 
 void ReviewSession::close() {
     hand(nullptr);
+    second_.reset();
     log_.reset();
     file_.clear();
     program_.state.runFileName.clear();

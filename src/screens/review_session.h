@@ -5,6 +5,7 @@
 #include "program/program.h"
 #include "screens/intro_screen.h"
 #include "screens/link_gate.h"
+#include "screens/review_actions.h"
 
 #include <optional>
 
@@ -12,8 +13,9 @@ namespace tarvik {
 
 class ReviewSession {
   public:
-    ReviewSession(Program& program, IntroScreen& screen, LinkGate& gate)
-        : program_(program), screen_(screen), gate_(gate) {}
+    /// All outlive the session.
+    ReviewSession(Program& program, IntroScreen& screen, LinkGate& gate, DesktopMemory& memory)
+        : program_(program), screen_(screen), gate_(gate), actions_(*this, program, screen, memory) {}
 
     /// False when the file cannot be read; the reason has been shown.
     bool open(const Path& file);
@@ -22,6 +24,13 @@ class ReviewSession {
     void show();
     /// The whole run in the window.
     void showEquallySpaced();
+    void print() { actions_.print(); }
+
+    /// A run or LAS file to compare with; false when it cannot be read, the reason has been shown.
+    bool openSecond(const Path& file);
+    void closeSecond() { second_.reset(); }
+    [[nodiscard]] const ReviewLog* second() const { return second_ ? &*second_ : nullptr; }
+    [[nodiscard]] ReviewActions& actions() { return actions_; }
 
     [[nodiscard]] const ReviewLog* log() const { return log_ ? &*log_ : nullptr; }
     [[nodiscard]] const Path& file() const { return file_; }
@@ -36,7 +45,9 @@ class ReviewSession {
     IntroScreen& screen_;
     LinkGate& gate_;
     std::optional<ReviewLog> log_;
+    std::optional<ReviewLog> second_;
     Path file_;
+    ReviewActions actions_;
 };
 
 } // namespace tarvik

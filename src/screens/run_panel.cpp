@@ -47,8 +47,8 @@ RunPanel::RunPanel(RunPanelActions actions)
           button("comsetdepth", "Set &depth", "Sets the winch depth in the LCU. The winch must stand.")),
       equipment_(button("comequipment", "&Change\u2026", "Tool, winch and sampling of the next run")),
       record_(new QCheckBox),
-      start_(button("comstartlogging", "&Start", "Prepares the tool and starts logging (F9)")),
-      stop_(button("comstoplogging", "S&top", "Ends the run and powers the tool down (F10)")) {
+      start_(button("comstartlogging", "St&art", "Prepares the tool and starts logging (F9)")),
+      stop_(button("comstoplogging", "St&op", "Ends the run and powers the tool down (F10)")) {
     setProperty("card", true);
     order_->setObjectName("lborder");
     order_->setWordWrap(true);
@@ -104,7 +104,7 @@ QWidget* RunPanel::makeLimits() {
     fields->setContentsMargins(0, 0, 0, 0);
     fields->setSpacing(8);
     const std::pair<const char*, QLineEdit*> named[]{
-        {"Top", top_}, {"Bottom", bottom_}, {"End distance", endDistance_}};
+        {"&Top", top_}, {"&Bottom", bottom_}, {"To &end", endDistance_}};
     for (const auto& [title, edit] : named) {
         auto* const field = new Field(title, edit);
         field->setCheck(numberBetween(edit, edit == endDistance_ ? 0 : -deepest, deepest, true));
@@ -122,7 +122,7 @@ QWidget* RunPanel::makeDepthSetting() {
     auto* const line = new QHBoxLayout(box);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(8);
-    depthField_ = new Field("Winch depth", depthToSet_);
+    depthField_ = new Field("Winch de&pth", depthToSet_);
     depthField_->setCheck(numberBetween(depthToSet_, -deepest, deepest, true));
     line->addWidget(depthField_, 1);
     line->addWidget(setDepth_, 0, Qt::AlignBottom);
@@ -139,7 +139,7 @@ void RunPanel::setUnits(DepthUnits units) {
     units_ = units;
     const QString unit = units == DepthUnits::metres ? "m" : "ft";
     depthField_->setUnit(unit);
-    const char* const names[]{"Top", "Bottom", "To end"};
+    const char* const names[]{"&Top", "&Bottom", "To &end"};
     for (std::size_t i = 0; i < limitFields_.size(); ++i) {
         limitFields_[i]->setTitle(QString("%1, %2").arg(names[i], unit));
     }
@@ -161,7 +161,7 @@ void RunPanel::setState(State state) {
     const bool idle = state == State::ready || state == State::noLcu;
     start_->setEnabled(state == State::ready);
     stop_->setEnabled(state == State::running);
-    stop_->setText(state == State::stopping ? "Stopping\u2026" : "S&top");
+    stop_->setText(state == State::stopping ? "Stopping\u2026" : "St&op");
     stop_->setShortcut(state == State::running ? QKeySequence(Qt::Key_F10) : QKeySequence());
     setDepth_->setEnabled(state == State::ready);
     equipment_->setEnabled(idle);

@@ -26,7 +26,7 @@ void check(QButtonGroup& group, bool isSecond) {
 SamplingFields::SamplingFields(const SamplingPlaces& places)
     : method_(addOptions(places.method, "Sample by", {{"opttime", "&Time"}, {"optdepth", "D&epth"}})),
       intervalEdit_(lineEdit("txtsamplinginterval")),
-      interval_(new Field("Sampling interval", intervalEdit_, "seconds")) {
+      interval_(new Field("Sampling inter&val", intervalEdit_, "seconds")) {
     intervalEdit_->setAlignment(Qt::AlignRight);
     interval_->setCheck([this] { return qt(intervalProblem(sampling(), plain(intervalEdit_->text()))); });
     places.interval.addWidget(interval_);

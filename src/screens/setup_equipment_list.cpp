@@ -88,14 +88,14 @@ QWidget* SetupEquipmentList::buildUsers() {
 QWidget* SetupEquipmentList::buildMakers() {
     makerTable_ = new FilterTable(
         {.objectName = named("param%1list"),
-         .title = "Models of the maker",
+         .title = "&Models of the maker",
          .heads = {"Code", "Name", "Yours"},
          .empty = "The maker's database is missing:\n" + qt(modules_.equipment.makerFile().string()),
          .wideColumn = 1},
         modules_.memory);
     auto* const edit = lineEdit(named("%1serialnumber"));
     edit->setMaxLength(static_cast<int>(tool::serialNumber.width));
-    serial_ = new Field("Serial number", edit);
+    serial_ = new Field("S&erial number", edit);
     serial_->setCheck([this] { return serialProblem(); });
     connect(edit, &QLineEdit::textChanged, this, [this] { enable(); });
     add_->setToolTip("Adds the chosen model with this serial number to your equipment.");

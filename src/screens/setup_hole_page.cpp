@@ -192,6 +192,10 @@ HoleDetails SetupHolePage::entered() const {
     return hole;
 }
 
+QWidget* SetupHolePage::firstControl() {
+    return entries_.front().edit;
+}
+
 bool SetupHolePage::store() {
     std::vector<Field*> fields;
     for (const Entry& entry : entries_) fields.push_back(entry.shown);

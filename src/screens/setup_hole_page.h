@@ -22,6 +22,7 @@ class SetupHolePage final : public SetupPage {
 
     void load() override;
     bool store() override;
+    [[nodiscard]] QWidget* firstControl() override; // the name
     void selectSubPage(int subPage) override;
 
   private:

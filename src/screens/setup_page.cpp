@@ -32,6 +32,13 @@ SetupPage::SetupPage(const QString& objectName, const QString& title, const QStr
     column->addLayout(body_, 1);
 }
 
+QWidget* SetupPage::firstControl() {
+    for (QWidget* next = nextInFocusChain(); isAncestorOf(next); next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) != 0 && next->isVisible() && next->isEnabled()) return next;
+    }
+    return this;
+}
+
 QLabel* wrappingLabel(const QString& text, const char* role) {
     auto* const label = new QLabel(text);
     label->setWordWrap(true);

@@ -26,6 +26,8 @@ class SetupPage : public QWidget {
     virtual void selectSubPage(int /*subPage*/) {}
     /// Takes back what was changed besides the settings (theme, ports, drives).
     virtual void cancel() {}
+    /// Where the cursor stands when the page is opened: its first control that takes it.
+    [[nodiscard]] virtual QWidget* firstControl();
 
   protected:
     [[nodiscard]] QVBoxLayout* body() const { return body_; }

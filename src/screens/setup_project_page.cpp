@@ -51,7 +51,7 @@ SetupProjectPage::SetupProjectPage(const SetupModules& modules, std::function<vo
       drive_(new QComboBox),
       recentRow_(new QHBoxLayout),
       table_(new FilterTable({.objectName = "lbprojects",
-                              .title = "Projects on this drive",
+                              .title = "P&rojects on this drive",
                               .heads = {"Project", "Runs", "Last run"},
                               .empty = "There is no project on this drive yet.\nEnter a name below and press "
                                        "\"Create project\"."},
@@ -88,7 +88,7 @@ QWidget* SetupProjectPage::buildTop() {
 QWidget* SetupProjectPage::buildNew() {
     auto* const edit = lineEdit("txtnewproject");
     edit->setPlaceholderText("Name of the new project");
-    newName_ = new Field("New project", edit);
+    newName_ = new Field("Ne&w project", edit);
     newName_->setCheck([this, edit]() -> QString {
         if (edit->text().trimmed().isEmpty()) return {};
         return qt(Projects::newNameProblem(rows_, plain(edit->text())));
@@ -212,6 +212,10 @@ bool SetupProjectPage::store() {
         settings.currentProject.clear();
     }
     return true;
+}
+
+QWidget* SetupProjectPage::firstControl() {
+    return rows_.empty() ? newName_->editor() : table_->focusProxy();
 }
 
 std::string SetupProjectPage::letter() const {

@@ -21,6 +21,7 @@ class SetupProjectPage final : public SetupPage {
 
     void load() override;
     bool store() override;
+    [[nodiscard]] QWidget* firstControl() override;
 
   private:
     [[nodiscard]] QWidget* buildTop();

@@ -54,8 +54,8 @@ QWidget* SetupSampling::buildEquipment() {
         connect(list, &QComboBox::activated, this, [this] { loadCurrent(); });
     auto* const row = new QGridLayout;
     row->setHorizontalSpacing(measure::wide);
-    row->addWidget(new Field("Tool", tool_), 0, 0);
-    row->addWidget(new Field("Winch", winch_), 0, 1);
+    row->addWidget(new Field("To&ol", tool_), 0, 0);
+    row->addWidget(new Field("Winc&h", winch_), 0, 1);
     row->setColumnStretch(0, 1);
     row->setColumnStretch(1, 1);
     card->body()->addLayout(row);
@@ -112,8 +112,12 @@ void SetupSampling::load() {
     allow_->setChecked(settings.allowLogging != 0);
 }
 
+/// Who owns but one tool means that one.
 void SetupSampling::reloadEquipment() {
     fillLists(choiceIn(*tool_), choiceIn(*winch_));
+    for (QComboBox* const list : {tool_, winch_}) {
+        if (list->currentIndex() == 0 && list->count() == 2) list->setCurrentIndex(1);
+    }
 }
 
 void SetupSampling::fillLists(const EquipmentChoice& tool, const EquipmentChoice& winch) {

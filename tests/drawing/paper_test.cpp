@@ -274,6 +274,26 @@ TEST(PlotVerb, DrawsARunAndItsTemplateReadsBack) {
     EXPECT_EQ(contentOf(again), contentOf(picture));
 }
 
+TEST(PlotVerb, DrawsALasFileAndReadsAnOddOneWhenAsked) {
+    const TemporaryFolder folder;
+    const std::string las = (folder / "a.las").string();
+    const std::string picture = (folder / "a.svg").string();
+    const std::string text =
+        "~V\r\nVERS. 2.0:\r\nWRAP. NO:\r\n~W\r\nSTRT.M 10:\r\nSTOP.M 10.3:\r\n"
+        "STEP.M 0.1:\r\nNULL. -999.25:\r\nWELL. Old One : WELL\r\n~C\r\nDEPT.M :\r\nGR.API :\r\n"
+        "~A\r\n10 50\r\n10.1 60\r\n10.2 -999.25\r\n10.3 70\r\n";
+    DiskFiles().replace(las, asBytes(text));
+    std::vector<std::string> words{"plot", las, "-o", picture, "--home", (folder / "home").string()};
+    const Done refused = tarvik(words);
+    words.emplace_back("--tolerant");
+    const Done drawn = tarvik(words);
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_THAT(refused.err, HasSubstr("--tolerant"));
+    EXPECT_EQ(drawn.code, 0) << drawn.err;
+    EXPECT_THAT(contentOf(picture),
+                testing::AllOf(HasSubstr("Old One"), HasSubstr(">GR<"), testing::Not(HasSubstr("by depth"))));
+}
+
 TEST(PlotVerb, SaysWhatIsWrong) {
     const TemporaryFolder folder;
     const std::string run = runFileIn(folder).string();

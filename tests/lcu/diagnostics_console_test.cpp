@@ -205,6 +205,110 @@ TEST(DiagnosticsConsole, MisbehavingBoxesAreSaidAndSurvived) {
     }
 }
 
+TEST(DiagnosticsConsole, StreamsTooFastToPauseAreReadAndFoundAgain) {
+    struct Case {
+        std::string fault;
+        std::string line = {};
+    };
+    const Case cases[] = {{""},
+                          {"short-scan@200"},
+                          {"garbage@200=33"},
+                          {"extra-bytes@200=20", "0Too many characters in buffer : exit code 2 Expecting"},
+                          {"zero-length@200", "0Too many characters in buffer : exit code 1 Expecting 0"},
+                          {"wrong-channels@200x20=2"},
+                          {"empty-scan@200=3", "0Too many characters in buffer : exit code 2 Expecting"}};
+    for (const auto model : bothModels) {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(c.fault);
+            ConsoleRig rig({.model = model, .faults = c.fault.empty() ? Lines{} : Lines{c.fault}});
+            rig.acquire(10'000, "TT2\nV"); // 50 scans a second; the line is busy most of the time
+            EXPECT_GE(rig.console.scans(), c.fault.empty() ? 430 : 350);
+            const auto said = [&](const std::string& line) { return line.starts_with(c.line); };
+            EXPECT_TRUE(std::ranges::any_of(rig.lines.lines, said))
+                << testing::PrintToString(rig.lines.lines);
+            EXPECT_EQ(rig.count("2Time-out waiting for LCU data"), 0);
+            EXPECT_LT(rig.lines.lines.size(), 40U) << "a fast stream must not bury the status list";
+        }
+        ConsoleRig flooded({.model = model});
+        flooded.acquire(10'000, "TT0.2\nV"); // the box has more than the line can carry
+        EXPECT_EQ(flooded.count("0Data acquisition STOPPED"), 1);
+        EXPECT_FALSE(flooded.engine->streaming());
+    }
+}
+
+TEST(DiagnosticsConsole, ScansThatHavePiledUpAreAllReadAndTheOperatorIsServedMeanwhile) {
+    LinkBench<ScriptedPort> bench;
+    bench.link.port = 1;
+    DiagnosticsAcquisition line(bench.serial, bench.log, bench.link);
+    line.start();
+    std::ignore = line.look();
+    std::ignore = line.look();
+    bench.serial.wire.clear();
+    for (int i = 0; i < 400; ++i)
+        bench.serial.put("\x0A"
+                         "123456789");
+    int scans = 0, looks = 0;
+    while (scans < 400 && ++looks < 1000) scans += line.look() == DiagnosticsAcquisition::Look::scan ? 1 : 0;
+    EXPECT_EQ(scans, 400);
+    EXPECT_EQ(bench.lines.lines,
+              Lines{"0Too many characters in buffer : exit code 2 Expecting 10 Number chars in 4000"});
+    EXPECT_GE(std::ranges::count(bench.serial.wire, '<'), 400 / 6) << "sleeping serves the window";
+}
+
+TEST(DiagnosticsConsole, ALineThatWasLostIsSaidToBeBack) {
+    ConsoleRig rig({.faults = {"hang-up@5=2000"}});
+    rig.acquire(20'000, "TT50\nV");
+    EXPECT_EQ(rig.console.statusBits(), "- - - - - - - -");
+    rig.console.send("Q"); // still gone
+    EXPECT_EQ(rig.console.statusBits(), "- - - - - - - -");
+    EXPECT_EQ(rig.lines.lines.back(), "2LCU Status: LCU did not respond to status request");
+    rig.clock.advanceMs(3000);
+    rig.console.comfindLCU();
+    EXPECT_EQ(rig.count("1Communications re-established"), 0) << "a box found is not a stream yet";
+    rig.acquire(5000, "V");
+    EXPECT_GT(rig.console.scans(), 3);
+    EXPECT_EQ(rig.count("2Communications lost"), 1);
+    EXPECT_EQ(rig.count("1Communications re-established"), 1);
+}
+
+TEST(DiagnosticsConsole, AnswersGoneWrong) {
+    struct Case {
+        std::string fault;
+        Lines lines; ///< of a status request, without its own
+        std::string bits = "1 0 0 0 0 0 0 1";
+    };
+    const Lines again{"0LCU Status: LCU did not respond to status request",
+                      "2STATUS : Trying a second time for LCU status"};
+    Lines halfBefore = again, never = again;
+    halfBefore.emplace_back("0Buffer returned 1 characters");
+    never.emplace_back("2LCU Status: LCU did not respond to status request");
+    const std::string none = "- - - - - - - -";
+    const Case cases[] = {
+        {"no-reply@c5", again},
+        {"no-reply@c5x2", never, none},
+        {"short-reply@c5", halfBefore},
+        {"late-reply@c5=350", again},
+        {"wrong-echo@c5", {}},
+        {"long-reply@c5=9", {}},
+        {"silence@c5=9000", never, none},
+        {"status-bits@c5=2",
+         {"2LCU Status error - value 133", "2....Error - LCU receiver has timed out"},
+         "1 0 0 0 0 1 0 1"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.fault);
+        ConsoleRig rig({.faults = {c.fault}});
+        rig.console.send("Q");
+        const Lines all = rig.lines.take();
+        EXPECT_EQ(all.front(), "0Sent status command");
+        EXPECT_EQ(Lines(all.begin() + 1, all.end()), c.lines);
+        EXPECT_EQ(rig.console.statusBits(), c.bits);
+        rig.clock.advanceMs(10'000);
+        rig.console.send("Q");
+        EXPECT_EQ(rig.console.statusBits(), "1 0 0 0 0 0 0 1") << "the next exchange is clean";
+    }
+}
+
 TEST(DiagnosticsConsole, OrdersDuringAnExchangeWaitAndAreServedInTheStream) {
     ConsoleRig rig;
     bool once = false;
@@ -227,6 +331,7 @@ TEST(DiagnosticsConsole, OrdersDuringAnExchangeWaitAndAreServedInTheStream) {
 
 TEST(DiagnosticsConsole, ResetAndSearch) {
     ConsoleRig rig({.model = lcusim::LcuModel::lcu4});
+    EXPECT_EQ(rig.console.clearToSend(), true);
     rig.console.comreset();
     EXPECT_EQ(rig.heard(), "X Q X Q Q");
     EXPECT_EQ(rig.lines.lines.back(), "0LCU reset OK");
@@ -234,9 +339,19 @@ TEST(DiagnosticsConsole, ResetAndSearch) {
     EXPECT_EQ(rig.searches, 1);
     EXPECT_EQ(rig.console.statusBits(), "1 0 0 1 0 0 0 1");
     rig.port.close();
-    rig.console.send("V");
-    EXPECT_EQ(rig.lines.lines.back(), "2No port is open - find the LCU first");
-    EXPECT_FALSE(rig.console.acquiring());
+    rig.clock.advanceMs(DiagnosticsConsole::depthEveryMs);
+    rig.console.tick();
+    EXPECT_EQ(clearToSendText(rig.console.clearToSend()), "");
+    rig.operatorSide.shown.clear();
+    for (const auto& order : std::initializer_list<std::function<void()>>{
+             [&] { rig.console.send("V"); }, [&] { rig.console.comreset(); },
+             [&] { rig.console.cominitdepth(1); }, [&] { rig.console.comwinchtest(); }}) {
+        rig.lines.take();
+        order();
+        EXPECT_EQ(rig.lines.lines, Lines{"2No port is open - find the LCU first"});
+    }
+    EXPECT_TRUE(rig.operatorSide.shown.empty());
+    EXPECT_FALSE(rig.console.acquiring() || rig.console.winchTestRuns());
 }
 
 TEST(DiagnosticsConsole, ScansShowCountsAndTheToolsValues) {

@@ -85,7 +85,7 @@ TEST_F(TracePortTest, ReadsAsItIsDocumented) {
     trace_.Com_Flush(1, 1);
     EXPECT_EQ(trace_.ComPuts(1, "Q\n"), 1);
     trace_.ComSleepMS(1, 300);
-    put(std::string("0123456789ABCDEF", 16) + '\0');
+    put(std::string("0123456789ABCDEF\0", 17));
     takeAll();
     clock_.advanceMicros(20'000);
     put("\xFF"); // 20 ms: still the same burst

@@ -4,128 +4,61 @@ the simulated box on a pseudo-terminal.
 
 Usage: desktop_road.py --bin DIR --tools DIR [--pictures DIR]
 
-Searches, confirms the equipment, logs by depth, asks to close in the middle of the run and goes on, unplugs the box and
-plugs it in again, stops, reviews the run and leaves; then reads the file back with the command line.
+A new project and hole, a tool and a winch; the box is found and the depth set; a run by depth, in the middle of which
+the operator asks to close and goes on, and the box is unplugged and plugged in again; an append; review, LAS, exit. The
+files are then read back.
 """
 import argparse
 import json
-import os
 import pathlib
-import shutil
 import subprocess
 import sys
 import tempfile
 import time
 
-SETTINGS = """[Project]
-Current_project="Northern Ranges"
-[Hole]
-HoleID="DH-104"
-[WinchTool]
-CurrentTool="K240"
-CurrentWinch="W240"
-DepthUnits="Metres"
-SamplingMethod="DEPTH"
-SamplingInterval="5"
-LogDirection="DOWN"
-"""
+from truck import Screen, Truck, check, wait_for
+
+def said_times(truck, words):
+    return truck.log_text().count(words)
 
 
-def check(condition, what):
-    if not condition:
-        raise SystemExit(f"FAILED: {what}")
-
-
-def wait_for(condition, what, seconds=30):
-    end = time.monotonic() + seconds
-    while not (found := condition()):
-        check(time.monotonic() < end, what)
-        time.sleep(0.1)
-    return found
-
-
-class Screen:
-    """A display of its own with a window manager: without one no shortcut reaches a window."""
-
-    def __init__(self, folder, size="1280x800"):
-        self.environment = {**os.environ, "XDG_RUNTIME_DIR": str(folder), "QT_QPA_PLATFORM": "xcb"}
-        reader, writer = os.pipe()
-        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{size}x24"],
-                                       pass_fds=[writer], stderr=subprocess.DEVNULL)
-        os.close(writer)
-        number = os.read(reader, 16).decode().strip()
-        os.close(reader)
-        self.environment["DISPLAY"] = f":{number}"
-        self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
-
-    def tool(self, *words):
-        return subprocess.run(["xdotool", *map(str, words)], env=self.environment, capture_output=True, text=True)
-
-    def key(self, *keys):
-        for key in keys:
-            self.tool("key", "--clearmodifiers", key)
-            time.sleep(0.2)
-
-    def title(self):
-        return self.tool("getactivewindow", "getwindowname").stdout.strip()
-
-    def wait_for_window(self, title):
-        wait_for(lambda: self.title() == title, f"no window \"{title}\" came up, but \"{self.title()}\"")
-        time.sleep(0.5)
-
-    def picture(self, folder, name):
-        if folder and shutil.which("import"):
-            subprocess.run(["import", "-window", "root", str(folder / f"{name}.png")], env=self.environment)
-
-    def close(self):
-        for process in (self.manager, self.server):
-            process.terminate()
-            process.wait(10)
-
-
-class Truck:
-    def __init__(self, options, home):
-        self.options, self.home, self.line = options, home, home / "lcu"
-        self.run_file = home / "C" / "Brenna Projects" / "Northern Ranges" / "DH-104_K240_01.kvx"
-        self.tarvik("equipment", "add-tool", "K240", "2041")
-        self.tarvik("equipment", "add-winch", "W240", "117")
-        (home / "settings.ini").write_text(SETTINGS)
-        self.plug_in()
-
-    def plug_in(self, *options):
-        self.box = subprocess.Popen([self.options.bin / "lcusim", "--model", "LCU4", "--tool", "K240", "--tools",
-                                     self.options.tools, "--link", self.line, "--speed", "12", "--depth", "10",
-                                     "--baud", "115200", *options], stdout=subprocess.DEVNULL)
-        wait_for(self.line.exists, "the simulated box did not make its line")
-
-    def unplug(self):
-        self.box.kill()
-        self.box.wait(10)
-        self.line.unlink(missing_ok=True)
-
-    def tarvik(self, *words):
-        return subprocess.run([str(self.options.bin / "tarvik"), *map(str, words), "--home", str(self.home)],
-                              capture_output=True, text=True, timeout=60, check=True).stdout
-
-    def log_text(self):
-        return "".join(f.read_text("cp1252") for f in (self.home / "C" / "Tarvik_RunHistory").glob("*-*.txt"))
-
-    def bytes_on_file(self):
-        return self.run_file.stat().st_size if self.run_file.exists() else 0
-
-    def wait_for_bytes(self, more):
-        least = self.bytes_on_file() + more
-        wait_for(lambda: self.bytes_on_file() >= least, "no scans come to the run file")
-
-
-def a_day(screen, truck, program, pictures):
+def sets_up(screen, pictures):
+    """The first day: nothing is known yet."""
     screen.wait_for_window("Tarvik")
     screen.picture(pictures, "review")
+    screen.key("F2")
+    screen.wait_for_window("Setup")
+    screen.type("Northern Ranges")
+    screen.key("Return", "ctrl+Next")
+    screen.type("DH-104")
+    screen.key("ctrl+Next", "alt+y", "alt+m")
+    screen.type("K240")
+    screen.key("alt+e")
+    screen.type("2041")
+    screen.key("alt+a", "alt+i", "alt+m")
+    screen.type("W240")
+    screen.key("alt+e")
+    screen.type("117")
+    screen.key("alt+a", "alt+n", "alt+e", "alt+v")
+    screen.type("5")
+    screen.picture(pictures, "setup")
+    screen.key("Return")
+    screen.wait_for_window("Tarvik")
+
+
+def finds_the_box(screen, truck, pictures):
     screen.key("F7")
     screen.wait_for_window("Equipment of the next run")
     screen.picture(pictures, "equipment")
     screen.key("Return")
     screen.wait_for_window("Tarvik")
+    screen.key("alt+p")
+    screen.type("12.5")
+    screen.key("alt+d")
+    wait_for(lambda: "Depth successfully set to 12.5 metres" in truck.log_text(), "the winch depth is not set")
+
+
+def logs_down(screen, truck, pictures):
     screen.key("F9")
     truck.wait_for_bytes(27_000)
     screen.picture(pictures, "logging")
@@ -140,14 +73,32 @@ def a_day(screen, truck, program, pictures):
     wait_for(lambda: "Communications lost" in truck.log_text(), "the loss of the line is not said")
     time.sleep(1)
     screen.picture(pictures, "communications-lost")
-    truck.plug_in()
+    truck.plug_in("--depth", "14")
     wait_for(lambda: "Communications re-established" in truck.log_text(), "the line does not come back")
     truck.wait_for_bytes(500)
+    stops(screen, truck, 1)
+
+
+def appends(screen, truck, pictures):
+    screen.key("alt+r", "F9")  # the end of a run has switched recording off
+    screen.wait_for_window("Append or start a new run")
+    screen.key("alt+a")
+    screen.picture(pictures, "append-or-new")
+    screen.key("Return")
+    truck.wait_for_bytes(500)
+    stops(screen, truck, 2)
+
+
+def stops(screen, truck, runs):
     screen.key("F10")
-    wait_for(lambda: "Logging run finished" in truck.log_text(), "the run does not end", 60)
+    wait_for(lambda: said_times(truck, "Logging run finished") == runs, "the run does not end", 60)
     time.sleep(2)
+
+
+def reviews(screen, truck, pictures):
     screen.key("F6")
-    wait_for(lambda: "Port COM1 closed" in truck.log_text(), "review does not close the port")
+    wait_for(lambda: "Port COM1 closed" in truck.log_text().split("Logging run finished")[-1],
+             "review does not close the port")
     time.sleep(1)
     screen.key("ctrl+o")
     screen.wait_for_window("Open a run")
@@ -157,9 +108,30 @@ def a_day(screen, truck, program, pictures):
     screen.wait_for_window("Tarvik")
     time.sleep(1)
     screen.picture(pictures, "run-in-review")
-    screen.key("ctrl+w")
-    screen.key("ctrl+q")
+    screen.key("alt+l")
+    screen.wait_for_window("Export as LAS")
+    screen.key("Return")
+    wait_for(truck.run_file.with_suffix(".las").exists, "the LAS file is not written")
+    time.sleep(1)
+    screen.key("Escape", "ctrl+w", "ctrl+q")
+
+
+def a_day(screen, truck, program, pictures):
+    sets_up(screen, pictures)
+    finds_the_box(screen, truck, pictures)
+    logs_down(screen, truck, pictures)
+    appends(screen, truck, pictures)
+    reviews(screen, truck, pictures)
     check(program.wait(20) == 0, f"the program ended with {program.returncode}")
+
+
+def read_back(truck):
+    info = json.loads(truck.tarvik("info", truck.run_file, "--json"))
+    check(info["scans"] >= 20 and info["hole"] == "DH-104" and info["partial_bytes"] == 0, f"the run reads {info}")
+    las = truck.run_file.with_suffix(".las").read_text("cp1252")
+    rows = las.split("~A", 1)[1].splitlines()[1:]
+    check(len(rows) == info["scans"], f"{len(rows)} rows in the LAS file, {info['scans']} scans in the run")
+    return info
 
 
 def main():
@@ -179,8 +151,7 @@ def main():
             program.kill()
             truck.box.kill()
             screen.close()
-        info = json.loads(truck.tarvik("info", truck.run_file, "--json"))
-        check(info["scans"] >= 10 and info["hole"] == "DH-104" and info["partial_bytes"] == 0, f"the run reads {info}")
+        info = read_back(truck)
         check("Tarvik program closed" in truck.log_text(), "the closing lines are missing")
         print(f"{info['scans']} scans on file, {info['depth_from']} to {info['depth_to']} m")
 

@@ -2,7 +2,9 @@
 #include "files/run_file_reader.h"
 #include "screens/truck.h"
 
+#include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QMessageBox>
 
@@ -29,6 +31,51 @@ TEST(DesktopTest, ARunFromTheMainScreenIsOnFileAndTheToolIsPoweredDown) {
     const auto review = truck.p().runReader.Tarvikfileopen(truck.runFile("DH-1_K215_01.kvx"));
     ASSERT_TRUE(review);
     EXPECT_GE(review->steps(), 20U);
+}
+
+TEST(DesktopTest, TheButtonOfTheDeviationToolGoesThroughItsDisplaysDuringTheRun) {
+    Truck truck({.tool = "K417"});
+    truck.acquire();
+    auto& button = control<QAction>(truck.screen(), "MB-Bullseye");
+    const LivePlot& plot = truck.screen().live().plot();
+    std::vector<std::string> seen;
+    truck.log([&] {
+        const auto at = static_cast<std::size_t>(truck.kept());
+        if (at < 20 || seen.size() == 4) return;
+        const LogDisplay& shown = plot.curves().shown();
+        seen.push_back(plain(button.text()) + (plot.page() == LivePage::plan
+                                                   ? std::string(": plan")
+                                                   : ": " + shown.tracks[0].curves[0].channel));
+        button.trigger();
+        if (seen.size() == 4) truck.desktop->acquisition().stop();
+    });
+    EXPECT_EQ(seen, (std::vector<std::string>{"Bullseye: plan", "Magnetics: Mag X", "Deviation: Azimuth",
+                                              "Bullseye: plan"}));
+    EXPECT_EQ(plot.page(), LivePage::logs) << "the stop button takes the plan view away";
+    EXPECT_FALSE(button.isVisible());
+    const Bytes log = truck.p().files.read(truck.p().log.todaysFile());
+    EXPECT_NE(std::string(asText(log)).find("Screen scale being used 1:200"), std::string::npos);
+}
+
+TEST(DesktopTest, AScaleSetInTheLivePlotIsKeptWithTheToolAfterTheRun) {
+    Truck truck;
+    truck.acquire();
+    const auto rightEnd = [&] {
+        return truck.p().equipment.currentTool().record.get(tool::uncalibratedRight(1, 1));
+    };
+    const float before = rightEnd();
+    float during = 0;
+    truck.log([&] {
+        if (truck.kept() < 20) return;
+        click(truck.screen(), "comlivecurves");
+        control<QComboBox>(truck.screen(), "cmblivecurve").setCurrentText("Gamma");
+        control<QLineEdit>(truck.screen(), "txtliveright").setText("271");
+        click(truck.screen(), "comlivecurveapply");
+        during = rightEnd();
+        truck.desktop->acquisition().stop();
+    });
+    EXPECT_EQ(during, before) << "nothing is written while the winch turns";
+    EXPECT_EQ(rightEnd(), 271);
 }
 
 TEST(DesktopTest, ClosingDuringARunAsksWithoutStoppingItAndThenEndsItInOrder) {

@@ -1,0 +1,27 @@
+// A second run beside or over the one under review: the same tracks and scales, so that the eye compares
+// values and not drawings.
+#pragma once
+
+#include "display/log_data.h"
+#include "display/log_display.h"
+#include "display/review_tools.h"
+
+#include <string>
+
+namespace tarvik {
+
+/// The curves of the display that the second run has too, each drawn so that it is not taken for the first
+/// run's: another line style, thinner, in a tint of its ink, without fill. No marks.
+[[nodiscard]] LogDisplay overlaid(const LogDisplay& display, const LogData& second);
+
+/// The display for a run shown beside the first; with marks of its own.
+[[nodiscard]] LogDisplay beside(const LogDisplay& display, const LogData& second,
+                                const std::vector<DepthMark>& marks);
+
+/// From the shallower top to the deeper bottom; a run without steps does not count.
+[[nodiscard]] Extent extentOfBoth(const LogData& first, const LogData& second, Axis axis);
+
+/// What the second run does not have of the display: "GR, CALI"; empty when it has everything.
+[[nodiscard]] std::string missingIn(const LogDisplay& display, const LogData& second);
+
+} // namespace tarvik

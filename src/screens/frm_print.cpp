@@ -1,0 +1,317 @@
+#include "screens/frm_print.h"
+
+#include "base/failure.h"
+#include "base/number_picture.h"
+#include "base/text.h"
+#include "drawing/plot_file.h"
+#include "screens/card.h"
+#include "screens/field.h"
+#include "screens/option_row.h"
+#include "screens/qt_text.h"
+#include "screens/styles.h"
+#include "screens/theme.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPageLayout>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace tarvik {
+
+namespace {
+
+constexpr const char* memoryName = "Print";
+constexpr std::size_t mostPreviewed = 60; // every page of a preview is kept in memory
+enum IntervalChoice { wholeLog, visibleLog, ownInterval };
+
+QString depthText(double metres, DepthUnits units) {
+    return qt(formatPicture(fromMetres(metres, units), "0.00"));
+}
+
+QPageSize pageSize(const PrintOrder& order, const PagePlan& plan) {
+    if (order.continuous) {
+        return QPageSize(QSizeF(plan.width, plan.height), QPageSize::Millimeter, QString(),
+                         QPageSize::ExactMatch);
+    }
+    if (order.paper == "A3") return QPageSize(QPageSize::A3);
+    return QPageSize(order.paper == "Letter" ? QPageSize::Letter : QPageSize::A4);
+}
+
+} // namespace
+
+bool askForPrinter(QPrinter& printer, QWidget* parent) {
+    QPrintDialog dialog(&printer, parent);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+QString askForPlotFile(QWidget* parent, const QString& suggested, const QString& filter) {
+    return QFileDialog::getSaveFileName(parent, "Save the log", suggested, filter);
+}
+
+frmPrint::frmPrint(PrintSubject subject, const PrintModules& modules, QWidget* parent)
+    : ScreenDialog("frmPrint", "Print the log", modules.memory, parent),
+      subject_(std::move(subject)),
+      modules_(modules),
+      whole_(extentOf(logDataOf(subject_.log), Axis::depth)),
+      printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)),
+      scale_(new QComboBox),
+      from_(lineEdit("txtprintfrom")),
+      to_(lineEdit("txtprintto")),
+      paper_(new QComboBox),
+      heading_(new QCheckBox("Log &heading")),
+      spaced_(new QCheckBox("Each curve in a &track of its own")),
+      summary_(roleLabel("head")),
+      page_(roleLabel("quiet")) {
+    setModal(true);
+    remember(order_, plain(modules.memory.text(memoryName)));
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(measure::wide);
+    row->addWidget(buildForm());
+    row->addWidget(buildPreview(), 1);
+    body()->addLayout(row, 1);
+    buildButtons();
+    setMinimumSize(860, 600);
+    resize(1080, 710);
+    follow();
+}
+
+frmPrint::~frmPrint() = default;
+
+QWidget* frmPrint::buildForm() {
+    auto* const form = new QWidget;
+    form->setFixedWidth(330);
+    auto* const column = new QVBoxLayout(form);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(measure::wide);
+    buildDepths(*column);
+    buildPaper(*column);
+    column->addStretch(1);
+    summary_->setObjectName("lbprintsummary");
+    summary_->setWordWrap(true);
+    column->addWidget(summary_);
+    return form;
+}
+
+void frmPrint::buildDepths(QVBoxLayout& column) {
+    auto* const card = new Card("Depths");
+    column.addWidget(card);
+    scale_->setObjectName("lbprintscale");
+    scale_->setEditable(true);
+    scale_->setInsertPolicy(QComboBox::NoInsert);
+    for (const int scale : {1, 2, 5, 10, 20, 50, 100, 200, 500, 1000}) {
+        scale_->addItem("1:" + QString::number(scale));
+    }
+    scale_->setCurrentText("1:" + qt(formatPicture(subject_.scale, "0.##")));
+    auto* const scale = new Field("&Scale", scale_);
+    scale->setCheck([this] {
+        return scaleFromText(plain(scale_->currentText())) ? QString() : QString("1:N, such as 1:200.");
+    });
+    card->body()->addWidget(scale);
+    interval_ = addOptions(*card->body(), "Interval",
+                           {{"optwhole", "&Whole"}, {"optvisible", "&On screen"}, {"optown", "&From, to"}});
+    interval_->button(wholeLog)->setChecked(true);
+    const DepthUnits units = subject_.log.header.setup.units;
+    from_->setText(depthText(whole_.from, units));
+    to_->setText(depthText(whole_.to, units));
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(measure::gap);
+    auto* const from = new Field("From", from_);
+    auto* const to = new Field("To", to_, qt(subject_.log.depthUnit()).toLower());
+    to->setCheck([this] {
+        return qt(intervalProblem(plain(from_->text()), plain(to_->text()), whole_,
+                                  subject_.log.header.setup.units));
+    });
+    row->addWidget(from, 2, Qt::AlignTop);
+    row->addWidget(to, 3, Qt::AlignTop);
+    card->body()->addLayout(row);
+    fields_ = {scale, to};
+    connect(scale_, &QComboBox::currentTextChanged, this, [this] { follow(); });
+    connect(interval_, &QButtonGroup::idClicked, this, [this] { follow(); });
+    for (QLineEdit* const edit : {from_, to_}) {
+        connect(edit, &QLineEdit::editingFinished, this, [this] { follow(); });
+    }
+}
+
+void frmPrint::buildPaper(QVBoxLayout& column) {
+    auto* const card = new Card("Paper");
+    column.addWidget(card);
+    paper_->setObjectName("lbprintpaper");
+    for (const std::string_view paper : printPapers) paper_->addItem(qt(paper));
+    paper_->setCurrentText(qt(order_.paper));
+    card->body()->addWidget(new Field("P&aper", paper_));
+    orientation_ = addOptions(*card->body(), "Orientation",
+                              {{"optportrait", "P&ortrait"}, {"optlandscape", "&Landscape"}});
+    orientation_->button(order_.landscape ? 1 : 0)->setChecked(true);
+    feed_ =
+        addOptions(*card->body(), "Feed", {{"optpages", "Pa&ges"}, {"optcontinuous", "&Continuous roll"}});
+    feed_->button(order_.continuous ? 1 : 0)->setChecked(true);
+    heading_->setObjectName("optprintheading");
+    heading_->setChecked(order_.heading);
+    spaced_->setObjectName("optprintspaced");
+    spaced_->setChecked(subject_.equallySpaced);
+    card->body()->addWidget(heading_);
+    card->body()->addWidget(spaced_);
+    connect(paper_, &QComboBox::currentIndexChanged, this, [this] { follow(); });
+    for (QButtonGroup* const group : {orientation_, feed_}) {
+        connect(group, &QButtonGroup::idClicked, this, [this] { follow(); });
+    }
+    for (QCheckBox* const box : {heading_, spaced_}) {
+        connect(box, &QCheckBox::toggled, this, [this] { follow(); });
+    }
+}
+
+QWidget* frmPrint::buildPreview() {
+    auto* const card = new Card;
+    preview_ = new QPrintPreviewWidget(printer_.get());
+    preview_->setObjectName("printpreview");
+    preview_->setAccessibleName("Preview of the pages");
+    preview_->fitInView();
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(measure::gap);
+    const auto tool = [&](const char* name, const QString& text, const QString& tip, auto act) {
+        auto* const button = new QToolButton;
+        button->setObjectName(name);
+        button->setText(text);
+        button->setToolTip(tip);
+        button->setAccessibleName(tip);
+        button->setMinimumSize(34, 30);
+        connect(button, &QToolButton::clicked, this, act);
+        row->addWidget(button);
+    };
+    tool("comprevious", "\u25c0", "Page before", [this] {
+        preview_->setCurrentPage(std::max(1, preview_->currentPage() - 1));
+        showPage();
+    });
+    row->addWidget(page_);
+    tool("comnext", "\u25b6", "Next page", [this] {
+        preview_->setCurrentPage(std::min(preview_->pageCount(), preview_->currentPage() + 1));
+        showPage();
+    });
+    row->addStretch(1);
+    tool("comfitpage", "Page", "The whole page", [this] { preview_->fitInView(); });
+    tool("comfitwidth", "Width", "As wide as the preview", [this] { preview_->fitToWidth(); });
+    tool("comzoomin", "+", "Nearer", [this] { preview_->zoomIn(); });
+    tool("comzoomout", "\u2212", "Further away", [this] { preview_->zoomOut(); });
+    page_->setObjectName("lbprintpage");
+    card->body()->addLayout(row);
+    card->body()->addWidget(preview_, 1);
+    connect(preview_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
+        paintPages(*printer, 0, std::min(plan_.pages.size(), mostPreviewed));
+    });
+    connect(preview_, &QPrintPreviewWidget::previewChanged, this, [this] { showPage(); });
+    return card;
+}
+
+void frmPrint::buildButtons() {
+    connect(addSideButton("comsavepdf", "Save as P&DF\u2026"), &QPushButton::clicked, this,
+            [this] { save(".pdf", "PDF (*.pdf)"); });
+    connect(addSideButton("comsavepicture", "Save pict&ure\u2026"), &QPushButton::clicked, this,
+            [this] { save(".png", "Picture (*.png);;Drawing (*.svg)"); });
+    connect(addButton("comclose", "Close"), &QPushButton::clicked, this, [this] { reject(); });
+    connect(addPrimaryButton("comprint", "&Print\u2026"), &QPushButton::clicked, this, [this] { print(); });
+}
+
+bool frmPrint::allRight() {
+    const bool own = interval_->checkedId() == ownInterval;
+    from_->setEnabled(own);
+    to_->setEnabled(own);
+    return fields_[0]->validate() && (!own || fields_[1]->validate());
+}
+
+Extent frmPrint::chosenInterval() const {
+    const DepthUnits units = subject_.log.header.setup.units;
+    if (interval_->checkedId() == wholeLog) return whole_;
+    if (interval_->checkedId() == visibleLog) return subject_.visible;
+    return {toMetres(parseNumber(plain(from_->text())).value_or(0), units),
+            toMetres(parseNumber(plain(to_->text())).value_or(0), units)};
+}
+
+void frmPrint::follow() {
+    if (!allRight()) return;
+    order_.scale = scaleFromText(plain(scale_->currentText())).value_or(order_.scale);
+    order_.interval = chosenInterval();
+    order_.paper = plain(paper_->currentText());
+    order_.landscape = orientation_->checkedId() == 1;
+    order_.continuous = feed_->checkedId() == 1;
+    order_.heading = heading_->isChecked();
+    order_.equallySpaced = spaced_->isChecked();
+    sheet_ = printSheet(subject_.log, subject_.display, order_);
+    plan_ = planOf(sheet_, paperOf(order_));
+    summary_->setText(qt(printSummary(order_, plan_)));
+    preparePrinter(*printer_);
+    order_.continuous ? preview_->fitToWidth() : preview_->fitInView();
+    preview_->updatePreview();
+}
+
+void frmPrint::showPage() {
+    QString text = QString("Page %1 of %2").arg(preview_->currentPage()).arg(plan_.pages.size());
+    if (plan_.pages.size() > mostPreviewed) text += QString(", the first %1 are shown").arg(mostPreviewed);
+    page_->setText(text);
+}
+
+/// Margins are the plan's own: the painter has the whole page, so that a millimetre stays one.
+void frmPrint::preparePrinter(QPrinter& printer) const {
+    printer.setFullPage(true);
+    printer.setPageSize(pageSize(order_, plan_));
+    printer.setPageOrientation(order_.landscape && !order_.continuous ? QPageLayout::Landscape
+                                                                      : QPageLayout::Portrait);
+    printer.setPageMargins(QMarginsF(0, 0, 0, 0));
+    printer.setDocName(qt(subject_.file.filename().string()));
+    printer.setCreator("Tarvik");
+}
+
+void frmPrint::paintPages(QPrinter& printer, std::size_t first, std::size_t last) {
+    QPainter painter;
+    if (!painter.begin(&printer)) {
+        return modules_.operatorSide.message("Print", "The printer does not take the print.",
+                                             Icon::exclamation);
+    }
+    for (std::size_t page = first; page < last; ++page) {
+        if (page > first) printer.newPage();
+        painter_.paint(painter, sheet_, plan_, page, printer.resolution() / millimetresPerInch, true);
+    }
+}
+
+void frmPrint::print() {
+    if (!allRight()) return;
+    QPrinter printer(QPrinter::HighResolution);
+    preparePrinter(printer);
+    if (!modules_.choosePrinter(printer, this)) return;
+    preparePrinter(printer); // the toolkit's dialog may have put paper and margins of its own
+    const std::size_t pages = plan_.pages.size();
+    const auto from = static_cast<std::size_t>(std::max(1, printer.fromPage()));
+    const auto to = printer.toPage() > 0 ? static_cast<std::size_t>(printer.toPage()) : pages;
+    paintPages(printer, std::min(from, pages) - 1, std::clamp(to, std::min(from, pages), pages));
+    memory().keepText(memoryName, qt(rememberedText(order_)));
+    accept();
+}
+
+void frmPrint::save(const QString& ending, const QString& filter) {
+    if (!allRight()) return;
+    const Path suggested = Path(subject_.file).replace_extension(plain(ending));
+    const QString chosen = modules_.chooseFile(this, qt(suggested.string()), filter);
+    if (chosen.isEmpty()) return;
+    Path file = plain(chosen);
+    if (!file.has_extension()) file += plain(ending);
+    try {
+        writePlot(sheet_, {file, paperOf(order_), 150});
+        memory().keepText(memoryName, qt(rememberedText(order_)));
+        summary_->setText("Written: " + qt(file.string()));
+    } catch (const Failure& failure) {
+        modules_.operatorSide.message("Print", failure.what(), Icon::exclamation);
+    }
+}
+
+} // namespace tarvik

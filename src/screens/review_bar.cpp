@@ -1,0 +1,83 @@
+#include "screens/review_bar.h"
+
+#include "base/number_picture.h"
+#include "base/text.h"
+#include "screens/field.h"
+#include "screens/qt_text.h"
+#include "screens/styles.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QMenu>
+#include <QShortcut>
+#include <QToolButton>
+
+#include <utility>
+
+namespace tarvik {
+
+ReviewBar::ReviewBar(std::function<void(double depth)> jump)
+    : jump_(std::move(jump)), depth_(lineEdit("txtgotodepth")), scale_(roleLabel("quiet")) {
+    setObjectName("reviewbar");
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 2, 8, 2);
+    row->setSpacing(4);
+    scale_->setObjectName("lbshownscale");
+    scale_->setMinimumWidth(scale_->fontMetrics().horizontalAdvance("1:100000"));
+    depth_->setPlaceholderText("Go to depth");
+    depth_->setAccessibleName("Go to depth");
+    depth_->setToolTip("A depth of the log, then Enter (Ctrl+G)");
+    depth_->setFixedWidth(130);
+    row->addWidget(scale_);
+    row->addWidget(depth_);
+    connect(depth_, &QLineEdit::returnPressed, this, [this] { go(); });
+    connect(depth_, &QLineEdit::textEdited, this, [this] { restyle(*depth_, "wrong", false); });
+    auto* const keys = new QShortcut(QKeySequence("Ctrl+G"), this);
+    connect(keys, &QShortcut::activated, this, [this] {
+        depth_->setFocus();
+        depth_->selectAll();
+    });
+}
+
+void ReviewBar::go() {
+    const auto depth = parseNumber(trimmed(plain(depth_->text())));
+    restyle(*depth_, "wrong", !depth);
+    if (depth) jump_(*depth);
+}
+
+QToolButton* ReviewBar::addButton(const char* name, const QString& text, const QString& tip,
+                                  const QKeySequence& keys, std::function<void()> act) {
+    auto* const button = new QToolButton;
+    button->setObjectName(name);
+    button->setText(text);
+    button->setAccessibleName(tip);
+    button->setToolTip(tip + " (" + keys.toString() + ")");
+    button->setMinimumSize(30, 28);
+    layout()->addWidget(button);
+    connect(button, &QToolButton::clicked, this, [act] { act(); });
+    auto* const shortcut = new QShortcut(keys, this);
+    connect(shortcut, &QShortcut::activated, this, [act = std::move(act)] { act(); });
+    return button;
+}
+
+QMenu* ReviewBar::addMenu(const char* name, const QString& title, const QString& tip) {
+    auto* const button = new QToolButton;
+    auto* const menu = new QMenu(button);
+    menu->setObjectName(name);
+    button->setText(title + " \u25be");
+    button->setAccessibleName(title);
+    button->setToolTip(tip);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setStyleSheet("QToolButton::menu-indicator { image: none; }");
+    button->setMinimumHeight(28);
+    button->setMenu(menu);
+    layout()->addWidget(button);
+    return menu;
+}
+
+void ReviewBar::showScale(double scale, const QString& depthUnit) {
+    scale_->setText("1:" + qt(formatPicture(scale, scale < 10 ? "0.#" : "0")));
+    depth_->setPlaceholderText("Go to depth, " + depthUnit.toLower());
+}
+
+} // namespace tarvik
