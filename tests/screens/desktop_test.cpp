@@ -1,5 +1,6 @@
 // The desktop on the simulated box: what the operator does at the main screen, without a display.
 #include "files/run_file_reader.h"
+#include "screens/qt_text.h"
 #include "screens/truck.h"
 
 #include <QAction>
