@@ -11,6 +11,31 @@ namespace {
 constexpr std::int32_t idleWaitMs = 5;
 constexpr std::int32_t pollMs = 1; // a line at 115200 baud brings 11 bytes in the meantime
 constexpr std::int32_t receiveSide = 1;
+constexpr std::int64_t stillForMs = 50; // a remainder that takes longer is in trouble, and the screens go on
+
+/// Keeps the screens still while a remainder comes in: on a busy line a window that is painted then lets the
+/// next scan arrive behind it, and one byte too many costs both. Between scans a backlog harms nothing.
+class Stillness {
+  public:
+    Stillness(SerialPort& serial, std::int32_t port) : serial_(serial), port_(port) {}
+    ~Stillness() { end(); }
+    Stillness(const Stillness&) = delete;
+    Stillness& operator=(const Stillness&) = delete;
+
+    void begin() {
+        if (!still_) serial_.ComSetYield(port_, 0);
+        still_ = true;
+    }
+    void end() {
+        if (still_) serial_.ComSetYield(port_, 1);
+        still_ = false;
+    }
+
+  private:
+    SerialPort& serial_;
+    std::int32_t port_;
+    bool still_ = false;
+};
 
 } // namespace
 
@@ -20,6 +45,7 @@ ScanRead ScanReader::read() {
         serial_.ComSleepMS(link_.port, idleWaitMs);
         return {};
     }
+    serial_.ComSleepMS(link_.port, 0); // the moment for the screens
     std::int32_t waiting = serial_.ComStatus(link_.port);
     if (waiting == 0) {
         serial_.ComSleepMS(link_.port, idleWaitMs);
@@ -41,6 +67,7 @@ ScanRead ScanReader::read() {
 
 ScanRead ScanReader::readRemainder() {
     const std::int64_t start = clock_.tickMs();
+    Stillness still(serial_, link_.port);
     while (true) {
         const std::int32_t waiting = serial_.ComStatus(link_.port);
         const std::int64_t waited = clock_.tickMs() - start;
@@ -49,6 +76,7 @@ ScanRead ScanReader::readRemainder() {
         if (verdict == FrameVerdict::scan) return result(ScanRead::Kind::scan, waited);
         if (verdict == FrameVerdict::overflow2) return discarding(ScanRead::Kind::overflow2, waited);
         if (waited >= remainderTimeoutMs) return discarding(ScanRead::Kind::timeout, waited);
+        waited < stillForMs ? still.begin() : still.end();
         if (serial_.ComSleepMS(link_.port, pollMs) != 1) return result(ScanRead::Kind::portGone, waited);
     }
 }

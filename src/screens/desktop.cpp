@@ -68,7 +68,12 @@ IntroWindowParts Desktop::windowParts() {
             .openHelp = [this] { screens_->open({"help"}); },
             .closeRun = [this] { review_->close(); },
             .redrawReview = [this] { review_->show(); },
-            .redrawEquallySpaced = [this] { review_->showEquallySpaced(); },
+            .redrawEquallySpaced =
+                [this] {
+                    if (program_.state.mode == programMode::acquire)
+                        return screen().live().setEquallySpaced(true);
+                    review_->showEquallySpaced();
+                },
             .loadNotes = [this] { loadNotes(); }};
 }
 

@@ -34,6 +34,8 @@ QToolButton* button(const char* objectName, const QString& text, const QString& 
     return made;
 }
 
+constexpr const char* followWords = "Follow the tool";
+constexpr int roomyBar = 780;     // pixels
 constexpr int wideDisplay = 1300; // pixels: room for larger digits
 
 double scaleOf(const QString& text) {
@@ -88,7 +90,6 @@ QWidget* LiveDisplay::makeBar() {
     for (const std::string_view scale : logScales) scales_->addItem(qt(scale));
     scales_->setObjectName("cmblivescale");
     scales_->setAccessibleName("Scale of the live plot");
-    scales_->setToolTip("Scale of the plot");
     auto* const bar = new QWidget;
     bar->setStyleSheet("QToolButton { border: 1px solid palette(mid); padding: 4px 12px; }");
     auto* const row = new QHBoxLayout(bar);
@@ -99,12 +100,15 @@ QWidget* LiveDisplay::makeBar() {
     row->addSpacing(measure::gap);
     row->addWidget(scales_);
     row->addSpacing(4);
+    scaleWords_->setMinimumWidth(1); // the first to give way in a narrow window
     row->addWidget(scaleWords_);
     row->addSpacing(measure::gap);
     row->addWidget(paint_);
     row->addWidget(curves_);
     row->addStretch(1);
     row->addWidget(follow_);
+    follow_->setText(followWords);
+    follow_->setFixedWidth(follow_->sizeHint().width() + 8); // with either text
     connect(depth_, &QToolButton::clicked, this, [this] { setAxis(Axis::depth); });
     connect(time_, &QToolButton::clicked, this, [this] { setAxis(Axis::time); });
     connect(paint_, &QToolButton::clicked, this, [this](bool on) { setEquallySpaced(on); });
@@ -169,9 +173,10 @@ void LiveDisplay::showState() {
     time_->setChecked(view.view().axis == Axis::time);
     paint_->setChecked(view.view().equallySpaced);
     follow_->setChecked(view.following());
-    follow_->setText(view.following() ? "Following" : "Follow the tool");
+    follow_->setText(view.following() ? "Following" : followWords);
     scales_->setCurrentText("1:" + QString::number(view.scale()));
     scaleWords_->setText(scaleWords(view));
+    scales_->setToolTip("Scale of the plot: " + scaleWords(view));
 }
 
 void LiveDisplay::placePanel() {
@@ -180,6 +185,7 @@ void LiveDisplay::placePanel() {
 
 void LiveDisplay::resizeEvent(QResizeEvent*) {
     values_->setColumnWidth(width() > wideDisplay ? 264 : 216);
+    scaleWords_->setVisible(width() - values_->width() > roomyBar);
     placePanel();
 }
 

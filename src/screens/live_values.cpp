@@ -28,9 +28,9 @@ bool isCalibrated(const Calibration& calibration) {
 /// About five digits, whatever the size of the value; whole counts have no decimals.
 QString valueText(float value, bool calibrated) {
     const double size = std::abs(double{value});
-    if (!calibrated) return qt(formatPicture(value, value == std::round(value) ? "######0" : "###0.0"));
-    const char* const picture = size >= 10000 ? "######0" : size >= 100 ? "###0.0" : "##0.000";
-    return qt(formatPicture(value, picture));
+    const bool whole = size >= 10000 || (!calibrated && value == std::round(value));
+    const bool tenths = size >= 100 || !calibrated;
+    return qt(formatPicture(value, whole ? "######0" : tenths ? "###0.0" : "##0.000"));
 }
 
 } // namespace
@@ -39,6 +39,9 @@ LiveValues::LiveValues() : grid_(new QGridLayout(this)) {
     setObjectName("livevalues");
     setProperty("card", true);
     setStyleSheet("#livevalues { border: none; border-left: 1px solid palette(mid); border-radius: 0; }");
+    // The digits take the height that there is; they never make the window taller.
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+    grid_->setSizeConstraint(QLayout::SetNoConstraint);
     grid_->setContentsMargins(12, 8, 12, 8);
     grid_->setHorizontalSpacing(20);
     grid_->setVerticalSpacing(0);

@@ -115,6 +115,21 @@ TEST_F(ScanReading, OverflowsDiscardWhatWaits) {
     EXPECT_EQ(reader.read().kind, Kind::scan) << "the next byte is a length byte again";
 }
 
+TEST_F(ScanReading, TheScreensAreServedBetweenScansNotWithinOne) {
+    int looks = 0;
+    serial.atYield = [&] { ++looks; };
+    serial.put("\x04"
+               "ab");
+    serial.put("c", 30);
+    EXPECT_EQ(reader.read().kind, Kind::scan);
+    EXPECT_EQ(looks, 1) << "before the length byte";
+    serial.put("\x04"
+               "ab");
+    EXPECT_EQ(reader.read().kind, Kind::timeout);
+    EXPECT_GT(looks, 100) << "a remainder that does not come leaves them alive";
+    EXPECT_TRUE(serial.yields);
+}
+
 TEST_F(ScanReading, APortThatGoesEndsEveryWait) {
     serial.put("\x04"
                "ab");

@@ -37,6 +37,8 @@ class ScriptedPort final : public SerialPort {
         return 1;
     };
     std::function<void()> whileSleeping = [] {};
+    std::function<void()> atYield; ///< the screens, while yielding is on
+    bool yields = true;
     std::int32_t setUpResult = 1; ///< of flow and yield
     bool gone = false;
 
@@ -81,11 +83,13 @@ class ScriptedPort final : public SerialPort {
         wire += "<" + std::to_string(ms) + ">";
         clock_.advanceMs(ms);
         whileSleeping();
+        if (yields && atYield) atYield();
         return gone ? portGone : 1;
     }
     std::int32_t ComSetFlow(std::int32_t, std::int32_t mode) override { return mode == 2 ? setUpResult : -7; }
     std::int32_t ComSetYield(std::int32_t, std::int32_t yield) override {
-        return yield == 1 ? setUpResult : -8;
+        yields = yield == 1;
+        return yield == 1 || yield == 0 ? setUpResult : -8;
     }
     std::int32_t ComGetCTSStatus(std::int32_t) override { return -1; }
     [[nodiscard]] std::string openProblem() const override { return "COM1 is held by another program."; }

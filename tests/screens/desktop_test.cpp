@@ -40,7 +40,9 @@ TEST(DesktopTest, TheButtonOfTheDeviationToolGoesThroughItsDisplaysDuringTheRun)
     auto& button = control<QAction>(truck.screen(), "MB-Bullseye");
     const LivePlot& plot = truck.screen().live().plot();
     std::vector<std::string> seen;
+    QSize least;
     truck.log([&] {
+        least = least.expandedTo(truck.screen().minimumSizeHint());
         const auto at = static_cast<std::size_t>(truck.kept());
         if (at < 20 || seen.size() == 4) return;
         const LogDisplay& shown = plot.curves().shown();
@@ -52,6 +54,8 @@ TEST(DesktopTest, TheButtonOfTheDeviationToolGoesThroughItsDisplaysDuringTheRun)
     });
     EXPECT_EQ(seen, (std::vector<std::string>{"Bullseye: plan", "Magnetics: Mag X", "Deviation: Azimuth",
                                               "Bullseye: plan"}));
+    EXPECT_LE(least.width(), 1280);
+    EXPECT_LE(least.height(), 740) << "a notice above the logs must not push the window off the screen";
     EXPECT_EQ(plot.page(), LivePage::logs) << "the stop button takes the plan view away";
     EXPECT_FALSE(button.isVisible());
     const Bytes log = truck.p().files.read(truck.p().log.todaysFile());
