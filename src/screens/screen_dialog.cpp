@@ -79,6 +79,7 @@ void ScreenDialog::scrollBody() {
     auto* const column = static_cast<QVBoxLayout*>(layout());
     column->removeItem(body_);
     body_->setParent(nullptr);
+    body_->setContentsMargins(0, 0, measure::gap, measure::gap);
     auto* const content = new QWidget;
     content->setLayout(body_);
     auto* const scrolled = new QScrollArea;
