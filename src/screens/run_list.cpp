@@ -69,8 +69,7 @@ void RunList::makeTable() {
 void RunList::readNext() {
     if (unread_.empty()) {
         reading_.stop();
-        table_->setSortingEnabled(true);
-        return selectFirst();
+        return table_->setSortingEnabled(true);
     }
     show(describeRun(files_, unread_.back()));
     unread_.pop_back();
@@ -88,14 +87,10 @@ void RunList::show(const RunRow& row) {
     }
     table_->item(at, fileColumn)->setData(Qt::UserRole, qt(row.file.string()));
     filter(filter_->text());
-    if (row.file == wanted_ && table_->currentRow() < 0) table_->selectRow(at);
+    if (row.file == wanted_) table_->selectRow(at);
 }
 
-void RunList::selectFirst() {
-    if (table_->currentRow() < 0 && table_->rowCount() > 0) table_->selectRow(0);
-}
-
-/// A run that is filtered out is not the one that the primary button means.
+/// A run that is filtered out is not the one that the primary button means; the first that is left is.
 void RunList::filter(const QString& text) {
     for (int row = 0; row < table_->rowCount(); ++row) {
         bool found = text.isEmpty();
@@ -103,8 +98,7 @@ void RunList::filter(const QString& text) {
             found = table_->item(row, i)->text().contains(text, Qt::CaseInsensitive);
         table_->setRowHidden(row, !found);
     }
-    const int current = table_->currentRow();
-    if (current < 0 || !table_->isRowHidden(current)) return;
+    if (selected()) return;
     for (int row = 0; row < table_->rowCount(); ++row) {
         if (!table_->isRowHidden(row)) return table_->selectRow(row);
     }

@@ -29,7 +29,7 @@ class RunList final : public QWidget {
             RunListActions actions);
 
     [[nodiscard]] std::optional<Path> selected() const;
-    /// Selects it once it has been read, instead of the first.
+    /// Selects it once it has been read; until then, or without it, the first is.
     void preselect(Path file) { wanted_ = std::move(file); }
     /// The screen closes: nothing more is read, the widths are kept.
     void finish();
@@ -38,7 +38,6 @@ class RunList final : public QWidget {
     void makeTable();
     void readNext();
     void show(const RunRow& row);
-    void selectFirst();
     void filter(const QString& text);
 
     const Files& files_;
