@@ -10,6 +10,17 @@
 
 namespace tarvik {
 
+namespace {
+
+/// Takes the height that there is: a notice that wraps makes the logs shorter, never the window taller than
+/// the display.
+class MiddleOfScreen final : public QWidget {
+  public:
+    [[nodiscard]] bool hasHeightForWidth() const override { return false; }
+};
+
+} // namespace
+
 IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     : actions_(std::move(actions)),
       bars_(*this, actions_.toolClick),
@@ -29,7 +40,7 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     review_->addTab(values_, "&Values");
     logs_->addPage(review_);
     logs_->addPage(live_);
-    auto* const middle = new QWidget;
+    auto* const middle = new MiddleOfScreen;
     auto* const row = new QHBoxLayout(middle);
     row->setContentsMargins(8, 8, 8, 8);
     row->setSpacing(8);

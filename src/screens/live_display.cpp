@@ -168,7 +168,7 @@ void LiveDisplay::showState() {
     const bool logs = plot_->page() == LivePage::logs;
     bar_->setVisible(logs);
     note_->setVisible(plot_->page() == LivePage::gauges);
-    values_->setVisible(plot_->page() != LivePage::gauges); // the gauges show the same
+    showDigits();
     depth_->setChecked(view.view().axis == Axis::depth);
     time_->setChecked(view.view().axis == Axis::time);
     paint_->setChecked(view.view().equallySpaced);
@@ -179,12 +179,23 @@ void LiveDisplay::showState() {
     scales_->setToolTip("Scale of the plot: " + scaleWords(view));
 }
 
+/// Where they leave the bar its room; the gauges show the same.
+void LiveDisplay::showDigits() {
+    const bool roomy = width() >= bar_->minimumSizeHint().width() + values_->width();
+    values_->setVisible(roomy && plot_->page() != LivePage::gauges);
+}
+
+QSize LiveDisplay::minimumSizeHint() const {
+    return {bar_->minimumSizeHint().width(), QWidget::minimumSizeHint().height()};
+}
+
 void LiveDisplay::placePanel() {
     panel_->move(std::max(8, plot_->width() - panel_->width() - 24), bar_->height() + 8);
 }
 
 void LiveDisplay::resizeEvent(QResizeEvent*) {
     values_->setColumnWidth(width() > wideDisplay ? 264 : 216);
+    showDigits();
     scaleWords_->setVisible(width() - values_->width() > roomyBar);
     placePanel();
 }

@@ -37,6 +37,8 @@ class LiveDisplay final : public QWidget {
     /// Of the last run, to be kept with its tool.
     [[nodiscard]] std::vector<LogCurve> rescaled() const { return plot_->curves().rescaled(); }
     [[nodiscard]] LivePlot& plot() { return *plot_; }
+    /// Without the digits: in a narrow window they are the first to go.
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -46,6 +48,7 @@ class LiveDisplay final : public QWidget {
     [[nodiscard]] QWidget* makeBar();
     void openCurves(const std::string& channel);
     void showState();
+    void showDigits();
     void placePanel();
 
     LivePlot* plot_;
