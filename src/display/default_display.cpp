@@ -1,6 +1,7 @@
 #include "display/default_display.h"
 
 #include "base/text.h"
+#include "display/annotations.h"
 #include "display/curve_rules.h"
 #include "display/minmax_pyramid.h"
 
@@ -105,6 +106,7 @@ void addMarks(LogDisplay& display, const RunHeader& header) {
     if (const auto fluid = depthIn(header.hole.fluidLevel, units)) {
         display.marks.push_back({*fluid, MarkKind::fluid, "Fluid level"});
     }
+    addMarks(display.marks, annotationsIn(header.notes, units));
 }
 
 ScalePair recordedScale(const RunHeader& header, std::string_view channel, bool calibrated) {

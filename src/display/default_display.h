@@ -21,7 +21,7 @@ struct DisplayChannel {
 [[nodiscard]] LogDisplay defaultDisplay(std::span<const DisplayChannel> channels, DepthUnits units,
                                         const Scheme& scheme);
 
-/// With the casing and the fluid level of the hole as marks.
+/// With the casing and the fluid level of the hole, and the notes of the run that carry a depth, as marks.
 [[nodiscard]] LogDisplay defaultDisplay(const ReviewLog& log, const Scheme& scheme);
 
 /// Of a run that is starting: nothing is measured yet.

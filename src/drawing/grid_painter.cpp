@@ -194,25 +194,47 @@ void paintDepthTrack(const Canvas& canvas, const LogData& data, const Band& band
     for (const NumberColumn& column : numberColumns(canvas, data.units)) paintNumbers(canvas, column, band);
 }
 
-void paintMarks(const Canvas& canvas, const Band& band) {
-    if (canvas.view.axis != Axis::depth) return;
-    const Colour colour = canvas.display.scheme.mark;
+namespace {
+
+constexpr double markLetters = 3.4; // height of a mark's text, mm
+
+/// Above its line, at the left edge of the column.
+void paintMarkText(const Canvas& canvas, const DepthMark& mark, const Column& column, double y) {
     const QFont font = letters(canvas, 2.4, true);
-    for (const DepthMark& mark : canvas.display.marks) {
+    canvas.painter.setFont(font);
+    const QString text = fitted(font, qText(mark.text), column.width - canvas.mm(2));
+    const QRectF box(column.left + canvas.mm(1), y - canvas.mm(markLetters + 0.2),
+                     QFontMetricsF(font).horizontalAdvance(text) + canvas.mm(1), canvas.mm(markLetters));
+    QColor ground = qColour(canvas.display.scheme.surface);
+    ground.setAlpha(200); // the curve behind it stays to be seen
+    canvas.painter.fillRect(box, ground);
+    canvas.painter.drawText(box, Qt::AlignVCenter | Qt::AlignLeft, text);
+}
+
+void paintMarkLine(const Canvas& canvas, const DepthMark& mark, double y) {
+    QPen pen = line(canvas, canvas.display.scheme.mark, 0.25);
+    if (mark.kind == MarkKind::fluid) pen.setDashPattern({4, 3});
+    if (mark.kind == MarkKind::annotation) pen.setDashPattern({1, 2});
+    canvas.painter.setPen(pen);
+    canvas.painter.drawLine(QLineF(0, y, canvas.view.width, y));
+}
+
+} // namespace
+
+/// Texts stand in the first track; where they would stand in each other, in the tracks beside it in turn.
+void paintMarks(const Canvas& canvas, const Band& band) {
+    if (canvas.view.axis != Axis::depth || canvas.columns.tracks.empty()) return;
+    std::vector<DepthMark> marks = canvas.display.marks;
+    std::ranges::stable_sort(marks, {}, &DepthMark::depth);
+    double before = -1e9;
+    std::size_t column = 0;
+    for (const DepthMark& mark : marks) {
         const double y = crisp(canvas.view, canvas.view.yOf(mark.depth));
+        column = y - before < canvas.mm(markLetters) ? (column + 1) % canvas.columns.tracks.size() : 0;
+        before = y;
         if (y < band.top - canvas.mm(4) || y > band.bottom + canvas.mm(4)) continue;
-        QPen pen = line(canvas, colour, 0.25);
-        if (mark.kind != MarkKind::casing) pen.setDashPattern({4, 3});
-        canvas.painter.setPen(pen);
-        canvas.painter.drawLine(QLineF(0, y, canvas.view.width, y));
-        canvas.painter.setFont(font);
-        const QString text = fitted(font, qText(mark.text), canvas.columns.tracks.front().width);
-        const QRectF box(canvas.columns.tracks.front().left + canvas.mm(1), y - canvas.mm(3.6),
-                         QFontMetricsF(font).horizontalAdvance(text) + canvas.mm(1), canvas.mm(3.4));
-        QColor ground = qColour(canvas.display.scheme.surface);
-        ground.setAlpha(200); // the curve behind it stays to be seen
-        canvas.painter.fillRect(box, ground);
-        canvas.painter.drawText(box, Qt::AlignVCenter | Qt::AlignLeft, text);
+        paintMarkLine(canvas, mark, y);
+        paintMarkText(canvas, mark, canvas.columns.tracks[column], y);
     }
 }
 

@@ -55,6 +55,7 @@ void LogPainter::paintRows(QPainter& painter, const LogDisplay& display, const L
     onCanvas(painter, display, view, [&](const Canvas& canvas) {
         painter.setClipRect(QRectF(0, band.top, view.width, band.bottom - band.top), Qt::IntersectClip);
         paintGrid(canvas, data.units, band);
+        if (under_) under_(painter, view, band);
         paintCurvesOf(canvas, data, band);
         if (canvas.display.depthTrack.speedBar) paintSpeed(canvas, data, band);
         paintDepthTrack(canvas, data, band);

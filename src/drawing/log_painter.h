@@ -9,6 +9,9 @@
 #include "display/log_cache.h"
 #include "drawing/canvas.h"
 
+#include <functional>
+#include <utility>
+
 class QPainter;
 
 namespace tarvik {
@@ -40,6 +43,11 @@ class LogPainter {
     void paintCurves(QPainter& painter, const LogDisplay& display, const LogData& data,
                      const DisplayView& view, const Band& band);
 
+    /// Drawn with every band from now on, between the grid and the curves: a second run laid under this one,
+    /// below its marks and depths. Empty: nothing.
+    using Under = std::function<void(QPainter& painter, const DisplayView& view, const Band& band)>;
+    void setUnder(Under under) { under_ = std::move(under); }
+
     /// Forgets what it keeps of the log; needed only to free the memory.
     void forget() { cache_.clear(); }
 
@@ -50,6 +58,7 @@ class LogPainter {
     void paintCurvesOf(const Canvas& canvas, const LogData& data, const Band& band);
 
     LogCache cache_;
+    Under under_;
 };
 
 } // namespace tarvik

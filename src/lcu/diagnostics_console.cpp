@@ -77,18 +77,26 @@ void DiagnosticsConsole::serve() {
     serving_ = true;
     while (!orders_.empty() || acquiring_) {
         if (orders_.empty()) {
-            acquire();
+            if (!trapped("Diag_StartDataAcquisition", [this] { acquire(); })) leaveAcquisition();
             continue;
         }
         const auto act = std::move(orders_.front());
         orders_.pop_front();
-        act();
+        trapped("comsend_Click", act);
         line_.resume(); // an exchange tears the stream
         takeState();
         view_.changed();
     }
     serving_ = false;
     view_.changed();
+}
+
+/// What fails ends with its report; the console stays open.
+bool DiagnosticsConsole::trapped(std::string_view routine, const std::function<void()>& act) {
+    return modules_.errors.runIn("frmDiagnostics", routine, false, [&](Level&) {
+        act();
+        return true;
+    });
 }
 
 void DiagnosticsConsole::tick() {

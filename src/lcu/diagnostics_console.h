@@ -103,6 +103,7 @@ class DiagnosticsConsole final : private StatusViewer {
     void showStatusLine(std::string_view viewerLine) override;
     void order(std::function<void()> act);
     void serve();
+    bool trapped(std::string_view routine, const std::function<void()>& act);
     [[nodiscard]] bool portIsOpen();
     void sendOne(const std::string& command);
     void Diag_StartDataAcquisition();

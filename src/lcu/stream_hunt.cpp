@@ -4,12 +4,6 @@
 
 namespace tarvik {
 
-namespace {
-
-constexpr std::size_t scansLookedAt = 8; // the latest: before them the stream may have been torn
-
-} // namespace
-
 void StreamHunt::add(std::uint8_t byte) {
     if (count_ == bytes_.size()) {
         const std::size_t half = bytes_.size() / 2;

@@ -12,9 +12,10 @@ namespace tarvik {
 
 class StreamHunt {
   public:
-    static constexpr std::size_t shortestScan = 8; ///< length byte, depth, time, status and current
-    static constexpr std::size_t longestScan = 53; ///< 20 channels of an LCU4
-    static constexpr std::size_t wholeScans = 3;   ///< that must have come
+    static constexpr std::size_t shortestScan = 8;  ///< length byte, depth, time, status and current
+    static constexpr std::size_t longestScan = 53;  ///< 20 channels of an LCU4
+    static constexpr std::size_t wholeScans = 3;    ///< that must have come, at least
+    static constexpr std::size_t scansLookedAt = 8; ///< the latest; each of them must fit
 
     struct Place {
         std::size_t length = 0; ///< of every scan, its length byte included

@@ -3,6 +3,8 @@
 #include "base/failure.h"
 #include "platform/serial_devices.h"
 
+#include <algorithm>
+
 namespace tarvik {
 
 namespace {
@@ -43,6 +45,16 @@ SerialPort& line(SerialPort& devices, const StandIns& standIns) {
 Path historyFolder(Places& places, const SettingsStore& store, OperatorSide& operatorSide) {
     takeDrives(places, loadMachineMap(store).drives, toOperator(operatorSide, "Drives"));
     return places.runHistoryFolder();
+}
+
+/// A port yields to the window only while it is open, and a demonstration opens none. Before the first
+/// activation is done no click may come through.
+void sleepAlive(Program& program, int milliseconds) {
+    constexpr int sliceMs = 10;
+    for (int left = milliseconds; left > 0; left -= sliceMs) {
+        program.serial.ComSleepMS(program.link.port, std::min(left, sliceMs));
+        if (program.shell.yield && program.state.firstActivationDone) program.shell.yield();
+    }
 }
 
 } // namespace
@@ -111,7 +123,7 @@ FrameHooks Program::connectHooks() {
     to.stopDataStream = [this] { lcu.stopStream(); };
     to.closePort = [this] { port.close(); };
     to.loadCalibrationHistory = [this] { calibrations.open(); };
-    to.sleep = [this](int milliseconds) { serial.ComSleepMS(link.port, milliseconds); };
+    to.sleep = [this](int milliseconds) { sleepAlive(*this, milliseconds); };
     return to;
 }
 

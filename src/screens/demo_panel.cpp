@@ -21,6 +21,7 @@ DemoPanel::DemoPanel(DemoPanelActions actions)
       choose_(button("comchoosedemo", "&Change\u2026", "Another run, another pace")),
       pace_(new QComboBox),
       position_(new QProgressBar),
+      positionWords_(roleLabel("quiet")),
       start_(button("comstartdemo", "&Start", "Plays the run from its beginning (F9)")),
       pause_(button("compausedemo", "&Pause", "Halts the run where it is (F11)")),
       stop_(button("comstopdemo", "S&top", "Ends the demonstration (F10)")) {
@@ -31,7 +32,8 @@ DemoPanel::DemoPanel(DemoPanelActions actions)
     pace_->setObjectName("cbopace");
     for (const PaceWords& words : paceWords) pace_->addItem(words.text);
     position_->setObjectName("pgplayback");
-    position_->setFormat("%v of %m scans");
+    position_->setTextVisible(false);
+    positionWords_->setObjectName("lbplayback");
     position_->setAccessibleName("Scans played");
     start_->setProperty("primary", true);
     start_->setShortcut(Qt::Key_F9);
@@ -51,6 +53,7 @@ DemoPanel::DemoPanel(DemoPanelActions actions)
     column->addLayout(head);
     column->addWidget(new Field("Pace", pace_));
     column->addWidget(position_);
+    column->addWidget(positionWords_);
     column->addStretch(1);
     column->addWidget(start_);
     auto* const buttons = new QHBoxLayout;
@@ -85,6 +88,8 @@ void DemoPanel::showPosition(std::size_t played, std::size_t scans) {
     position_->setVisible(scans > 0);
     position_->setRange(0, static_cast<int>(scans));
     position_->setValue(static_cast<int>(played));
+    positionWords_->setVisible(scans > 0);
+    positionWords_->setText(QString("%1 of %2 scans").arg(played).arg(scans));
 }
 
 void DemoPanel::setState(State state) {

@@ -42,6 +42,7 @@ class DemoPanel final : public QFrame {
     QPushButton* choose_;
     QComboBox* pace_;
     QProgressBar* position_;
+    QLabel* positionWords_;
     QPushButton* start_;
     QPushButton* pause_;
     QPushButton* stop_;

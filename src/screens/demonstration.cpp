@@ -44,10 +44,12 @@ void Demonstration::setPace(PlaybackPace pace) {
 
 void Demonstration::show() {
     if (program_.state.mode != programMode::demo) return;
+    if (!program_.state.searching) screen_.status().showText("Demonstration");
     screen_.side().showLink(program_.link);
     panel().showRun(qt(choice_.file.filename().string()), qt(choice_.file.string()));
     panel().showPace(choice_.pace);
     if (running()) return;
+    if (!playback_) screen_.side().instrument().clear(); // of an earlier run
     panel().setState(choice_.file.empty() ? DemoPanel::State::noRun : DemoPanel::State::ready);
     showPosition();
     screen_.side().instrument().showIdle(choice_.file.empty() ? "Choose a run to play" : "Ready to play");

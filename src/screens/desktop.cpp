@@ -127,7 +127,7 @@ RunViewParts Desktop::runViewParts() {
     return {
         .chooseRun = [this](const LoggingRuns& runs,
                             std::string_view range) { return screens_->chooseRun(runs, range); },
-        .setEnabled = [this](bool on) { program_.commands.setControls(on ? "ENABLE" : "DISABLE"); },
+        .setEnabled = [this](bool on) { setControls(on); },
         .currentLimit = [this] { return program_.equipment.currentTool().record.get(tool::maximumCurrent); },
         .started =
             [this](const RunHeader& header) {
@@ -148,6 +148,15 @@ void Desktop::runEnded() {
     if (program_.state.mode == programMode::demo) return;
     for (const LogCurve& curve : screen().live().rescaled()) keepToolScale(program_.equipment, curve);
     loadNotes();
+}
+
+/// The table of controls does not name the buttons of a run in review; while another run goes on they would
+/// do nothing.
+void Desktop::setControls(bool on) {
+    program_.commands.setControls(on ? "ENABLE" : "DISABLE");
+    for (const char* key : {"MB-Close", "MB-Print"}) {
+        if (!on) screen().bars().setEnabled(key, false);
+    }
 }
 
 /// One scale for all logs, wherever it is chosen.

@@ -42,6 +42,7 @@ class Desktop {
     [[nodiscard]] RunViewParts runViewParts();
     static void connectScales(IntroScreen& screen);
     void runEnded();
+    void setControls(bool on);
     void connectHooks();
     /// What the operator asks for; the keys and names have static storage.
     void toolClick(std::string_view key);

@@ -210,21 +210,21 @@ DiagnosticsCommandPanel::DiagnosticsCommandPanel() {
     send->setProperty("primary", true);
 
     auto* const card = new Card("Commands");
-    card->body()->addWidget(
-        new Field("Si&ngle command", command, {}, "Enter sends; arrow keys: sent before"));
+    card->body()->addWidget(new Field("Si&ngle command", command, {}, "Enter sends; Up: sent before"));
     card->body()->addWidget(new Field("&Batch", batch, {}, "Enter sends; Shift+Enter: next line"), 1);
     card->body()->addLayout(row({clear, send}));
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(measure::wide);
     column->addWidget(card);
-    setFixedWidth(296);
+    setFixedWidth(264);
 }
 
 // ---- Lists
 
 DiagnosticsListPanel::DiagnosticsListPanel() {
     tabs = new QTabWidget;
+    tabs->setObjectName("tabs");
     tabs->addTab(dataPage(), "D&ata log");
     tabs->addTab(valuesPage(), "C&hannels");
     tabs->addTab(rawPage(), "Ra&w bytes");

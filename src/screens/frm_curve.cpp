@@ -105,7 +105,7 @@ QWidget* frmCurve::buildScale() {
     row->addWidget(left, 1, Qt::AlignTop);
     row->addWidget(right, 1, Qt::AlignTop);
     auto* const below = new QVBoxLayout; // level with the edits, not with their titles
-    below->addSpacing(QFontMetrics(font()).height() + 8);
+    below->addSpacing(QFontMetrics(font()).height() + 5);
     below->addWidget(swap);
     below->addStretch(1);
     row->addLayout(below);

@@ -54,6 +54,7 @@ frmDemo::frmDemo(const Files& files, const Path& projectFolder, FileChooser choo
     body()->addWidget(remark);
     pace_ = addOptions(*body(), "Pace", paceOptions());
     pace_->button(placeOf(before.pace))->setChecked(true);
+    list_->setFocus();
     resize(960, 600);
 }
 

@@ -56,6 +56,7 @@ frmFile::frmFile(const Files& files, const Path& projectFolder, FileChooser choo
                          .chosen = [this] { choose(list_->selected()); }});
     body()->addWidget(list_, 1);
     body()->addWidget(remark);
+    list_->setFocus();
     resize(960, 560);
 }
 

@@ -113,7 +113,7 @@ void frmPrint::buildDepths(QVBoxLayout& column) {
     for (const int scale : {1, 2, 5, 10, 20, 50, 100, 200, 500, 1000}) {
         scale_->addItem("1:" + QString::number(scale));
     }
-    scale_->setCurrentText("1:" + qt(formatPicture(subject_.scale, "0.##")));
+    scale_->setCurrentText("1:" + qt(shortestNumber(toHundredths(subject_.scale))));
     auto* const scale = new Field("&Scale", scale_);
     scale->setCheck([this] {
         return scaleFromText(plain(scale_->currentText())) ? QString() : QString("1:N, such as 1:200.");

@@ -75,7 +75,7 @@ frmTrack::frmTrack(LogDisplay display, std::size_t track, const LogData& log, Lo
     connect(addButton("comcancel", "Cancel"), &QPushButton::clicked, this, [this] { reject(); });
     connect(addPrimaryButton("comapply", "Apply to &display"), &QPushButton::clicked, this,
             [this] { accept(); });
-    setMinimumSize(760, 520);
+    setMinimumSize(800, 600);
     load();
 }
 
@@ -152,10 +152,11 @@ QWidget* frmTrack::buildGrid() {
     auto* const card = new Card("Grid");
     grid_ = addOptions(*card->body(), "Division",
                        {{"optgridlinear", "&Linear"}, {"optgridlogarithmic", "Lo&garithmic"}});
-    auto* const divisions = new Field("Parts of a l&inear grid", divisions_, {},
-                                      "A logarithmic one has the decades of its first such curve.");
+    auto* const divisions = new Field("Parts of a l&inear grid", divisions_);
+    divisions->setToolTip("A logarithmic grid has the decades of its first logarithmic curve");
     divisions->setCheck([this] { return qt(divisionsProblem(plain(divisions_->text()))); });
-    auto* const width = new Field("Widt&h", width_, "mm", "Its share beside the other tracks.");
+    auto* const width = new Field("Widt&h", width_, "mm");
+    width->setToolTip("Its share beside the other tracks");
     width->setCheck([this] { return qt(trackWidthProblem(plain(width_->text()))); });
     card->body()->addWidget(divisions);
     card->body()->addWidget(width);

@@ -115,7 +115,10 @@ InstrumentPanel::InstrumentPanel()
 }
 
 void InstrumentPanel::clear() {
-    for (QLabel* const label : {depth_, speed_, current_, voltage_}) label->setText(unknown);
+    depthMetres_.reset();
+    metresPerMinute_.reset();
+    showDigits();
+    for (QLabel* const label : {current_, voltage_}) label->setText(unknown);
     currentBar_->setVisible(false);
     scans_->clear();
     setDirection(std::nullopt);
@@ -126,6 +129,7 @@ void InstrumentPanel::setUnits(DepthUnits units) {
     const bool metres = units == DepthUnits::metres;
     depthUnit_->setText(metres ? "m" : "ft");
     if (auto* const unit = findChild<QLabel*>("lbspeedunit")) unit->setText(metres ? "m/min" : "ft/min");
+    showDigits(); // what stands there follows its unit
 }
 
 void InstrumentPanel::setDirection(std::optional<Direction> direction) {
@@ -134,11 +138,21 @@ void InstrumentPanel::setDirection(std::optional<Direction> direction) {
 }
 
 void InstrumentPanel::showDepth(double metres) {
-    depth_->setText(qt(formatPicture(fromMetres(metres, units_), "###0.00")));
+    depthMetres_ = metres;
+    showDigits();
 }
 
 void InstrumentPanel::showSpeed(double metresPerMinute) {
-    speed_->setText(qt(formatPicture(fromMetres(metresPerMinute, units_), "#0.0")));
+    metresPerMinute_ = metresPerMinute;
+    showDigits();
+}
+
+void InstrumentPanel::showDigits() {
+    const auto text = [this](const std::optional<double>& metres, const char* picture) {
+        return metres ? qt(formatPicture(fromMetres(*metres, units_), picture)) : QString(unknown);
+    };
+    depth_->setText(text(depthMetres_, "###0.00"));
+    speed_->setText(text(metresPerMinute_, "#0.0"));
 }
 
 void InstrumentPanel::showCurrent(float milliamps, float volts, int limit) {

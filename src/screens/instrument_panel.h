@@ -34,9 +34,12 @@ class InstrumentPanel final : public QFrame {
     void showScans(long scans, const QString& fileSize);
 
   private:
+    void showDigits();
     void showState(const char* role, const QString& headline, const QString& why);
 
     DepthUnits units_ = DepthUnits::metres;
+    std::optional<double> depthMetres_;
+    std::optional<double> metresPerMinute_;
     QLabel* depth_;
     QLabel* depthUnit_;
     QLabel* arrow_;

@@ -1,5 +1,6 @@
 #include "screens/log_picture.h"
 
+#include "display/annotations.h"
 #include "display/default_display.h"
 #include "display/display_template.h"
 #include "display/second_run.h"
@@ -28,8 +29,12 @@ Scheme schemeOfTheme() {
 QString legendOf(const LogDisplay& display, const ReviewLog& first, const LogData& second,
                  const ReviewLog& secondLog, Comparison how) {
     const auto named = [](const ReviewLog& log) {
-        const QString name = qt(log.header.hole.holeId + " " + log.header.runDate).trimmed();
-        return name.isEmpty() ? QString("no name on file") : name;
+        QStringList parts;
+        for (const std::string& part :
+             {log.header.hole.holeId, log.header.tool.code, log.header.runDate, log.header.startTime}) {
+            if (!part.empty()) parts.append(qt(part));
+        }
+        return parts.isEmpty() ? QString("no name on file") : parts.join(" ");
     };
     QString text = how == Comparison::beside
                        ? "Left: " + named(first) + "     Right: " + named(secondLog)
@@ -57,8 +62,9 @@ LogPicture::LogPicture() : bar_(new QScrollBar(Qt::Vertical, this)), readings_(n
     });
 }
 
-void LogPicture::setLog(const ReviewLog* log) {
+void LogPicture::setLog(const ReviewLog* log, std::vector<DepthMark> notes) {
     log_ = log;
+    notes_ = std::move(notes);
     second_.reset();
     tried_.reset();
     drag_.reset();
@@ -74,7 +80,9 @@ void LogPicture::setLog(const ReviewLog* log) {
 }
 
 LogDisplay LogPicture::usualDisplay() const {
-    return defaultDisplay(*log_, schemeOfTheme());
+    LogDisplay usual = defaultDisplay(*log_, schemeOfTheme());
+    addMarks(usual.marks, notes_);
+    return usual;
 }
 
 void LogPicture::compareWith(const ReviewLog* second, Comparison how) {
@@ -88,7 +96,16 @@ void LogPicture::compareWith(const ReviewLog* second, Comparison how) {
         second_->marks = defaultDisplay(*second, schemeOfTheme()).marks;
         readings_->setLegend(legendOf(drawn_, *log_, second_->data, *second, how));
     }
+    layUnder();
     displayChanged();
+}
+
+void LogPicture::layUnder() {
+    if (!painter_) return;
+    if (!second_ || second_->how != Comparison::over) return painter_->setUnder({});
+    painter_->setUnder([this](QPainter& painter, const DisplayView& view, const Band& band) {
+        second_->painter.paintCurves(painter, overlaid(drawn_, second_->data), second_->data, view, band);
+    });
 }
 
 void LogPicture::setScale(double scale) {
@@ -189,13 +206,7 @@ void LogPicture::render() {
     picture_.fill(Qt::transparent);
     QPainter painter(&picture_);
     painter_->paint(painter, drawn_, data_, view_);
-    if (!second_) return;
-    if (second_->how == Comparison::beside) return paintBeside(painter);
-    const double head = headHeight();
-    painter.translate(0, head);
-    painter.setClipRect(QRectF(0, 0, view_.width, bodyHeight()));
-    second_->painter.paintCurves(painter, overlaid(drawn_, second_->data), second_->data, view_,
-                                 {0, bodyHeight()});
+    if (second_ && second_->how == Comparison::beside) paintBeside(painter);
 }
 
 void LogPicture::paintBeside(QPainter& painter) {

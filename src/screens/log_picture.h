@@ -29,8 +29,8 @@ class LogPicture final : public QWidget {
   public:
     LogPicture();
 
-    /// Null: nothing is drawn. The log outlives its time here.
-    void setLog(const ReviewLog* log);
+    /// Null: nothing is drawn. The log outlives its time here. `notes` are marks besides those of its header.
+    void setLog(const ReviewLog* log, std::vector<DepthMark> notes = {});
     /// Null: the first run alone again. The second log outlives its time here.
     void compareWith(const ReviewLog* second, Comparison how);
     /// 1:`scale`; what is at the top stays there.
@@ -91,6 +91,7 @@ class LogPicture final : public QWidget {
     [[nodiscard]] double bodyHeight() const { return view_.height - headHeight(); }
     [[nodiscard]] Extent extent() const;
     void layOut();
+    void layUnder();
     void moveTo(const DisplayView& view);
     void displayChanged();
     void redraw();
@@ -101,6 +102,7 @@ class LogPicture final : public QWidget {
 
     const ReviewLog* log_ = nullptr;
     LogData data_;
+    std::vector<DepthMark> notes_;
     DisplayHistory history_{LogDisplay{}};
     std::optional<LogDisplay> tried_;
     LogDisplay drawn_; ///< what is kept or tried, in the colours of the theme

@@ -114,7 +114,7 @@ void ReadingsStrip::paintEvent(QPaintEvent*) {
     const int line = metrics.height() + lineGap;
     const auto all = cells();
     const int perRow = columns(width());
-    const int cellRoom = (width() - margin) / perRow;
+    const int cellRoom = std::min((width() - margin) / perRow, cellWidth() * 4 / 3);
     int y = lineGap;
     for (std::size_t i = 0; i < all.size(); ++i) {
         const Cell& cell = all[i];

@@ -56,6 +56,7 @@ ReviewActions::ReviewActions(ReviewSession& session, Program& program, IntroScre
     fillCompareMenu();
     fillExportMenu();
     screen.reviewPages().setCornerWidget(bar_);
+    screen.reviewPages().setDocumentMode(false); // its line would go through the bar
     picture.whenChanged([this] { showState(); });
     picture.whenPicked([this](const DisplayPlace& place) { edit(place); });
     showState();

@@ -20,14 +20,15 @@ ReviewBar::ReviewBar(std::function<void(double depth)> jump)
     : jump_(std::move(jump)), depth_(lineEdit("txtgotodepth")), scale_(roleLabel("quiet")) {
     setObjectName("reviewbar");
     auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 2, 8, 2);
+    row->setContentsMargins(0, 0, 8, 0);
     row->setSpacing(4);
     scale_->setObjectName("lbshownscale");
     scale_->setMinimumWidth(scale_->fontMetrics().horizontalAdvance("1:100000"));
     depth_->setPlaceholderText("Go to depth");
     depth_->setAccessibleName("Go to depth");
     depth_->setToolTip("A depth of the log, then Enter (Ctrl+G)");
-    depth_->setFixedWidth(130);
+    depth_->setFixedWidth(170);
+    depth_->setStyleSheet("QLineEdit { padding: 1px 6px; min-height: 20px; }"); // no higher than the tabs
     row->addWidget(scale_);
     row->addWidget(depth_);
     connect(depth_, &QLineEdit::returnPressed, this, [this] { go(); });
@@ -52,7 +53,7 @@ QToolButton* ReviewBar::addButton(const char* name, const QString& text, const Q
     button->setText(text);
     button->setAccessibleName(tip);
     button->setToolTip(tip + " (" + keys.toString() + ")");
-    button->setMinimumSize(30, 28);
+    button->setMinimumSize(30, 24);
     layout()->addWidget(button);
     connect(button, &QToolButton::clicked, this, [act] { act(); });
     auto* const shortcut = new QShortcut(keys, this);
@@ -69,7 +70,7 @@ QMenu* ReviewBar::addMenu(const char* name, const QString& title, const QString&
     button->setToolTip(tip);
     button->setPopupMode(QToolButton::InstantPopup);
     button->setStyleSheet("QToolButton::menu-indicator { image: none; }");
-    button->setMinimumHeight(28);
+    button->setMinimumHeight(24);
     button->setMenu(menu);
     layout()->addWidget(button);
     return menu;

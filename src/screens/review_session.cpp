@@ -1,5 +1,6 @@
 #include "screens/review_session.h"
 
+#include "display/annotations.h"
 #include "screens/qt_text.h"
 
 #include <QApplication>
@@ -13,8 +14,8 @@ bool ReviewSession::open(const Path& file) {
     hand(nullptr);
     second_.reset();
     log_ = std::move(log);
-    hand(&*log_);
     file_ = file;
+    hand(&*log_);
     program_.state.runFileName = file.filename().string();
     show();
     return true;
@@ -80,8 +81,14 @@ void ReviewSession::showEquallySpaced() {
 }
 
 void ReviewSession::hand(const ReviewLog* log) {
-    screen_.picture().setLog(log);
+    screen_.picture().setLog(log, log == nullptr ? std::vector<DepthMark>() : notes());
     screen_.values().setLog(log);
+}
+
+/// A run is shown without the notes of its hole when they cannot be read.
+std::vector<DepthMark> ReviewSession::notes() const {
+    return program_.errors.run("Review notes", std::vector<DepthMark>(),
+                               [&](Level&) { return holeAnnotations(program_.files, file_, *log_); });
 }
 
 void ReviewSession::showEmpty() {

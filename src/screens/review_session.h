@@ -39,6 +39,7 @@ class ReviewSession {
     [[nodiscard]] std::optional<ReviewLog> read(const Path& file);
     [[nodiscard]] Progress progress();
     void showEmpty();
+    [[nodiscard]] std::vector<DepthMark> notes() const;
     void hand(const ReviewLog* log);
 
     Program& program_;

@@ -39,6 +39,7 @@ RunList::RunList(const Files& files, std::vector<Path> runs, DesktopMemory& memo
     column->setSpacing(measure::wide);
     column->addWidget(filter_);
     column->addWidget(table_, 1);
+    setFocusProxy(table_);
     connect(&reading_, &QTimer::timeout, this, [this] { readNext(); });
     reading_.start(0);
 }
@@ -53,6 +54,7 @@ void RunList::makeTable() {
     table_->setShowGrid(false);
     table_->setAlternatingRowColors(true);
     table_->setTabKeyNavigation(false);
+    table_->setStyleSheet("QHeaderView::section { padding: 6px 4px; }"); // heads begin where cells begin
     table_->verticalHeader()->hide();
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     const int widths[]{230, 110, 250, 180};

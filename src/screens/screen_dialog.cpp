@@ -4,6 +4,8 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -59,8 +61,32 @@ void ScreenDialog::showEvent(QShowEvent* event) {
     if (!placed_) {
         placed_ = true;
         memory_.restoreGeometry(*this);
+        fitScreen();
     }
     QDialog::showEvent(event);
+}
+
+void ScreenDialog::fitScreen() {
+    constexpr QSize titleBar(0, 32); // of the window system; not known before the window is shown
+    const QSize room = screen()->availableGeometry().size() - titleBar;
+    setMinimumSize(minimumSize().boundedTo(room));
+    const QSize needed = layout()->totalMinimumSize();
+    if (needed.width() > room.width() || needed.height() > room.height()) scrollBody();
+    resize(size().boundedTo(room));
+}
+
+void ScreenDialog::scrollBody() {
+    auto* const column = static_cast<QVBoxLayout*>(layout());
+    column->removeItem(body_);
+    body_->setParent(nullptr);
+    body_->setContentsMargins(0, 0, measure::gap, measure::gap);
+    auto* const content = new QWidget;
+    content->setLayout(body_);
+    auto* const scrolled = new QScrollArea;
+    scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setWidgetResizable(true);
+    scrolled->setWidget(content);
+    column->insertWidget(0, scrolled, 1);
 }
 
 } // namespace tarvik

@@ -1,5 +1,6 @@
 // What all dialogs share: the mandated object name, a body over a row of buttons, Escape that cancels, Enter
-// that does the primary act, and a place on the screen that is remembered.
+// that does the primary act, and a place on the screen that is remembered. On a screen that is too small for
+// it the body scrolls; the buttons stay in reach.
 #pragma once
 
 #include "screens/desktop_memory.h"
@@ -35,6 +36,9 @@ class ScreenDialog : public QDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
+    void fitScreen();
+    void scrollBody();
+
     DesktopMemory& memory_;
     QVBoxLayout* body_;
     QHBoxLayout* buttons_;

@@ -189,6 +189,7 @@ void ScreenOpener::openDiagnostics(const ScreenRequest&) {
 
 /// The playback outlasts whatever opened the screen.
 void ScreenOpener::openDemo(const ScreenRequest&) {
+    demonstration_.show(); // the staged search is over
     const Path folder = projectFolder(program_.frame);
     frmDemo screen(program_.files, folder, anyRunFile(folder), demonstration_.choice(), memory_, &parent_);
     if (screen.exec() != QDialog::Accepted) return;

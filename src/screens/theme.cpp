@@ -105,6 +105,7 @@ QHeaderView::section { background: @ground; color: @quiet; border: none; border-
 QTableView::item, QTreeView::item { padding: 0 8px; }
 QTableView, QTreeView { gridline-color: @ground; alternate-background-color: @ground; }
 QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }
+QAbstractScrollArea::corner { background: transparent; border: none; }
 QFrame[card="true"] { background: @surface; border: 1px solid @line; border-radius: 6px; }
 QLabel[role="title"] { font-size: 14pt; font-weight: 600; }
 QLabel[role="head"] { font-size: 11pt; font-weight: 600; }

@@ -1,9 +1,8 @@
 // The console against the simulated box of both models, on the virtual clock.
 #include "base/number_picture.h"
 #include "lcu/command_history.h"
-#include "lcu/diagnostics_text.h"
+#include "lcu/console_rig.h"
 #include "lcu/known_commands.h"
-#include "lcu/run_rig.h"
 
 #include <cmath>
 
@@ -14,66 +13,6 @@ using namespace tarvik::test;
 using ::testing::Contains;
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-namespace {
-
-struct View final : DiagnosticsView {
-    void statusLine(std::string_view line) override { status.emplace_back(line); }
-    void statusCleared() override { status.clear(); }
-    void dataAppended(std::string_view text) override { data += text; }
-    void changed() override {
-        if (whenChanged) whenChanged();
-    }
-    Lines status;
-    std::string data;
-    std::function<void()> whenChanged;
-};
-
-/// The console on the rig's box; acquisition is stopped after so much time or so many scans.
-struct ConsoleRig : RunRig {
-    explicit ConsoleRig(const RigOptions& box = {}) : RunRig(box) {
-        console.open();
-        serial.whileWaiting([this] {
-            console.tick();
-            if (console.acquiring() && (clock.tickMs() >= stopAt || console.scans() >= stopAfterScans))
-                console.stop();
-            if (whileWaiting) whileWaiting();
-        });
-        lines.take();
-        truth.clear();
-    }
-    void acquire(std::int64_t ms, const std::string& commands = "V") {
-        stopAt = clock.tickMs() + ms;
-        console.send(commands);
-    }
-    /// How often the log has the line.
-    [[nodiscard]] long count(const std::string& line) const { return std::ranges::count(lines.lines, line); }
-
-    Settings settings;
-    View shown;
-    std::int64_t stopAt = 0;
-    long stopAfterScans = 1'000'000;
-    int searches = 0;
-    std::function<void()> whileWaiting;
-    DiagnosticsConsole console{{.errors = errors,
-                                .log = log,
-                                .clock = clock,
-                                .serial = serial,
-                                .link = link,
-                                .lcu = lcu,
-                                .equipment = equipment,
-                                .settings = settings,
-                                .findLcu =
-                                    [this] {
-                                        ++searches;
-                                        search.LCU_Locate(1);
-                                    }},
-                               shown};
-};
-
-constexpr auto bothModels = {lcusim::LcuModel::lcu2Plus, lcusim::LcuModel::lcu4};
-
-} // namespace
 
 TEST(DiagnosticsConsole, EveryKnownCommandGetsItsAnswerOnBothModels) {
     for (const auto model : bothModels) {
@@ -164,149 +103,6 @@ TEST(DiagnosticsConsole, SetDepthAndWinchTest) {
     broken.clock.advanceMs(DiagnosticsConsole::depthEveryMs);
     broken.console.tick();
     EXPECT_EQ(broken.lines.lines.back(), "2Obtaining depth - failed !");
-}
-
-TEST(DiagnosticsConsole, MisbehavingBoxesAreSaidAndSurvived) {
-    struct Case {
-        std::string fault;
-        std::string line; ///< in the log, once at least; empty: none is asked for
-        long least = 20;
-        bool ends = false;
-    };
-    const Case cases[] = {
-        {"silence@5=8000", "2Time-out waiting for LCU data"},
-        {"silence@5=8000", "2Communications lost"},
-        {"silence@5=8000", "1Communications re-established"},
-        {"zero-length@5", "0Too many characters in buffer : exit code 1 Expecting 0 Number chars in"},
-        {"extra-bytes@5=20", "0Too many characters in buffer : exit code 2 Expecting"},
-        {"empty-scan@5", "2Problems deciphering data from LCU"},
-        {"empty-scan@5=6", "2Problems deciphering data from LCU"},
-        {"short-scan@5x3", ""},
-        {"slow-scan@5", ""},
-        {"garbage@5x6=60", ""},
-        {"wrong-channels@5x3", ""},
-        {"power-cut@5", "2Communications lost", 1},
-        {"hang-up@5", "2Communications lost", 1, true},
-    };
-    for (const auto model : bothModels) {
-        for (const Case& c : cases) {
-            SCOPED_TRACE(c.fault + " " + c.line);
-            ConsoleRig rig({.model = model, .faults = {c.fault}});
-            rig.acquire(20'000, "TT50\nV");
-            const auto said = [&](const std::string& line) { return line.starts_with(c.line); };
-            EXPECT_TRUE(std::ranges::any_of(rig.lines.lines, said))
-                << testing::PrintToString(rig.lines.lines);
-            EXPECT_EQ(rig.count("0Data acquisition STOPPED"), 1);
-            EXPECT_EQ(rig.clock.tickMs() < rig.stopAt, c.ends) << "nothing else ends it";
-            // Two scans a second but for the fault: the stream is found again each time.
-            EXPECT_GE(rig.console.scans(), c.least);
-            EXPECT_FALSE(rig.link.busy);
-        }
-    }
-}
-
-TEST(DiagnosticsConsole, StreamsTooFastToPauseAreReadAndFoundAgain) {
-    struct Case {
-        std::string fault;
-        std::string line = {};
-    };
-    const Case cases[] = {{""},
-                          {"short-scan@200"},
-                          {"garbage@200=33"},
-                          {"extra-bytes@200=20", "0Too many characters in buffer : exit code 2 Expecting"},
-                          {"zero-length@200", "0Too many characters in buffer : exit code 1 Expecting 0"},
-                          {"wrong-channels@200x20=2"},
-                          {"empty-scan@200=3", "0Too many characters in buffer : exit code 2 Expecting"}};
-    for (const auto model : bothModels) {
-        for (const Case& c : cases) {
-            SCOPED_TRACE(c.fault);
-            ConsoleRig rig({.model = model, .faults = c.fault.empty() ? Lines{} : Lines{c.fault}});
-            rig.acquire(10'000, "TT2\nV"); // 50 scans a second; the line is busy most of the time
-            EXPECT_GE(rig.console.scans(), c.fault.empty() ? 430 : 350);
-            const auto said = [&](const std::string& line) { return line.starts_with(c.line); };
-            EXPECT_TRUE(std::ranges::any_of(rig.lines.lines, said))
-                << testing::PrintToString(rig.lines.lines);
-            EXPECT_EQ(rig.count("2Time-out waiting for LCU data"), 0);
-            EXPECT_LT(rig.lines.lines.size(), 40U) << "a fast stream must not bury the status list";
-        }
-        ConsoleRig flooded({.model = model});
-        flooded.acquire(10'000, "TT0.2\nV"); // the box has more than the line can carry
-        EXPECT_EQ(flooded.count("0Data acquisition STOPPED"), 1);
-        EXPECT_FALSE(flooded.engine->streaming());
-    }
-}
-
-TEST(DiagnosticsConsole, ScansThatHavePiledUpAreAllReadAndTheOperatorIsServedMeanwhile) {
-    LinkBench<ScriptedPort> bench;
-    bench.link.port = 1;
-    DiagnosticsAcquisition line(bench.serial, bench.log, bench.link);
-    line.start();
-    std::ignore = line.look();
-    std::ignore = line.look();
-    bench.serial.wire.clear();
-    for (int i = 0; i < 400; ++i)
-        bench.serial.put("\x0A"
-                         "123456789");
-    int scans = 0, looks = 0;
-    while (scans < 400 && ++looks < 1000) scans += line.look() == DiagnosticsAcquisition::Look::scan ? 1 : 0;
-    EXPECT_EQ(scans, 400);
-    EXPECT_EQ(bench.lines.lines,
-              Lines{"0Too many characters in buffer : exit code 2 Expecting 10 Number chars in 4000"});
-    EXPECT_GE(std::ranges::count(bench.serial.wire, '<'), 400 / 6) << "sleeping serves the window";
-}
-
-TEST(DiagnosticsConsole, ALineThatWasLostIsSaidToBeBack) {
-    ConsoleRig rig({.faults = {"hang-up@5=2000"}});
-    rig.acquire(20'000, "TT50\nV");
-    EXPECT_EQ(rig.console.statusBits(), "- - - - - - - -");
-    rig.console.send("Q"); // still gone
-    EXPECT_EQ(rig.console.statusBits(), "- - - - - - - -");
-    EXPECT_EQ(rig.lines.lines.back(), "2LCU Status: LCU did not respond to status request");
-    rig.clock.advanceMs(3000);
-    rig.console.comfindLCU();
-    EXPECT_EQ(rig.count("1Communications re-established"), 0) << "a box found is not a stream yet";
-    rig.acquire(5000, "V");
-    EXPECT_GT(rig.console.scans(), 3);
-    EXPECT_EQ(rig.count("2Communications lost"), 1);
-    EXPECT_EQ(rig.count("1Communications re-established"), 1);
-}
-
-TEST(DiagnosticsConsole, AnswersGoneWrong) {
-    struct Case {
-        std::string fault;
-        Lines lines; ///< of a status request, without its own
-        std::string bits = "1 0 0 0 0 0 0 1";
-    };
-    const Lines again{"0LCU Status: LCU did not respond to status request",
-                      "2STATUS : Trying a second time for LCU status"};
-    Lines halfBefore = again, never = again;
-    halfBefore.emplace_back("0Buffer returned 1 characters");
-    never.emplace_back("2LCU Status: LCU did not respond to status request");
-    const std::string none = "- - - - - - - -";
-    const Case cases[] = {
-        {"no-reply@c5", again},
-        {"no-reply@c5x2", never, none},
-        {"short-reply@c5", halfBefore},
-        {"late-reply@c5=350", again},
-        {"wrong-echo@c5", {}},
-        {"long-reply@c5=9", {}},
-        {"silence@c5=9000", never, none},
-        {"status-bits@c5=2",
-         {"2LCU Status error - value 133", "2....Error - LCU receiver has timed out"},
-         "1 0 0 0 0 1 0 1"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.fault);
-        ConsoleRig rig({.faults = {c.fault}});
-        rig.console.send("Q");
-        const Lines all = rig.lines.take();
-        EXPECT_EQ(all.front(), "0Sent status command");
-        EXPECT_EQ(Lines(all.begin() + 1, all.end()), c.lines);
-        EXPECT_EQ(rig.console.statusBits(), c.bits);
-        rig.clock.advanceMs(10'000);
-        rig.console.send("Q");
-        EXPECT_EQ(rig.console.statusBits(), "1 0 0 0 0 0 0 1") << "the next exchange is clean";
-    }
 }
 
 TEST(DiagnosticsConsole, OrdersDuringAnExchangeWaitAndAreServedInTheStream) {

@@ -20,8 +20,8 @@ SHOTS = [
 
 class LiveTruck(Truck):
     def __init__(self, options, home, tool, sampling, speed, theme):
-        self.tool, self.speed = tool, speed
-        super().__init__(options, home)
+        self.tool = tool
+        super().__init__(options, home, speed)
         self.run_file = self.run_file.with_name(f"DH-104_{tool}_01.kvx")
         self.tarvik("equipment", "add-tool", tool, "2041")
         self.tarvik("equipment", "add-winch", "W240", "117")

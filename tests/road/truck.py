@@ -75,8 +75,8 @@ class Screen:
 
 
 class Truck:
-    def __init__(self, options, home):
-        self.options, self.home, self.line = options, home, home / "lcu"
+    def __init__(self, options, home, speed=12):
+        self.options, self.home, self.speed, self.line = options, home, speed, home / "lcu"
         self.run_file = home / "C" / "Brenna Projects" / "Northern Ranges" / "DH-104_K240_01.kvx"
         self.plug_in()
 
@@ -88,7 +88,7 @@ class Truck:
 
     def plug_in(self, *options):
         self.box = subprocess.Popen([self.options.bin / "lcusim", "--model", "LCU4", "--tool", "K240", "--tools",
-                                     self.options.tools, "--link", self.line, "--speed", "12",
+                                     self.options.tools, "--link", self.line, "--speed", str(self.speed),
                                      "--baud", "115200", *(options or ("--depth", "10"))], stdout=subprocess.DEVNULL)
         wait_for(self.line.exists, "the simulated box did not make its line")
 

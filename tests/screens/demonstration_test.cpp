@@ -119,6 +119,19 @@ TEST(DemonstrationTest, ClosingTheWindowEndsItAndTheProgramWithoutAQuestion) {
     EXPECT_LT(cinema.played(), 60U);
 }
 
+TEST(DemonstrationTest, TheWindowLivesAlthoughNoPortIsOpen) {
+    Cinema cinema;
+    cinema.enter();
+    cinema.serial.whileWaiting({}); // as a real port that is closed
+    int served = 0;
+    QTimer events;
+    QObject::connect(&events, &QTimer::timeout, [&] { ++served; });
+    events.start(0);
+    cinema.desktop->demonstration().start();
+    EXPECT_GE(cinema.played(), 60U);
+    EXPECT_GT(served, 60);
+}
+
 TEST(DemonstrationTest, AfterItTheOperatorLogsAsEver) {
     Cinema cinema;
     cinema.enter();
@@ -128,6 +141,15 @@ TEST(DemonstrationTest, AfterItTheOperatorLogsAsEver) {
     EXPECT_TRUE(cinema.p().link.open());
     EXPECT_TRUE(control<QPushButton>(cinema.screen(), "comstartlogging").isEnabled());
     EXPECT_FALSE(cinema.screen().side().demo().isVisibleTo(&cinema.screen()));
+}
+
+TEST(InstrumentPanelTest, DigitsFollowTheirUnit) {
+    InstrumentPanel panel;
+    panel.showDepth(30.48);
+    panel.showSpeed(3.048);
+    panel.setUnits(DepthUnits::feet); // as the settings say it now
+    EXPECT_EQ(control<QLabel>(panel, "lbdepth").text(), "100.00");
+    EXPECT_EQ(control<QLabel>(panel, "lbspeed").text(), "10.0");
 }
 
 TEST(FrmDemoTest, OneChoosesARunAndAPace) {

@@ -2,6 +2,10 @@
 #include "screens/field.h"
 #include "screens/screen_dialog.h"
 
+#include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
 namespace tarvik::test {
 
 TEST(Form, AFieldSaysWhatIsWrongAndTheFirstWrongOneGetsTheCursor) {
@@ -42,6 +46,31 @@ TEST(Form, TheWholeProgramRunsOnASimulatedBox) {
     desk.program.modes.Utilities_setprogrammode("ACQUIRE");
     EXPECT_EQ(desk.program.link.model, "LCU4");
     EXPECT_EQ(desk.operatorSide.shown, std::vector<std::string>{"!Tarvik: You must select a project"});
+}
+
+/// As large as any dialog gets, and twice that.
+struct LargeDialog final : ScreenDialog {
+    LargeDialog(DesktopMemory& memory, QSize content) : ScreenDialog("large", "Large", memory) {
+        auto* const field = new QWidget;
+        field->setMinimumSize(content);
+        body()->addWidget(field);
+        addPrimaryButton("comdo", "Do it");
+        setMinimumSize(content);
+    }
+};
+
+TEST(ScreenDialogTest, ABodyThatTheScreenCannotHoldScrollsAndTheButtonsStayInReach) {
+    MemorySettingsStore store;
+    DesktopMemory memory(store);
+    const QSize room = QGuiApplication::primaryScreen()->availableGeometry().size();
+    for (const bool tooLarge : {false, true}) {
+        LargeDialog dialog(memory, tooLarge ? room * 2 : room / 2);
+        dialog.show();
+        EXPECT_TRUE(QRect(QPoint(), room).contains(QRect(QPoint(), dialog.size())));
+        EXPECT_EQ(dialog.findChild<QScrollArea*>() != nullptr, tooLarge);
+        const auto& button = control<QPushButton>(dialog, "comdo");
+        EXPECT_TRUE(dialog.rect().contains(QRect(button.mapTo(&dialog, QPoint()), button.size())));
+    }
 }
 
 } // namespace tarvik::test

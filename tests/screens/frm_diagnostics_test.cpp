@@ -70,6 +70,18 @@ TEST(FrmDiagnostics, CommandsDepthWinchTestAndClearing) {
     EXPECT_FALSE(desk.program.link.diagnosticsOpen);
 }
 
+TEST(FrmDiagnostics, FitsASmallDisplayAndTakesKnownCommandsByKeyboard) {
+    DiagnosticsDesk desk;
+    EXPECT_LE(desk.screen.minimumSizeHint().width(), 853);
+    EXPECT_LE(desk.screen.minimumSizeHint().height(), 480);
+    auto& known = control<QTableWidget>(desk.screen, "tblcommands");
+    control<QTabWidget>(desk.screen, "tabs").setCurrentIndex(3);
+    known.setCurrentCell(2, 0);
+    QTest::keyClick(&known, Qt::Key_Return);
+    EXPECT_EQ(control<QLineEdit>(desk.screen, "txtcommand").text(), "V");
+    EXPECT_FALSE(desk.engine.streaming()) << "the command waits to be sent";
+}
+
 TEST(FrmDiagnostics, AStreamIsShownSavedAndStoppedByTheButtonOrByClosing) {
     DiagnosticsDesk desk;
     control<QCheckBox>(desk.screen, "chkrawbytes").setChecked(true);
