@@ -1,0 +1,79 @@
+#!/usr/bin/env python3
+"""Pictures of runs while they are logged: the plot, the plan view of a deviated hole, the gauges of a fluid sampler.
+
+Usage: live_pictures.py --bin DIR --tools DIR --pictures DIR
+"""
+import argparse
+import pathlib
+import subprocess
+import tempfile
+
+from truck import SETTINGS, Screen, Truck, check, wait_for
+
+# name, tool, sampling, speed in metres a minute, size of the screen, theme, bytes of scans to wait for
+SHOTS = [
+    ("live-resistivity-night", "K240", "DEPTH", "60", "1920x1080", "dark", 30_000),
+    ("live-deviation", "K417", "DEPTH", "60", "1280x800", "light", 40_000),
+    ("live-gauges", "K306", "TIME", "6", "1280x800", "light", 1_000),
+]
+
+
+class LiveTruck(Truck):
+    def __init__(self, options, home, tool, sampling, speed, theme):
+        self.tool = tool
+        super().__init__(options, home, speed)
+        self.run_file = self.run_file.with_name(f"DH-104_{tool}_01.kvx")
+        self.tarvik("equipment", "add-tool", tool, "2041")
+        self.tarvik("equipment", "add-winch", "W240", "117")
+        settings = SETTINGS.replace("K240", tool).replace("DEPTH", sampling)
+        if sampling == "TIME":
+            settings = settings.replace('SamplingInterval="5"', 'SamplingInterval="0.5"')
+        (home / "settings.ini").write_text(settings + f'[Desktop]\nTheme="{theme}"\n')
+
+    def plug_in(self):
+        self.box = subprocess.Popen([self.options.bin / "lcusim", "--model", "LCU4", "--tool", self.tool, "--tools",
+                                     self.options.tools, "--link", self.line, "--speed", self.speed, "--depth", "10",
+                                     "--baud", "115200"], stdout=subprocess.DEVNULL)
+        wait_for(self.line.exists, "the simulated box did not make its line")
+
+
+def shoot(options, folder, shot):
+    name, tool, sampling, speed, size, theme, scan_bytes = shot
+    truck = LiveTruck(options, folder, tool, sampling, speed, theme)
+    screen = Screen(folder, size)
+    program = subprocess.Popen([options.bin / "tarvik", "--home", folder, "--com1", truck.line, "--lcucomms", "1"],
+                               env=screen.environment)
+    try:
+        screen.wait_for_window("Tarvik")
+        screen.key("F7")
+        screen.wait_for_window("Equipment of the next run")
+        screen.key("Return")
+        screen.wait_for_window("Tarvik")
+        screen.key("F9")
+        wait_for(truck.bytes_on_file, "the run does not start")
+        header = truck.bytes_on_file()
+        wait_for(lambda: truck.bytes_on_file() >= header + scan_bytes, "too few scans come to the run file", 120)
+        screen.picture(options.pictures, name)
+        screen.key("F10")
+        wait_for(lambda: "Logging run finished" in truck.log_text(), "the run does not end", 60)
+        check("Buffer overflow" not in truck.log_text(), "scans were lost")
+    finally:
+        program.kill()
+        truck.box.kill()
+        screen.close()
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--bin", type=pathlib.Path, required=True)
+    parser.add_argument("--tools", type=pathlib.Path, required=True)
+    parser.add_argument("--pictures", type=pathlib.Path, required=True)
+    options = parser.parse_args()
+    for shot in SHOTS:
+        with tempfile.TemporaryDirectory() as folder:
+            shoot(options, pathlib.Path(folder), shot)
+        print(shot[0])
+
+
+if __name__ == "__main__":
+    main()
