@@ -70,12 +70,14 @@ float bareMinMax(const LargeLog& large, std::size_t steps) {
     return sum;
 }
 
-/// Argument: the part of the log that is shown, as 1/n.
+/// Arguments: the part of the log that is shown, as 1/n, and the pixel ratio of the screen.
 void fullRedraw(benchmark::State& state) {
     LargeLog large;
     const double part = 1 / static_cast<double>(state.range(0));
     large.show(part);
-    QImage image(width, height, QImage::Format_RGB32);
+    const auto ratio = static_cast<int>(state.range(1)); // pixels to a unit of the screen, each way
+    QImage image(width * ratio, height * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
     LogPainter painter;
     const auto draw = [&] {
         QPainter on(&image);
@@ -86,12 +88,8 @@ void fullRedraw(benchmark::State& state) {
     race(state, draw, [&] { benchmark::DoNotOptimize(bareMinMax(large, steps)); });
 }
 BENCHMARK(fullRedraw)
-    ->ArgName("1/part")
-    ->Arg(1)
-    ->Arg(4)
-    ->Arg(16)
-    ->Arg(40)
-    ->Arg(160)
+    ->ArgNames({"1/part", "ratio"})
+    ->ArgsProduct({{1, 4, 16, 40, 160}, {1, 2}})
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 

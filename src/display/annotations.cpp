@@ -47,6 +47,7 @@ std::optional<DepthUnits> takeUnit(std::string_view& rest) {
 }
 
 std::optional<DepthMark> annotationIn(std::string_view line, DepthUnits units) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
     line = trimmed(line);
     const bool at = line.starts_with('@');
     if (at) line = trimmed(line.substr(1));

@@ -35,9 +35,10 @@ std::string intervalText(const ReviewLog& log) {
            unitLetter(log.header.setup.units);
 }
 
-/// A LAS file says nothing of how a log was sampled, of its tool or its winch: blank fields for them would
+/// A LAS file says nothing of calibrations, sampling, tool or winch: blank fields for them would
 /// look like an omission, default ones would be invented.
 void keepWhatLasSays(LogHeading& heading, const ReviewLog& log) {
+    heading.calibrations.clear();
     std::erase_if(heading.fields, [](const HeadingField& field) {
         return field.value.empty() || field.label == "Direction" || field.label == "Sampling";
     });

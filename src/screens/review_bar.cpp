@@ -27,7 +27,8 @@ ReviewBar::ReviewBar(std::function<void(double depth)> jump)
     depth_->setPlaceholderText("Go to depth");
     depth_->setAccessibleName("Go to depth");
     depth_->setToolTip("A depth of the log, then Enter (Ctrl+G)");
-    depth_->setFixedWidth(170);
+    depth_->setMinimumWidth(90);
+    depth_->setMaximumWidth(170);
     depth_->setStyleSheet("QLineEdit { padding: 1px 6px; min-height: 20px; }"); // no higher than the tabs
     row->addWidget(scale_);
     row->addWidget(depth_);

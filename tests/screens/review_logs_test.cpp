@@ -1,0 +1,306 @@
+// The logs under review: moved by the pointer, edited, compared, printed, as an operator does it.
+#include "screens/desk.h"
+#include "screens/frm_print.h"
+#include "screens/frm_track.h"
+#include "screens/intro_screen.h"
+#include "screens/readings_strip.h"
+#include "screens/review_log.h"
+#include "screens/review_session.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+#include <QTabWidget>
+#include <QTest>
+
+namespace tarvik::test {
+
+namespace {
+
+ReviewLog longRun() {
+    ReviewLog log = gammaRun();
+    log.depth.clear();
+    for (int i = 0; i < 2000; ++i) log.depth.push_back(i * 0.05);
+    log.time.clear();
+    log.current.values.clear();
+    for (ReviewChannel& channel : log.channels) channel.values.assign(log.steps(), 20);
+    return log;
+}
+
+struct Light {
+    explicit Light(ReviewLog run = longRun()) : log(std::move(run)) {
+        picture.resize(800, 600);
+        picture.setLog(&log);
+        picture.show();
+    }
+    ReviewLog log;
+    LogPicture picture;
+};
+
+void drag(QWidget& widget, Qt::KeyboardModifiers keys, int from, int to) {
+    QTest::mousePress(&widget, Qt::LeftButton, keys, {200, from});
+    QTest::mouseMove(&widget, {200, to});
+    QTest::mouseRelease(&widget, Qt::LeftButton, keys, {200, to});
+}
+
+/// The review of the main screen with a LAS file open.
+struct ReviewDesk : Desk {
+    ReviewDesk() {
+        std::string las =
+            "~Version\r\n VERS.   2.0 : \r\n WRAP.   NO : \r\n~Well\r\n STRT.M 0 : \r\n STOP.M 99 : "
+            "\r\n STEP.M 1 : \r\n NULL.  -999.25 : \r\n WELL. DH-7 : WELL\r\n~Curve\r\n DEPT.M : \r\n "
+            "GR.API : \r\n~A\r\n";
+        for (int i = 0; i < 100; ++i) las += std::to_string(i) + " " + std::to_string(i % 7) + "\r\n";
+        program.files.replace(home / "a.las", asBytes(las));
+        session.actions().setFileDialogs({[this](QWidget*, const QString&, const QString&) {
+                                              return QString::fromStdString(file.string());
+                                          },
+                                          [this](QWidget*, const QString&, const QString&) {
+                                              return QString::fromStdString(file.string());
+                                          },
+                                          [](QPrinter&, QWidget*) { return false; }});
+        EXPECT_TRUE(session.open(home / "a.las"));
+        screen.resize(1280, 800);
+        screen.show();
+    }
+    QAction& entry(const char* menu, const QString& text) {
+        QMenu& found = control<QMenu>(screen, menu);
+        emit found.aboutToShow();
+        for (QAction* const action : found.actions()) {
+            if (action->text().remove('&').startsWith(text)) return *action;
+        }
+        throw std::runtime_error("no entry " + text.toStdString());
+    }
+
+    Path file;
+    IntroScreen screen{{}, program.files};
+    LinkGate gate{program.link, program.state};
+    ReviewSession session{program, screen, gate, memory};
+};
+
+} // namespace
+
+TEST(LogPictureTest, PointerAndKeysMoveZoomAndRead) {
+    Light on;
+    const double metresPerUnit = on.picture.scale() / 1000 / (on.picture.logicalDpiY() / millimetresPerInch);
+    on.picture.jumpTo(50);
+    const double top = on.picture.visible().from;
+    drag(on.picture, Qt::NoModifier, 400, 300);
+    EXPECT_NEAR(on.picture.visible().from, top + 100 * metresPerUnit, metresPerUnit);
+    const Extent before = on.picture.visible();
+    drag(on.picture, Qt::ShiftModifier, 300, 400);
+    const Extent after = on.picture.visible();
+    EXPECT_NEAR(after.to - after.from, 100 * metresPerUnit, 2 * metresPerUnit);
+    EXPECT_GT(after.from, before.from);
+    QTest::keyClick(&on.picture, Qt::Key_End);
+    EXPECT_NEAR(on.picture.visible().to, 99.95, 0.01);
+    QTest::mouseMove(&on.picture, {200, 450});
+    EXPECT_TRUE(control<ReadingsStrip>(on.picture, "lbreadings").texts().contains("GAMMA 20.00 counts"));
+}
+
+TEST(LogPictureTest, EveryOfTwentyCurvesHasItsPlaceInTheReadings) {
+    ReviewLog log = longRun();
+    for (int i = 2; i < 21; ++i) {
+        log.channels.push_back(log.channels[1]);
+        log.channels.back().name = "A channel with a long name " + std::to_string(i);
+    }
+    Light on(std::move(log));
+    auto& strip = control<ReadingsStrip>(on.picture, "lbreadings");
+    EXPECT_EQ(strip.texts().size(), 21);
+    EXPECT_EQ(strip.height(), strip.heightFor(strip.width()));
+    EXPECT_EQ(strip.geometry().bottom(), on.picture.rect().bottom());
+    EXPECT_GT(strip.heightFor(500), strip.heightFor(1900));
+}
+
+TEST(LogPictureTest, ChangesAreTriedKeptUndoneAndRedone) {
+    Light on;
+    LogDisplay changed = on.picture.display();
+    changed.tracks[0].divisions = 4;
+    on.picture.preview(changed);
+    EXPECT_FALSE(on.picture.canUndo());
+    on.picture.preview(std::nullopt);
+    on.picture.change(changed);
+    on.picture.undo();
+    EXPECT_EQ(on.picture.display().tracks[0].divisions, 10);
+    on.picture.redo();
+    EXPECT_EQ(on.picture.display().tracks[0].divisions, 4);
+}
+
+TEST(frmCurve, TriesWhatIsRightSaysWhatIsWrongAndKeepsTheScale) {
+    Desk desk;
+    Light on;
+    int tried = 0;
+    std::optional<LogDisplay> last;
+    LogCurve kept;
+    const DisplayEditModules modules{desk.memory,
+                                     [&](std::optional<LogDisplay> display) {
+                                         ++tried;
+                                         last = std::move(display);
+                                     },
+                                     [&](const LogCurve& curve) {
+                                         kept = curve;
+                                         return true;
+                                     }};
+    frmCurve screen(on.picture.display(), 0, 0, modules);
+    control<QLineEdit>(screen, "txtleft").setText("10");
+    ASSERT_TRUE(last);
+    EXPECT_EQ(last->tracks[0].curves[0].scale.left, 10);
+    const int before = tried;
+    control<QLineEdit>(screen, "txtright").setText("10");
+    click(screen, "comapply");
+    EXPECT_EQ(tried, before);
+    EXPECT_NE(screen.result(), QDialog::Accepted);
+    control<QLineEdit>(screen, "txtright").setText("300");
+    click(screen, "comreverse");
+    click(screen, "optlogarithmic");
+    control<QComboBox>(screen, "lbfill").setCurrentIndex(1);
+    control<QComboBox>(screen, "lbfilter").setCurrentText("7");
+    control<QCheckBox>(screen, "optkeepscale").setChecked(true);
+    click(screen, "comapply");
+    ASSERT_EQ(screen.result(), QDialog::Accepted);
+    const LogCurve& curve = screen.display().tracks[0].curves[0];
+    EXPECT_EQ(curve.scale, (CurveScale{ScaleKind::logarithmic, 300, 10}));
+    EXPECT_EQ(curve.style.fill, FillKind::left);
+    EXPECT_EQ(curve.filter, "7");
+    EXPECT_EQ(kept, curve);
+}
+
+TEST(frmTrack, AddsMovesAndRemovesCurvesAndTracks) {
+    Desk desk;
+    Light on;
+    const LogData data = logDataOf(on.log);
+    const DisplayEditModules modules{desk.memory, [](const std::optional<LogDisplay>&) {}, {}};
+    frmTrack screen(on.picture.display(), 0, data, on.picture.usualDisplay(), modules);
+    const std::size_t tracks = screen.display().tracks.size();
+    click(screen, "comaddtrack");
+    control<QComboBox>(screen, "lbchannels").setCurrentText("Speed");
+    click(screen, "comaddcurve");
+    EXPECT_EQ(control<QListWidget>(screen, "lbcurves").count(), 1);
+    click(screen, "optgridlogarithmic");
+    control<QLineEdit>(screen, "txttrackwidth").setText("4");
+    EXPECT_EQ(screen.display().tracks[1].width, 60);
+    control<QLineEdit>(screen, "txttrackwidth").setText("30");
+    control<QComboBox>(screen, "lbdepthplace").setCurrentIndex(0);
+    click(screen, "comapply");
+    ASSERT_EQ(screen.result(), QDialog::Accepted);
+    EXPECT_EQ(screen.display().tracks.size(), tracks + 1);
+    EXPECT_EQ(screen.display().tracks[1].grid, ScaleKind::logarithmic);
+    EXPECT_EQ(screen.display().tracks[1].width, 30);
+    EXPECT_EQ(screen.display().depthPlace, 0U);
+    click(screen, "comremovetrack");
+    EXPECT_EQ(screen.display().tracks.size(), tracks);
+}
+
+TEST(frmPrint, PaintsPagesForAPrinterAndWritesAPdfOfTheInterval) {
+    Desk desk;
+    Light on;
+    Path chosen = desk.home / "out";
+    const Path spool = desk.home / "spool.pdf";
+    frmPrint screen(
+        {on.log, desk.home / "H1.kvx", on.picture.display(), 200, false, {20, 30}},
+        {desk.operatorSide, desk.memory,
+         [&](QPrinter& printer, QWidget*) {
+             printer.setOutputFormat(QPrinter::PdfFormat);
+             printer.setOutputFileName(QString::fromStdString(spool.string()));
+             return true;
+         },
+         [&](QWidget*, const QString&, const QString&) { return QString::fromStdString(chosen.string()); }});
+    screen.show();
+    auto& summary = control<QLabel>(screen, "lbprintsummary");
+    EXPECT_EQ(summary.text(), "3 pages A4, 0.50 m of log");
+    EXPECT_EQ(control<QPrintPreviewWidget>(screen, "printpreview").pageCount(), 3);
+    control<QComboBox>(screen, "lbprintscale").setCurrentText("1:");
+    click(screen, "comsavepdf");
+    EXPECT_FALSE(desk.program.files.exists(desk.home / "out.pdf"));
+    control<QComboBox>(screen, "lbprintscale").setCurrentText("1:50");
+    click(screen, "optvisible");
+    click(screen, "optlandscape");
+    EXPECT_TRUE(summary.text().endsWith("A4, 0.20 m of log")) << summary.text().toStdString();
+    click(screen, "comsavepdf");
+    EXPECT_TRUE(desk.program.files.exists(desk.home / "out.pdf"));
+    chosen = desk.home / "no" / "out.pdf";
+    click(screen, "comsavepdf");
+    ASSERT_EQ(desk.operatorSide.shown.size(), 1U);
+    EXPECT_NE(desk.operatorSide.shown[0].find("is there such a folder"), std::string::npos);
+    click(screen, "comprint");
+    const Bytes printed = desk.program.files.read(spool);
+    const std::string text(asText(printed));
+    EXPECT_NE(text.find("/MediaBox [0 0 842"), std::string::npos);
+    EXPECT_EQ(desk.memory.text("Print"), "A4 landscape pages heading");
+}
+
+TEST(ReviewActionsTest, TemplatesAreSavedLoadedAndABadOneIsSaid) {
+    ReviewDesk desk;
+    LogPicture& picture = desk.screen.picture();
+    LogDisplay changed = picture.display();
+    changed.tracks[0].divisions = 7;
+    picture.change(changed);
+    desk.file = desk.home / "seven.display";
+    desk.entry("menudisplay", "Save as template").trigger();
+    desk.entry("menudisplay", "Usual display").trigger();
+    EXPECT_EQ(picture.display().tracks[0].divisions, 10);
+    desk.entry("menudisplay", "seven").trigger(); // one of the recent ones
+    EXPECT_EQ(picture.display().tracks[0].divisions, 7);
+    click(desk.screen, "comundo");
+    EXPECT_EQ(picture.display().tracks[0].divisions, 10);
+    desk.file = desk.home / "bad.display";
+    desk.program.files.replace(desk.file, asBytes("[track]\nwidth = x\n"));
+    desk.entry("menudisplay", "Load template").trigger();
+    ASSERT_FALSE(desk.operatorSide.shown.empty());
+    EXPECT_NE(desk.operatorSide.shown.back().find("bad.display, line 2: width = x"), std::string::npos);
+    EXPECT_EQ(picture.display().tracks[0].divisions, 10);
+}
+
+TEST(ReviewActionsTest, GoesToADepthAndExportsWhatIsSeen) {
+    ReviewDesk desk;
+    auto& depth = control<QLineEdit>(desk.screen, "txtgotodepth");
+    depth.setText("60");
+    QTest::keyClick(&depth, Qt::Key_Return);
+    const Extent seen = desk.screen.picture().visible();
+    EXPECT_LT(seen.from, 60);
+    EXPECT_GT(seen.to, 60);
+    depth.setText("deep");
+    QTest::keyClick(&depth, Qt::Key_Return);
+    EXPECT_TRUE(depth.property("wrong").toBool());
+    double start = 0;
+    whenModal([&](QWidget& modal) {
+        start = control<QLineEdit>(modal, "txtstart").text().toDouble();
+        modal.close();
+    });
+    desk.entry("menuexport", "Visible interval as LAS").trigger();
+    EXPECT_NEAR(start, seen.from, 0.006);
+    desk.file = desk.home / "seen.svg";
+    desk.entry("menuexport", "Visible interval as picture").trigger();
+    EXPECT_TRUE(desk.program.files.exists(desk.file));
+    std::string printed;
+    whenModal([&](QWidget& modal) {
+        printed = modal.objectName().toStdString();
+        modal.close();
+    });
+    desk.entry("menuexport", "Print").trigger();
+    EXPECT_EQ(printed, "frmPrint");
+}
+
+TEST(ReviewActionsTest, ASecondRunIsReadBesideTheFirstAndForgotten) {
+    ReviewDesk desk;
+    ASSERT_TRUE(desk.session.openSecond(desk.home / "a.las"));
+    LogPicture& picture = desk.screen.picture();
+    for (const Comparison how : {Comparison::over, Comparison::beside}) {
+        picture.compareWith(desk.session.second(), how);
+        picture.jumpTo(50);
+        picture.grab();
+        EXPECT_TRUE(control<ReadingsStrip>(picture, "lbreadings").texts().contains("GR 1.000 | 1.000 API"));
+    }
+    desk.entry("menucompare", "This run alone").trigger();
+    EXPECT_EQ(desk.session.second(), nullptr);
+    picture.jumpTo(50);
+    EXPECT_TRUE(control<ReadingsStrip>(picture, "lbreadings").texts().contains("GR 1.000 API"));
+    EXPECT_FALSE(desk.session.openSecond(desk.home / "none.las"));
+    desk.session.close();
+}
+
+} // namespace tarvik::test
