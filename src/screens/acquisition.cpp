@@ -105,6 +105,7 @@ void Acquisition::runNow() {
     if (!ordered) return;
     Program& p = program_;
     screen_.side().instrument().clear();
+    screen_.notices().clear(); // those of the run before
     view_ = std::make_unique<ScreenRunView>(screen_, p.clock, parts_);
     modules_.reset(new RunModules{p.errors, p.errorLog, p.log, p.frame.operatorSide, *view_, p.state, p.clock,
                                   p.files, p.serial, p.link, p.port, p.lcu, p.equipment, p.runReader,

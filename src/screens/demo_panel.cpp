@@ -2,6 +2,7 @@
 
 #include "screens/field.h"
 #include "screens/pace_words.h"
+#include "screens/stop_key.h"
 #include "screens/styles.h"
 
 #include <QComboBox>
@@ -37,6 +38,7 @@ DemoPanel::DemoPanel(DemoPanelActions actions)
     position_->setAccessibleName("Scans played");
     start_->setProperty("primary", true);
     start_->setShortcut(Qt::Key_F9);
+    pressFromAnywhere(*stop_, Qt::Key_F10);
     connect(start_, &QPushButton::clicked, this, [this] { actions_.start(); });
     connect(pause_, &QPushButton::clicked, this, [this] { actions_.pauseOrGoOn(); });
     connect(stop_, &QPushButton::clicked, this, [this] { actions_.stop(); });
@@ -102,7 +104,6 @@ void DemoPanel::setState(State state) {
     pause_->setShortcut(Qt::Key_F11); // setting the text takes it away
     stop_->setEnabled(state == State::playing || state == State::paused);
     stop_->setText(state == State::stopping ? "Stopping\u2026" : "S&top");
-    stop_->setShortcut(Qt::Key_F10);
 }
 
 } // namespace tarvik

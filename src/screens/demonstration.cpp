@@ -75,6 +75,7 @@ void Demonstration::playNow() {
     if (running() || choice_.file.empty() || program_.state.mode != programMode::demo) return;
     Program& p = program_;
     screen_.side().instrument().clear();
+    screen_.notices().clear();
     view_ = std::make_unique<ScreenRunView>(screen_, p.clock, demoParts());
     playback_ = std::make_unique<RunPlayback>(PlaybackModules{p.errors, p.log, p.frame.operatorSide, *view_,
                                                               p.state, p.link, p.clock, p.files, p.runReader,

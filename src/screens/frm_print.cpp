@@ -1,5 +1,6 @@
 #include "screens/frm_print.h"
 
+#include "app/start_up.h"
 #include "base/failure.h"
 #include "base/number_picture.h"
 #include "base/text.h"
@@ -26,10 +27,19 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tarvik {
 
 namespace {
+
+/// Paper is read with a ruler: whatever the window shows, print begins at a usual scale.
+std::string_view nearestLogScale(double scale) {
+    const auto farness = [scale](std::string_view text) {
+        return std::abs(std::log(scale / scaleFromText(text).value_or(1)));
+    };
+    return *std::ranges::min_element(logScales, {}, farness);
+}
 
 constexpr const char* memoryName = "Print";
 constexpr std::size_t mostPreviewed = 60; // every page of a preview is kept in memory
@@ -110,10 +120,8 @@ void frmPrint::buildDepths(QVBoxLayout& column) {
     scale_->setObjectName("lbprintscale");
     scale_->setEditable(true);
     scale_->setInsertPolicy(QComboBox::NoInsert);
-    for (const int scale : {1, 2, 5, 10, 20, 50, 100, 200, 500, 1000}) {
-        scale_->addItem("1:" + QString::number(scale));
-    }
-    scale_->setCurrentText("1:" + qt(shortestNumber(toHundredths(subject_.scale))));
+    for (const std::string_view scale : logScales) scale_->addItem(qt(scale));
+    scale_->setCurrentText(qt(nearestLogScale(subject_.scale)));
     auto* const scale = new Field("&Scale", scale_);
     scale->setCheck([this] {
         return scaleFromText(plain(scale_->currentText())) ? QString() : QString("1:N, such as 1:200.");

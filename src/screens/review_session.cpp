@@ -11,6 +11,7 @@ bool ReviewSession::open(const Path& file) {
     auto log = read(file);
     screen_.status().showText("Data review mode");
     if (!log) return false;
+    screen_.notices().clear(); // of the run that was logged before
     hand(nullptr);
     second_.reset();
     log_ = std::move(log);

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "screens/qt_text.h"
+#include "screens/stop_key.h"
 #include "screens/styles.h"
 
 #include <QCheckBox>
@@ -57,6 +58,7 @@ RunPanel::RunPanel(RunPanelActions actions)
     record_->setObjectName("chkrecord");
     start_->setProperty("primary", true);
     start_->setShortcut(Qt::Key_F9);
+    pressFromAnywhere(*stop_, Qt::Key_F10);
     start_->setMinimumHeight(36);
     stop_->setMinimumHeight(36);
     connect(record_, &QCheckBox::toggled, this,
@@ -162,7 +164,6 @@ void RunPanel::setState(State state) {
     start_->setEnabled(state == State::ready);
     stop_->setEnabled(state == State::running);
     stop_->setText(state == State::stopping ? "Stopping\u2026" : "St&op");
-    stop_->setShortcut(state == State::running ? QKeySequence(Qt::Key_F10) : QKeySequence());
     setDepth_->setEnabled(state == State::ready);
     equipment_->setEnabled(idle);
     for (QLineEdit* const edit : {top_, bottom_, endDistance_, depthToSet_}) edit->setEnabled(idle);

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMessageBox>
+#include <QTest>
 
 namespace tarvik::test {
 
@@ -32,6 +33,21 @@ TEST(DesktopTest, ARunFromTheMainScreenIsOnFileAndTheToolIsPoweredDown) {
     const auto review = truck.p().runReader.Tarvikfileopen(truck.runFile("DH-1_K215_01.kvx"));
     ASSERT_TRUE(review);
     EXPECT_GE(review->steps(), 20U);
+}
+
+TEST(DesktopTest, TheStopKeyWorksInAnyWindow) {
+    Truck truck;
+    truck.acquire();
+    truck.screen().show();
+    QWidget report; // such as that of an error
+    truck.log([&] {
+        if (truck.kept() >= 50) truck.desktop->acquisition().stop();
+        if (truck.kept() < 5 || report.isVisible()) return;
+        report.show();
+        report.activateWindow();
+        QTest::keyClick(&report, Qt::Key_F10);
+    });
+    EXPECT_LT(truck.kept(), 50);
 }
 
 TEST(DesktopTest, TheButtonOfTheDeviationToolGoesThroughItsDisplaysDuringTheRun) {
