@@ -5,6 +5,8 @@
 #include "equipment/calibration_record.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <span>
 
@@ -20,13 +22,20 @@ float valueAt(const Calibration& calibration, float reading) {
     return evaluateCalibration(calibration.order, calibration.coefficients, reading);
 }
 
+/// What is worked out carries no more digits than can be read at a glance.
+std::string inDigits(double value, int digits) {
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.begin(), text.end(), value, std::chars_format::general, digits).ptr;
+    return {text.begin(), end};
+}
+
 std::vector<CalibrationPointRow> pointRows(const Calibration& calibration,
                                            std::span<const double> differences) {
     std::vector<CalibrationPointRow> rows;
     for (const auto& [reading, reference] : pointsOf(calibration)) {
         rows.push_back({shortestNumber(reading), shortestNumber(reference),
-                        shortestNumber(valueAt(calibration, reading)),
-                        shortestNumber(static_cast<float>(differences[rows.size()]))});
+                        inDigits(static_cast<double>(valueAt(calibration, reading)), 7),
+                        inDigits(differences[rows.size()], 4)});
     }
     return rows;
 }
@@ -35,7 +44,7 @@ std::string largestErrorText(const Calibration& calibration, std::span<const dou
     if (differences.empty()) return {};
     const auto largest = std::ranges::max_element(differences, {}, [](double d) { return std::abs(d); });
     const auto& point = calibration.points[static_cast<std::size_t>(largest - differences.begin())];
-    return "Largest error " + shortestNumber(static_cast<float>(std::abs(*largest))) + " at the reading " +
+    return "Largest error " + inDigits(std::abs(*largest), 4) + " at the reading " +
            shortestNumber(point.first) + ".";
 }
 

@@ -60,7 +60,7 @@ TEST(CalibrationDetails, CoefficientsReadBackAndErrorsAreNamed) {
     EXPECT_THAT(details.coefficients, ElementsAre("0.3333333333333333", "-4", "1"));
     ASSERT_EQ(details.points.size(), 3U);
     EXPECT_EQ(details.points[1].difference, "0.5");
-    EXPECT_EQ(details.points[1].value, "0.33333334");
+    EXPECT_EQ(details.points[1].value, "0.3333333");
     EXPECT_EQ(details.largestError, "Largest error 0.5 at the reading 4.");
     EXPECT_THAT(details.warning, HasSubstr("turns near the reading 1.998"));
     EXPECT_EQ(calibrationDetails(made(1, {0, 2})).warning, "");
