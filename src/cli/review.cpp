@@ -38,7 +38,7 @@ std::optional<ReviewLog> Review::open(const Path& file) {
         if (now - start < longLoadingMs) return;
         terminal_.lines().progress(std::string(text) + "  " + std::to_string(percent) + " %", now);
     };
-    const bool las = program_.files.exists(file) && isLasFile(program_.files, file);
+    const bool las = isLasFile(program_.files, file);
     auto log = las ? openLas(file, progress) : program_.runReader.Tarvikfileopen(file, progress);
     terminal_.lines().endProgress();
     return log;

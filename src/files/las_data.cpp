@@ -24,11 +24,16 @@ class LasDataLoader {
           findings_(findings),
           columns_(header.facts.curvesInFile),
           loaded_(std::min(columns_, lasColumns)),
-          wrapped_(columns_, findings) {
+          repair_(header.facts.nullText),
+          wrapped_(columns_, header.facts, findings) {
         describeChannels();
     }
 
     void load(LasLines& lines, const Progress& progress) {
+        if (tolerant_ && header_.wrapped)
+            wrapped_.learn(lines);
+        else if (tolerant_)
+            repair_.learnCommas(lines, columns_);
         LasLine line;
         int told = -1;
         while (lines.next(line)) {
@@ -37,7 +42,7 @@ class LasDataLoader {
             told = percent;
             takeLine(line);
         }
-        if (wrapped_.inRow()) dropFragment(wrapped_.firstLine(), 0);
+        takeLastWrapped();
         finish();
     }
 
@@ -95,6 +100,12 @@ class LasDataLoader {
         const auto row = wrapped_.add(line);
         review_.las->droppedRows += wrapped_.takeDropped();
         if (row) store(*row, wrapped_.firstLine());
+        if (!line.ended) findings_.add(LasOddity::uncertainEnd, line.number);
+    }
+
+    void takeLastWrapped() {
+        if (const auto row = wrapped_.finish()) store(*row, wrapped_.firstLine());
+        if (wrapped_.inRow()) dropFragment(wrapped_.beginLine(), 0);
     }
 
     void takeRow(const LasLine& line) {

@@ -27,7 +27,7 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(LasOddity::count
     "commas between the columns read as blanks: the row then has as many columns as there are curves",
     "numbers without a blank between them taken apart: the row then has as many columns as there are curves",
     "exponent with D read as E: programs of a certain age write it so",
-    "row dropped, its lines are not wrapped as those of the first row: its values have no sure channel",
+    "row dropped, its lines are not wrapped as those of the others: its values have no sure channel",
     "no colon, the whole rest of the line is read as the value",
     "line of the header without a point passed over, it says nothing that can be read",
     "key given again, the first one counts",

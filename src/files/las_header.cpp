@@ -131,8 +131,9 @@ std::string takeText(const KeySearch::Found& found, std::string_view block, std:
 void takeNull(const KeySearch::Found& found, LasFacts& facts, LasFindings& findings) {
     facts.nullText = plainLasText(fromAnsi(found.value));
     facts.null = takeNumber(found);
-    facts.hasNull = startsWithNumber(found.value);
-    if (!facts.hasNull) findings.say(found.line, "NULL is no number, every number is read as a value");
+    facts.hasNull = lasNumber(found.value).has_value();
+    if (!facts.hasNull)
+        findings.say(found.line, "NULL is no number that can be read, every number is read as a value");
 }
 
 void takeKeys(KeySearch& search, std::string_view block, LasHeader& header, LasFindings& findings) {

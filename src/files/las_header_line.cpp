@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 
 namespace tarvik {
 
@@ -56,6 +57,15 @@ bool startsWithNumber(std::string_view text) {
     if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
     if (text.starts_with('.')) text.remove_prefix(1);
     return !text.empty() && text.front() >= '0' && text.front() <= '9';
+}
+
+std::optional<double> lasNumber(std::string_view text) {
+    if (!startsWithNumber(text)) return std::nullopt;
+    text = trimmed(text);
+    if (text.starts_with('+')) text.remove_prefix(1);
+    double value = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
+    return read.ec == std::errc() ? std::optional(value) : std::nullopt;
 }
 
 std::optional<LasHeaderLine> splitLasHeaderLine(std::string_view line) {

@@ -29,6 +29,8 @@ struct LasHeaderLine {
 
 /// False for a text that begins with no number: it converts to 0, but says nothing.
 [[nodiscard]] bool startsWithNumber(std::string_view text);
+/// Nothing where there is none, or one that no computer number can hold ("1e400").
+[[nodiscard]] std::optional<double> lasNumber(std::string_view text);
 
 /// The entry of one line of the curve section; `line` has a point.
 [[nodiscard]] LasCurveEntry lasCurveEntry(std::string_view line);

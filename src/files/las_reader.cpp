@@ -102,7 +102,9 @@ void LasFileReader::tell(const Path& file, const LasFindings& findings, ReviewLo
 }
 
 bool isLasFile(const Files& files, const Path& file) {
-    if (upperCase(file.extension().string()) == ".KVX") return false;
+    const std::string extension = upperCase(file.extension().string());
+    if (extension == ".KVX") return false;
+    if (!files.exists(file)) return extension == ".LAS"; // who opens it says that it is missing
     return asText(files.readPart(file, 0, run_file::tagText.size())) != run_file::tagText;
 }
 

@@ -63,35 +63,104 @@ void columnCommas(std::string_view line, std::string& text) {
     if (empty) text += '*';
 }
 
-/// A sign behind a digit or a point begins another number; behind an exponent's letter it does not.
-void takeApart(std::string_view line, std::string& text) {
-    text.clear();
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        const bool sign = line[i] == '-' || line[i] == '+';
-        const char last = before(line, i);
-        if (sign && (isDigit(last) || last == '.')) text += ' ';
-        text += line[i];
+/// Three digits behind each comma may as well be thousands.
+bool mayBeThousands(std::string_view line) {
+    for (std::size_t comma = line.find(','); comma != std::string_view::npos;
+         comma = line.find(',', comma + 1)) {
+        std::size_t digits = 0;
+        while (isDigit(at(line, comma + 1 + digits))) ++digits;
+        if (digits != 3) return false;
     }
+    return true;
+}
+
+/// Where the next number begins: a sign behind a digit or a point. Behind an exponent's letter it does not.
+std::size_t nextSign(std::string_view text, std::size_t from) {
+    for (std::size_t i = std::max<std::size_t>(from, 1); i < text.size(); ++i) {
+        if ((text[i] == '-' || text[i] == '+') && (isDigit(text[i - 1]) || text[i - 1] == '.')) return i;
+    }
+    return text.size();
 }
 
 } // namespace
 
+void LasRowRepair::learnCommas(LasLines lines, std::size_t columns) {
+    constexpr int firstRows = 200;
+    int decimal = 0;
+    int column = 0;
+    LasLine line;
+    for (int i = 0; i < firstRows && lines.next(line); ++i) {
+        if (line.text.find(',') == std::string_view::npos || line.text.starts_with('#')) continue;
+        const LasCommas meant = commasOf(line.text, columns);
+        decimal += meant == LasCommas::decimal ? 1 : 0;
+        column += meant == LasCommas::column ? 1 : 0;
+    }
+    commas_ = decimal > column   ? LasCommas::decimal
+              : column > decimal ? LasCommas::column
+                                 : LasCommas::unknown;
+}
+
+/// What the commas of one row can only be.
+LasCommas LasRowRepair::commasOf(std::string_view line, std::size_t columns) {
+    text_.assign(line);
+    mendExponents(text_);
+    // A file that writes points does not write decimal commas beside them.
+    const bool points = line.find('.') != std::string_view::npos;
+    if (!points && !mayBeThousands(line) && mendDecimalCommas(text_)) {
+        splitLasRow(text_, mended_);
+        if (mended_.tokens == columns && mended_.firstBad == LasRow::none) return LasCommas::decimal;
+    }
+    columnCommas(line, text_);
+    splitLasRow(text_, mended_);
+    const auto commas = static_cast<std::size_t>(std::ranges::count(line, ','));
+    return mended_.tokens == columns && commas + 1 == columns ? LasCommas::column : LasCommas::unknown;
+}
+
 void LasRowRepair::mend(const LasLine& line, std::size_t columns, LasRow& row, LasFindings& findings) {
+    if (commas_ == LasCommas::column && line.text.find(',') != std::string_view::npos) {
+        if (static_cast<std::size_t>(std::ranges::count(line.text, ',')) + 1 != columns) return;
+        columnCommas(line.text, text_);
+        if (take(columns, row)) findings.add(LasOddity::commaColumns, line.number);
+        return;
+    }
     for (const bool apart : {false, true}) {
         if (apart && row.tokens >= columns) break;
-        apart ? takeApart(line.text, text_) : void(text_.assign(line.text));
-        const bool ranOn = text_.size() != line.text.size();
+        text_.assign(line.text);
+        const bool ranOn = apart && takeApart(line.text);
         const bool exponents = mendExponents(text_);
-        const bool commas = mendDecimalCommas(text_);
+        const bool commas = commas_ == LasCommas::decimal && mendDecimalCommas(text_);
         if (!(ranOn || exponents || commas) || !take(columns, row)) continue;
         if (ranOn) findings.add(LasOddity::runOn, line.number);
         if (exponents) findings.add(LasOddity::exponentD, line.number);
         if (commas) findings.add(LasOddity::decimalComma, line.number);
         return;
     }
-    if (static_cast<std::size_t>(std::ranges::count(line.text, ',')) + 1 != columns) return;
-    columnCommas(line.text, text_);
-    if (take(columns, row)) findings.add(LasOddity::commaColumns, line.number);
+}
+
+/// Numbers without a blank between them, each of which can only be one: "2020-01" is a date, "1.5-03" a
+/// power.
+bool LasRowRepair::takeApart(std::string_view line) {
+    text_.clear();
+    bool changed = false;
+    for (std::size_t begin = 0; begin < line.size();) {
+        const std::size_t end = std::min(nextSign(line, begin + 1), line.size());
+        const std::string_view piece = line.substr(begin, end - begin);
+        if (begin != 0 && nextSign(line, begin) == begin) {
+            const std::size_t last = text_.find_last_of(" \t") + 1; // 0 without one
+            const std::string_view next = piece.substr(0, piece.find_first_of(" \t"));
+            if (!standsAlone(next) || !standsAlone(std::string_view(text_).substr(last))) return false;
+            text_ += ' ';
+            changed = true;
+        }
+        text_ += piece;
+        begin = end;
+    }
+    return changed;
+}
+
+bool LasRowRepair::standsAlone(std::string_view piece) const {
+    const auto point = piece.find_first_of(".,");
+    return piece == nullText_ || (point != std::string_view::npos && point + 1 < piece.size());
 }
 
 /// Only a row that adds up, and in which less is unreadable than before.

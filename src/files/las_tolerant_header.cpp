@@ -153,8 +153,11 @@ class TolerantHeader {
 
     void takeVersion() {
         const KeyLine& version = keys_[vers];
-        header_.facts.version = version.given() ? version.number() : 2;
+        const auto number = lasNumber(version.value());
+        header_.facts.version = number.value_or(2);
         if (!version.given()) findings_.say(0, "there is no VERS, the file is read as LAS 2.0");
+        if (version.given() && !number)
+            findings_.say(version.line, "VERS is no number, the file is read as LAS 2.0");
         if (header_.facts.version >= 3)
             refuse(version.line,
                    "VERS is " + version.value() + ": LAS 3.0 is another format, which is not read");
@@ -176,7 +179,7 @@ class TolerantHeader {
         facts.step = keys_[step].number();
         facts.stepText = keys_[step].value();
         facts.nullText = keys_[null].value();
-        facts.hasNull = startsWithNumber(facts.nullText);
+        facts.hasNull = lasNumber(facts.nullText).has_value();
         facts.null = leadingNumber(facts.nullText);
         if (!facts.hasNull)
             findings_.say(keys_[null].line,

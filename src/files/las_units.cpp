@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 #include <string>
 
 namespace tarvik {
@@ -29,24 +30,47 @@ void convert(ReviewLog& review, DepthUnits from, DepthUnits to) {
     for (double& depth : review.depth) depth = fromMetres(toMetres(depth, from), to);
 }
 
-/// STRT and the index name different units: the first depth decides whose is right.
+/// What the header says of the depths beside what the data show.
+struct DepthFact {
+    double said;
+    double shown;
+};
+
+/// STRT, STOP and STEP, the surest first. A depth of 0 is 0 in either unit and shows nothing.
+std::array<DepthFact, 3> depthFacts(const LasFacts& facts, const ReviewLog& review) {
+    const std::size_t steps = review.depth.size();
+    if (steps == 0) return {};
+    const auto row = [&](std::size_t i) { return review.depth[review.reversed ? steps - 1 - i : i]; };
+    return {DepthFact{facts.start, row(0)}, DepthFact{facts.stop, row(steps - 1)},
+            DepthFact{facts.step, steps > 1 ? row(1) - row(0) : 0}};
+}
+
+/// Nothing where none of the facts tells the units apart.
+std::optional<bool> depthsAreInIndexUnit(const LasFacts& facts, DepthUnits ofIndex, DepthUnits ofStart,
+                                         const ReviewLog& review) {
+    for (const DepthFact& fact : depthFacts(facts, review)) {
+        const bool converted = sameRounded(fromMetres(toMetres(fact.shown, ofIndex), ofStart), fact.said);
+        const bool asItIs = sameRounded(fact.shown, fact.said);
+        if (converted != asItIs) return converted;
+    }
+    return std::nullopt;
+}
+
+/// STRT and the index name different units: the depths decide whose is right.
 void settleContradiction(const LasHeader& header, DepthUnits ofIndex, DepthUnits ofStart, ReviewLog& review,
                          LasFindings& findings) {
     const std::string difference = "the index is in " + std::string(depthUnitsText(ofIndex)) + ", STRT in " +
                                    std::string(depthUnitsText(ofStart)) + ": ";
-    const double first = review.depth.empty() ? header.facts.start
-                         : review.reversed    ? review.depth.back()
-                                              : review.depth.front();
-    const double converted = fromMetres(toMetres(first, ofIndex), ofStart);
-    if (sameRounded(converted, header.facts.start) && !sameRounded(first, header.facts.start)) {
+    const auto inIndexUnit = depthsAreInIndexUnit(header.facts, ofIndex, ofStart, review);
+    if (inIndexUnit.value_or(false)) {
         convert(review, ofIndex, ofStart);
         findings.say(header.indexLine, difference + "the depths are converted to " +
                                            std::string(depthUnitsText(ofStart)) +
                                            " with 0.3048 m to the foot");
     } else {
-        findings.say(header.indexLine, difference + "the depths are taken as " +
-                                           std::string(depthUnitsText(ofStart)) +
-                                           ", the first one does not show otherwise");
+        findings.say(header.indexLine,
+                     difference + "the depths are taken as " + std::string(depthUnitsText(ofStart)) +
+                         (inIndexUnit ? ", they agree with the header so" : ", they do not show otherwise"));
     }
 }
 

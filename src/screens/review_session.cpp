@@ -33,9 +33,11 @@ bool ReviewSession::openSecond(const Path& file) {
 
 /// A LAS file that is refused can be read tolerantly: every repair is then in the event log.
 std::optional<ReviewLog> ReviewSession::read(const Path& file) {
-    const bool las =
-        program_.errors.run("Review open", false, [&](Level&) { return isLasFile(program_.files, file); });
-    if (!las) return program_.runReader.Tarvikfileopen(file, progress());
+    const auto las = program_.errors.run("Review open", std::optional<bool>(), [&](Level&) {
+        return std::optional(isLasFile(program_.files, file));
+    });
+    if (!las) return std::nullopt; // the error has been shown
+    if (!*las) return program_.runReader.Tarvikfileopen(file, progress());
     if (auto log = program_.lasReader.LASfileopen(file, progress())) return log;
     if (program_.frame.operatorSide.ask(
             "LAS file",
