@@ -47,8 +47,7 @@ TEST(frmCalibrations, ListsFactoryOnesBoldAndTakesTheChosenOneApart) {
     ASSERT_EQ(table.rowCount(), 3);
     EXPECT_EQ(control<QLabel>(screen, "lbfit").text().left(19), "Linear fit, order 1");
     EXPECT_EQ(control<QLabel>(screen, "lbcoefficients").text(), "c1 = 0.3333333333333333\nc2 = 4");
-    EXPECT_EQ(control<QLabel>(screen, "lblargesterror").text(),
-              "Largest error 0.3333 at the reading 100.");
+    EXPECT_EQ(control<QLabel>(screen, "lblargesterror").text(), "Largest error 0.3333 at the reading 100.");
     control<QLineEdit>(screen, "txtfiltercalibrations").setText("factory");
     int shown = 0;
     for (int row = 0; row < table.rowCount(); ++row) {
