@@ -29,25 +29,51 @@ void convert(ReviewLog& review, DepthUnits from, DepthUnits to) {
     for (double& depth : review.depth) depth = fromMetres(toMetres(depth, from), to);
 }
 
-/// STRT and the index name different units: the first depth decides whose is right.
+/// What header and data say together of the unit in which the index counts.
+struct UnitVotes {
+    bool own = false;     ///< the numbers of the data are those of the header only when they are converted
+    bool ofStart = false; ///< they are those of the header as they stand
+
+    /// A number that is not there, or 0, says nothing.
+    void ask(double ofData, double ofHeader, DepthUnits index, DepthUnits start) {
+        const bool same = sameRounded(ofData, ofHeader);
+        const bool sameConverted = sameRounded(fromMetres(toMetres(ofData, index), start), ofHeader);
+        own = own || (sameConverted && !same);
+        ofStart = ofStart || (same && !sameConverted);
+    }
+};
+
+/// First and last depth as logged, and the distance of the first two.
+UnitVotes askForUnit(const LasFacts& facts, const ReviewLog& review, DepthUnits index, DepthUnits start) {
+    UnitVotes votes;
+    if (review.depth.empty()) return votes;
+    const std::size_t last = review.steps() - 1;
+    votes.ask(review.depth[review.asLogged(0)], facts.start, index, start);
+    votes.ask(review.depth[review.asLogged(last)], facts.stop, index, start);
+    if (last > 0) {
+        votes.ask(std::abs(review.depth[review.asLogged(1)] - review.depth[review.asLogged(0)]),
+                  std::abs(facts.step), index, start);
+    }
+    return votes;
+}
+
+/// STRT and the index name different units: the numbers of STRT, STOP and STEP decide whose is right.
 void settleContradiction(const LasHeader& header, DepthUnits ofIndex, DepthUnits ofStart, ReviewLog& review,
                          LasFindings& findings) {
-    const std::string difference = "the index is in " + std::string(depthUnitsText(ofIndex)) + ", STRT in " +
-                                   std::string(depthUnitsText(ofStart)) + ": ";
-    const double first = review.depth.empty() ? header.facts.start
-                         : review.reversed    ? review.depth.back()
-                                              : review.depth.front();
-    const double converted = fromMetres(toMetres(first, ofIndex), ofStart);
-    if (sameRounded(converted, header.facts.start) && !sameRounded(first, header.facts.start)) {
+    const std::string unit(depthUnitsText(ofStart));
+    const UnitVotes votes = askForUnit(header.facts, review, ofIndex, ofStart);
+    std::string done = "the depths are taken as " + unit;
+    if (votes.own && !votes.ofStart) {
         convert(review, ofIndex, ofStart);
-        findings.say(header.indexLine, difference + "the depths are converted to " +
-                                           std::string(depthUnitsText(ofStart)) +
-                                           " with 0.3048 m to the foot");
+        done =
+            "the depths are converted to " + unit + " with 0.3048 m to the foot, STRT, STOP or STEP shows it";
+    } else if (votes.ofStart && !votes.own) {
+        done += ", as STRT, STOP or STEP shows";
     } else {
-        findings.say(header.indexLine, difference + "the depths are taken as " +
-                                           std::string(depthUnitsText(ofStart)) +
-                                           ", the first one does not show otherwise");
+        done += "; STRT, STOP and STEP do not show which is right";
     }
+    findings.say(header.indexLine, "the index is in " + std::string(depthUnitsText(ofIndex)) + ", STRT in " +
+                                       unit + ": " + done);
 }
 
 } // namespace
