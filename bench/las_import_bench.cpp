@@ -52,7 +52,8 @@ void importLas(benchmark::State& state) {
     race(
         state,
         [&] {
-            const auto log = tolerant ? reader.openTolerantly(run.lasFile) : reader.LASfileopen(run.lasFile);
+            const auto log =
+                tolerant ? reader.openTolerantly(run.lasFile) : reader.LASfileopen(run.lasFile).log;
             if (!log || log->steps() != maxReviewSteps) throw std::runtime_error("the file did not load");
             benchmark::DoNotOptimize(log->depth.data());
         },

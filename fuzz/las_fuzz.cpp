@@ -28,7 +28,7 @@ void exportAgain(fuzz::Rig& rig, const ReviewLog& log, LasFileReader& reader) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Rig rig("in.las", data, size);
     LasFileReader reader(rig.errors, rig.log, rig.operatorSide, rig.files);
-    if (const auto log = reader.LASfileopen("in.las")) exportAgain(rig, *log, reader);
+    if (const auto log = reader.LASfileopen("in.las").log) exportAgain(rig, *log, reader);
     if (const auto log = reader.openTolerantly("in.las")) exportAgain(rig, *log, reader);
     return 0;
 }

@@ -36,7 +36,8 @@ void printLasJson(const Path& file, const ReviewLog& log) {
     JsonObject object;
     object.add("file", file.string());
     object.add("kind", "las");
-    object.raw("format_version", formatPicture(facts.version, "0.00"));
+    object.raw("format_version",
+               std::isfinite(facts.version) ? formatPicture(facts.version, "0.00") : "null");
     for (const char* const unknown : {"tool", "tool_name", "serial", "winch", "project"})
         object.raw(unknown, "null");
     object.add("hole", log.header.hole.holeId);
@@ -60,7 +61,8 @@ void printLasJson(const Path& file, const ReviewLog& log) {
 void printLasText(const Path& file, const ReviewLog& log) {
     const LasFacts& facts = *log.las;
     std::cout << "File       " << file.string() << "\n"
-              << "LAS        " << formatPicture(facts.version, "0.0#") << "\n"
+              << "LAS        " << (std::isfinite(facts.version) ? formatPicture(facts.version, "0.0#") : "-")
+              << "\n"
               << "Hole       " << log.header.hole.holeId << "  (company " << log.header.hole.company << ")\n"
               << "Run        " << log.header.runDate << "\n"
               << "Header     " << headerNumber(facts.start) << " to " << headerNumber(facts.stop) << " by "

@@ -38,17 +38,18 @@ std::optional<ReviewLog> Review::open(const Path& file) {
         if (now - start < longLoadingMs) return;
         terminal_.lines().progress(std::string(text) + "  " + std::to_string(percent) + " %", now);
     };
-    const bool las = isLasFile(program_.files, file);
-    auto log = las ? openLas(file, progress) : program_.runReader.Tarvikfileopen(file, progress);
+    auto log = isLasFile(program_.files, file) ? openLas(file, progress)
+                                               : program_.runReader.Tarvikfileopen(file, progress);
     terminal_.lines().endProgress();
     return log;
 }
 
 std::optional<ReviewLog> Review::openLas(const Path& file, const Progress& progress) {
     if (tolerant_) return program_.lasReader.openTolerantly(file, progress);
-    auto log = program_.lasReader.LASfileopen(file, progress);
-    if (!log) terminal_.lines().line("With --tolerant more is read, and each repair is said.");
-    return log;
+    LasOpening opening = program_.lasReader.LASfileopen(file, progress);
+    if (opening.tolerantMayHelp)
+        terminal_.lines().line("With --tolerant more is read, and each repair is said.");
+    return std::move(opening.log);
 }
 
 } // namespace tarvik

@@ -1,5 +1,6 @@
 #include "files/las_header.h"
 
+#include "base/number_picture.h"
 #include "base/text.h"
 #include "files/las_header_line.h"
 
@@ -111,8 +112,16 @@ class KeySearch {
 
 // --- what the keys say -------------------------------------------------------------------------------------
 
-double takeNumber(const KeySearch::Found& found) {
-    return leadingNumber(found.value);
+/// A text that begins with no number is 0; what follows the number is not read. Both are said.
+double takeNumber(const KeySearch::Found& found, std::string_view key, LasFindings& findings) {
+    const double number = leadingNumber(found.value);
+    const std::string name(key);
+    if (!leadingLasNumber(found.value)) {
+        findings.say(found.line, name + " is no number, it is read as 0");
+    } else if (!wholeLasNumber(found.value)) {
+        findings.say(found.line, name + " holds more than a number, it is read as " + shortestNumber(number));
+    }
+    return number;
 }
 
 /// A colon inside the text ends it: the rest is not read, and the operator is told.
@@ -130,9 +139,10 @@ std::string takeText(const KeySearch::Found& found, std::string_view block, std:
 
 void takeNull(const KeySearch::Found& found, LasFacts& facts, LasFindings& findings) {
     facts.nullText = plainLasText(fromAnsi(found.value));
-    facts.null = takeNumber(found);
-    facts.hasNull = lasNumber(found.value).has_value();
-    if (!facts.hasNull)
+    facts.hasNull = leadingLasNumber(found.value).has_value();
+    if (facts.hasNull)
+        facts.null = takeNumber(found, "NULL", findings);
+    else
         findings.say(found.line, "NULL is no number that can be read, every number is read as a value");
 }
 
@@ -140,11 +150,13 @@ void takeKeys(KeySearch& search, std::string_view block, LasHeader& header, LasF
     LasFacts& facts = header.facts;
     const KeySearch::Found start = search.find("STRT");
     header.startLine = start.line;
-    facts.start = takeNumber(start);
-    facts.depthUnit = plainLasText(fromAnsi(start.unit.substr(0, start.unit.find_first_of("\t\r\n"))));
-    facts.stop = takeNumber(search.find("STOP"));
+    facts.start = takeNumber(start, "STRT", findings);
+    facts.depthUnit = plainLasText(fromAnsi(start.unit));
+    if (start.unit.find('\t') != npos)
+        findings.say(start.line, "a tab stands behind the unit of STRT, which goes on to the next blank");
+    facts.stop = takeNumber(search.find("STOP"), "STOP", findings);
     const KeySearch::Found step = search.find("STEP");
-    facts.step = takeNumber(step);
+    facts.step = takeNumber(step, "STEP", findings);
     facts.stepText = plainLasText(fromAnsi(step.value));
     takeNull(search.find("NULL"), facts, findings);
     const auto text = [&](std::string_view key) { return takeText(search.find(key), block, key, findings); };
@@ -209,7 +221,7 @@ LasHeader readLasKeys(const Files& files, const Path& file, LasFindings& finding
     KeySearch search(block, files.size(file) <= lasHeaderBlock);
     LasHeader header;
     const KeySearch::Found version = search.find("VERS");
-    header.facts.version = takeNumber(version);
+    header.facts.version = takeNumber(version, "VERS", findings);
     noteVersion(header.facts.version, version.line, findings);
     search.moveTo("~W");
     takeKeys(search, block, header, findings);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace tarvik {
 
@@ -52,20 +53,42 @@ std::string plainLasText(std::string_view text) {
     return std::string(trimmed(plain));
 }
 
-bool startsWithNumber(std::string_view text) {
+std::optional<double> leadingLasNumber(std::string_view text) {
     text = trimmed(text);
-    if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
-    if (text.starts_with('.')) text.remove_prefix(1);
-    return !text.empty() && text.front() >= '0' && text.front() <= '9';
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || !std::isfinite(value)) return std::nullopt;
+    return value;
 }
 
-std::optional<double> lasNumber(std::string_view text) {
-    if (!startsWithNumber(text)) return std::nullopt;
-    text = trimmed(text);
-    if (text.starts_with('+')) text.remove_prefix(1);
-    double value = 0;
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
-    return read.ec == std::errc() ? std::optional(value) : std::nullopt;
+std::optional<double> wholeLasNumber(std::string_view text) {
+    text = strippedLasText(text);
+    return parseNumber(text.substr(0, text.find_first_of(blanks)));
+}
+
+std::optional<std::string> mendedDecimalComma(std::string_view token) {
+    constexpr std::string_view digits = "0123456789";
+    const auto comma = token.find(',');
+    if (comma == std::string_view::npos) return std::nullopt;
+    std::string_view whole = token.substr(0, comma);
+    if (whole.starts_with('-') || whole.starts_with('+')) whole.remove_prefix(1);
+    std::string_view fraction = token.substr(comma + 1);
+    fraction = fraction.substr(0, fraction.find_first_of("eE"));
+    const bool plain = !whole.empty() && !fraction.empty() &&
+                       whole.find_first_not_of(digits) == std::string_view::npos &&
+                       fraction.find_first_not_of(digits) == std::string_view::npos;
+    std::string mended(token);
+    mended[comma] = '.';
+    if (!plain || !parseNumber(mended)) return std::nullopt;
+    return mended;
+}
+
+bool mayGroupThousands(std::string_view token) {
+    const auto comma = token.find(',');
+    std::string_view whole = token.substr(0, comma);
+    if (whole.starts_with('-') || whole.starts_with('+')) whole.remove_prefix(1);
+    return token.size() - comma == 4 && whole.size() <= 3 && !whole.starts_with('0');
 }
 
 std::optional<LasHeaderLine> splitLasHeaderLine(std::string_view line) {

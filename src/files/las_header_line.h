@@ -27,10 +27,18 @@ struct LasHeaderLine {
 /// Trimmed and without line ends or other control characters: what goes into a header of ours stays one line.
 [[nodiscard]] std::string plainLasText(std::string_view text);
 
-/// False for a text that begins with no number: it converts to 0, but says nothing.
-[[nodiscard]] bool startsWithNumber(std::string_view text);
-/// Nothing where there is none, or one that no computer number can hold ("1e400").
-[[nodiscard]] std::optional<double> lasNumber(std::string_view text);
+/// The number with which a text begins; nothing where there is none, or one beyond the range of a double.
+[[nodiscard]] std::optional<double> leadingLasNumber(std::string_view text);
+
+/// The same where the number ends at a blank or with the text: of "1000,5" nothing is left out in silence.
+[[nodiscard]] std::optional<double> wholeLasNumber(std::string_view text);
+
+/// "10,25" as "10.25", "-1,5E3" as "-1.5E3"; nothing where the comma is not the only mark between digits.
+[[nodiscard]] std::optional<std::string> mendedDecimalComma(std::string_view token);
+
+/// True where the comma of such a number could as well part thousands: "1,000" is 1 or 1000, "0,125" and
+/// "10,25" are only one thing.
+[[nodiscard]] bool mayGroupThousands(std::string_view token);
 
 /// The entry of one line of the curve section; `line` has a point.
 [[nodiscard]] LasCurveEntry lasCurveEntry(std::string_view line);

@@ -1,5 +1,6 @@
 #include "files/las_reader.h"
 
+#include "base/failure.h"
 #include "base/text.h"
 #include "files/las_data.h"
 #include "files/las_tolerant_header.h"
@@ -41,22 +42,26 @@ bool LasFileReader::opened(const Path& file, Body&& body) {
     }
 }
 
-std::optional<ReviewLog> LasFileReader::LASfileopen(const Path& file, const Progress& progress) {
-    return errors_.run("Logdisplay1-LASfileopen", std::optional<ReviewLog>(), [&](Level& level) {
-        std::optional<ReviewLog> review;
+LasOpening LasFileReader::LASfileopen(const Path& file, const Progress& progress) {
+    return errors_.run("Logdisplay1-LASfileopen", LasOpening(), [&](Level& level) {
+        LasOpening opening;
         LasFindings findings;
         LasHeader header;
-        if (!opened(file, [&] { header = readLasKeys(files_, file, findings); })) return review;
+        opening.tolerantMayHelp = !opened(file, [&] { header = readLasKeys(files_, file, findings); });
+        if (opening.tolerantMayHelp) return opening;
         level = 1; // the curves
-        if (!getLAScurvedata(file, header)) return review;
+        if (!getLAScurvedata(file, header, opening.tolerantMayHelp)) return opening;
         level = 2; // the data
-        review = emptyReview(header);
+        opening.log = emptyReview(header);
         LasLines lines(files_, file, header.facts.dataStart, header.dataLine);
         LasLine columnNames;
         lines.next(columnNames);
-        if (!scanLASdatavalues(lines, header, false, *review, findings, progress)) review.reset();
-        if (review) tell(file, findings, *review);
-        return review;
+        if (!scanLASdatavalues(lines, header, false, *opening.log, findings, progress)) return LasOpening();
+        opening.tolerantMayHelp = opening.log->steps() == 0;
+        if (opening.tolerantMayHelp)
+            findings.say(0, "no row of data was read; read tolerantly, the file may show more");
+        tell(file, findings, *opening.log);
+        return opening;
     });
 }
 
@@ -71,17 +76,19 @@ std::optional<ReviewLog> LasFileReader::openTolerantly(const Path& file, const P
         level = 1; // the data
         review = emptyReview(header);
         if (!scanLASdatavalues(lines, header, true, *review, findings, progress)) review.reset();
+        if (review && review->steps() == 0) findings.say(0, "no row of data was read");
         if (review) tell(file, findings, *review);
         return review;
     });
 }
 
-bool LasFileReader::getLAScurvedata(const Path& file, LasHeader& header) {
+bool LasFileReader::getLAScurvedata(const Path& file, LasHeader& header, bool& refused) {
     return errors_.run("Logdisplay1-getLAScurvedata", false, [&](Level&) {
-        return opened(file, [&] {
+        refused = !opened(file, [&] {
             readLasCurves(files_, file, header);
             refuseWrapped(header);
         });
+        return !refused;
     });
 }
 
@@ -102,10 +109,13 @@ void LasFileReader::tell(const Path& file, const LasFindings& findings, ReviewLo
 }
 
 bool isLasFile(const Files& files, const Path& file) {
-    const std::string extension = upperCase(file.extension().string());
-    if (extension == ".KVX") return false;
-    if (!files.exists(file)) return extension == ".LAS"; // who opens it says that it is missing
-    return asText(files.readPart(file, 0, run_file::tagText.size())) != run_file::tagText;
+    const std::string ending = upperCase(file.extension().string());
+    if (ending == ".KVX") return false;
+    try {
+        return asText(files.readPart(file, 0, run_file::tagText.size())) != run_file::tagText;
+    } catch (const Failure&) {
+        return ending == ".LAS";
+    }
 }
 
 } // namespace tarvik

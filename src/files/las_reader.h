@@ -18,21 +18,28 @@
 
 namespace tarvik {
 
+/// What the plain reading of a file brought.
+struct LasOpening {
+    std::optional<ReviewLog> log;
+    /// The file was refused for its form, or no row of it could be read: the tolerant reading may do better.
+    bool tolerantMayHelp = false;
+};
+
 class LasFileReader {
   public:
     LasFileReader(ErrorTrap& errors, StatusLog& log, OperatorSide& operatorSide, const Files& files)
         : errors_(errors), log_(log), operatorSide_(operatorSide), files_(files) {}
 
-    /// The file as LAS 2.0. Nothing when it is refused ("Problems with LAS file" is shown, the log says the
+    /// The file as LAS 2.0. No log when it is refused ("Problems with LAS file" is shown, the log says the
     /// line and the reason) or cannot be read (the error is reported).
-    std::optional<ReviewLog> LASfileopen(const Path& file, const Progress& progress = {});
+    LasOpening LASfileopen(const Path& file, const Progress& progress = {});
 
     /// The same for files that LASfileopen refuses: keys in any order, long headers, wrapped rows, LAS 1.2,
     /// other encodings. Each repair is said; no value is guessed.
     std::optional<ReviewLog> openTolerantly(const Path& file, const Progress& progress = {});
 
   private:
-    bool getLAScurvedata(const Path& file, LasHeader& header);
+    bool getLAScurvedata(const Path& file, LasHeader& header, bool& refused);
     bool scanLASdatavalues(LasLines& lines, const LasHeader& header, bool tolerant, ReviewLog& review,
                            LasFindings& findings, const Progress& progress);
     /// False when the body refuses the file; the operator has been told.
@@ -46,7 +53,9 @@ class LasFileReader {
     const Files& files_;
 };
 
-/// False for what is a run file by its first bytes or its name.
+/// False for what is a run file by its first bytes or its name. A file that cannot be read is LAS by its
+/// name: the reader that opens it next says what is wrong, once and under its own name. Throws nothing for
+/// it.
 [[nodiscard]] bool isLasFile(const Files& files, const Path& file);
 
 } // namespace tarvik

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 
 namespace tarvik {
@@ -33,7 +34,8 @@ constexpr std::array<std::string_view, keyCount> keyNames{
 
 struct KeyLine {
     std::string unit;
-    std::string rest; ///< behind the unit, with the colon
+    std::string rest;   ///< behind the unit, with the colon
+    std::string number; ///< the value of a key that holds a number, as it was read
     std::size_t line = 0;
 
     [[nodiscard]] bool given() const { return line != 0; }
@@ -43,10 +45,6 @@ struct KeyLine {
     [[nodiscard]] std::string description() const {
         const auto colon = rest.find(':');
         return colon == std::string::npos ? std::string() : plainLasText(rest.substr(colon + 1));
-    }
-    [[nodiscard]] double number() const {
-        const std::string text = value();
-        return startsWithNumber(text) ? leadingNumber(text) : std::numeric_limits<double>::quiet_NaN();
     }
 };
 
@@ -142,7 +140,10 @@ class TolerantHeader {
         KeyLine& key = keys_[found];
         if (key.given()) return findings_.add(LasOddity::headerTwice, line);
         const auto unitEnd = static_cast<std::size_t>(parts.unit.data() + parts.unit.size() - text.data());
-        key = {plainLasText(parts.unit), std::string(text.substr(unitEnd)), line};
+        key = {.unit = plainLasText(parts.unit),
+               .rest = std::string(text.substr(unitEnd)),
+               .number = {},
+               .line = line};
         if (found > date) return;
         if (found < latest_) {
             findings_.say(line, name + " stands behind " + std::string(keyNames[latest_]) +
@@ -153,11 +154,11 @@ class TolerantHeader {
 
     void takeVersion() {
         const KeyLine& version = keys_[vers];
-        const auto number = lasNumber(version.value());
-        header_.facts.version = number.value_or(2);
-        if (!version.given()) findings_.say(0, "there is no VERS, the file is read as LAS 2.0");
-        if (version.given() && !number)
-            findings_.say(version.line, "VERS is no number, the file is read as LAS 2.0");
+        header_.facts.version = number(vers);
+        if (std::isnan(header_.facts.version)) {
+            findings_.say(version.line, version.given() ? "VERS has no number, the file is read as LAS 2.0"
+                                                        : "there is no VERS, the file is read as LAS 2.0");
+        }
         if (header_.facts.version >= 3)
             refuse(version.line,
                    "VERS is " + version.value() + ": LAS 3.0 is another format, which is not read");
@@ -170,20 +171,40 @@ class TolerantHeader {
         if (header_.wrapped) findings_.say(keys_[wrap].line, "the rows are wrapped, their lines are joined");
     }
 
+    /// Not a number where the key holds none that is sure.
+    double number(Key key) {
+        KeyLine& line = keys_[key];
+        line.number = line.value();
+        if (const auto whole = wholeLasNumber(line.number)) return *whole;
+        const std::string name(keyNames[key]);
+        const auto mended = mendedDecimalComma(line.number);
+        if (mended && !mayGroupThousands(line.number)) {
+            findings_.say(line.line, name + " has a decimal comma, it is read as " + *mended);
+            line.number = *mended;
+            return leadingNumber(*mended);
+        }
+        if (!line.number.empty() && leadingLasNumber(line.number))
+            findings_.say(line.line,
+                          name + " holds more than a number, it is not used: " + line.number.substr(0, 80));
+        return std::numeric_limits<double>::quiet_NaN();
+    }
+
     void takeNumbers() {
         LasFacts& facts = header_.facts;
         header_.startLine = keys_[strt].line;
         facts.depthUnit = keys_[strt].unit;
-        facts.start = keys_[strt].number();
-        facts.stop = keys_[stop].number();
-        facts.step = keys_[step].number();
-        facts.stepText = keys_[step].value();
-        facts.nullText = keys_[null].value();
-        facts.hasNull = lasNumber(facts.nullText).has_value();
-        facts.null = leadingNumber(facts.nullText);
-        if (!facts.hasNull)
+        facts.start = number(strt);
+        facts.stop = number(stop);
+        facts.step = number(step);
+        facts.stepText = keys_[step].number;
+        const double noValueNumber = number(null);
+        facts.nullText = keys_[null].number;
+        facts.hasNull = !std::isnan(noValueNumber);
+        if (facts.hasNull)
+            facts.null = noValueNumber;
+        else
             findings_.say(keys_[null].line,
-                          "there is no NULL with a number, every number is read as a value");
+                          "there is no NULL with a number that can be read, every number is read as a value");
     }
 
     void takeTexts() {

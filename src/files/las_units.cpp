@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 #include <string>
 
 namespace tarvik {
@@ -30,48 +29,51 @@ void convert(ReviewLog& review, DepthUnits from, DepthUnits to) {
     for (double& depth : review.depth) depth = fromMetres(toMetres(depth, from), to);
 }
 
-/// What the header says of the depths beside what the data show.
-struct DepthFact {
-    double said;
-    double shown;
+/// What header and data say together of the unit in which the index counts.
+struct UnitVotes {
+    bool own = false;     ///< the numbers of the data are those of the header only when they are converted
+    bool ofStart = false; ///< they are those of the header as they stand
+
+    /// A number that is not there, or 0, says nothing.
+    void ask(double ofData, double ofHeader, DepthUnits index, DepthUnits start) {
+        const bool same = sameRounded(ofData, ofHeader);
+        const bool sameConverted = sameRounded(fromMetres(toMetres(ofData, index), start), ofHeader);
+        own = own || (sameConverted && !same);
+        ofStart = ofStart || (same && !sameConverted);
+    }
 };
 
-/// STRT, STOP and STEP, the surest first. A depth of 0 is 0 in either unit and shows nothing.
-std::array<DepthFact, 3> depthFacts(const LasFacts& facts, const ReviewLog& review) {
-    const std::size_t steps = review.depth.size();
-    if (steps == 0) return {};
-    const auto row = [&](std::size_t i) { return review.depth[review.reversed ? steps - 1 - i : i]; };
-    return {DepthFact{facts.start, row(0)}, DepthFact{facts.stop, row(steps - 1)},
-            DepthFact{facts.step, steps > 1 ? row(1) - row(0) : 0}};
-}
-
-/// Nothing where none of the facts tells the units apart.
-std::optional<bool> depthsAreInIndexUnit(const LasFacts& facts, DepthUnits ofIndex, DepthUnits ofStart,
-                                         const ReviewLog& review) {
-    for (const DepthFact& fact : depthFacts(facts, review)) {
-        const bool converted = sameRounded(fromMetres(toMetres(fact.shown, ofIndex), ofStart), fact.said);
-        const bool asItIs = sameRounded(fact.shown, fact.said);
-        if (converted != asItIs) return converted;
+/// First and last depth as logged, and the distance of the first two.
+UnitVotes askForUnit(const LasFacts& facts, const ReviewLog& review, DepthUnits index, DepthUnits start) {
+    UnitVotes votes;
+    if (review.depth.empty()) return votes;
+    const std::size_t last = review.steps() - 1;
+    votes.ask(review.depth[review.asLogged(0)], facts.start, index, start);
+    votes.ask(review.depth[review.asLogged(last)], facts.stop, index, start);
+    if (last > 0) {
+        votes.ask(std::abs(review.depth[review.asLogged(1)] - review.depth[review.asLogged(0)]),
+                  std::abs(facts.step), index, start);
     }
-    return std::nullopt;
+    return votes;
 }
 
-/// STRT and the index name different units: the depths decide whose is right.
+/// STRT and the index name different units: the numbers of STRT, STOP and STEP decide whose is right.
 void settleContradiction(const LasHeader& header, DepthUnits ofIndex, DepthUnits ofStart, ReviewLog& review,
                          LasFindings& findings) {
-    const std::string difference = "the index is in " + std::string(depthUnitsText(ofIndex)) + ", STRT in " +
-                                   std::string(depthUnitsText(ofStart)) + ": ";
-    const auto inIndexUnit = depthsAreInIndexUnit(header.facts, ofIndex, ofStart, review);
-    if (inIndexUnit.value_or(false)) {
+    const std::string unit(depthUnitsText(ofStart));
+    const UnitVotes votes = askForUnit(header.facts, review, ofIndex, ofStart);
+    std::string done = "the depths are taken as " + unit;
+    if (votes.own && !votes.ofStart) {
         convert(review, ofIndex, ofStart);
-        findings.say(header.indexLine, difference + "the depths are converted to " +
-                                           std::string(depthUnitsText(ofStart)) +
-                                           " with 0.3048 m to the foot");
+        done =
+            "the depths are converted to " + unit + " with 0.3048 m to the foot, STRT, STOP or STEP shows it";
+    } else if (votes.ofStart && !votes.own) {
+        done += ", as STRT, STOP or STEP shows";
     } else {
-        findings.say(header.indexLine,
-                     difference + "the depths are taken as " + std::string(depthUnitsText(ofStart)) +
-                         (inIndexUnit ? ", they agree with the header so" : ", they do not show otherwise"));
+        done += "; STRT, STOP and STEP do not show which is right";
     }
+    findings.say(header.indexLine, "the index is in " + std::string(depthUnitsText(ofIndex)) + ", STRT in " +
+                                       unit + ": " + done);
 }
 
 } // namespace

@@ -12,9 +12,9 @@ namespace tarvik {
 /// "M", "metres", "FT.", "Feet" ...; nothing for a unit that is neither.
 [[nodiscard]] std::optional<DepthUnits> lasDepthUnits(std::string_view text);
 
-/// Settles the unit of the loaded depths: the one of STRT, else the index's own. Where the two differ and the
-/// first depth shows that the index is in its own, the depths are converted with 0.3048. A unit that is
-/// neither metres nor feet is kept. Whatever is done is said.
+/// Settles the unit of the loaded depths: the one of STRT, else the index's own. Where the two differ and
+/// STRT, STOP or STEP shows that the index is in its own, the depths are converted with 0.3048. A unit that
+/// is neither metres nor feet is kept. Whatever is done is said.
 void settleLasDepthUnit(const LasHeader& header, ReviewLog& review, LasFindings& findings);
 
 } // namespace tarvik

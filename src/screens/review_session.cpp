@@ -31,21 +31,19 @@ bool ReviewSession::openSecond(const Path& file) {
     return true;
 }
 
-/// A LAS file that is refused can be read tolerantly: every repair is then in the event log.
+/// A LAS file that is refused, or shows no row, can be read tolerantly: every repair is then in the event
+/// log.
 std::optional<ReviewLog> ReviewSession::read(const Path& file) {
-    const auto las = program_.errors.run("Review open", std::optional<bool>(), [&](Level&) {
-        return std::optional(isLasFile(program_.files, file));
-    });
-    if (!las) return std::nullopt; // the error has been shown
-    if (!*las) return program_.runReader.Tarvikfileopen(file, progress());
-    if (auto log = program_.lasReader.LASfileopen(file, progress())) return log;
-    if (program_.frame.operatorSide.ask(
-            "LAS file",
-            "The file does not follow LAS 2.0 to the letter. The event log says where.\n"
-            "Read it tolerantly? Each repair is listed, no value is invented.",
-            Icon::question) == Answer::no) {
-        return std::nullopt;
-    }
+    if (!isLasFile(program_.files, file)) return program_.runReader.Tarvikfileopen(file, progress());
+    LasOpening opening = program_.lasReader.LASfileopen(file, progress());
+    if (!opening.tolerantMayHelp) return std::move(opening.log);
+    const std::string_view what =
+        opening.log ? "The file is LAS 2.0, but no row of its data could be read. The event log says why.\n"
+                    : "The file does not follow LAS 2.0 to the letter. The event log says where.\n";
+    const std::string question =
+        std::string(what) + "Read it tolerantly? Each repair is listed, no value is invented.";
+    if (program_.frame.operatorSide.ask("LAS file", question, Icon::question) == Answer::no)
+        return std::move(opening.log);
     return program_.lasReader.openTolerantly(file, progress());
 }
 

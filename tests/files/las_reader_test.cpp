@@ -40,7 +40,7 @@ struct LasFiles : RunFiles {
     std::optional<ReviewLog> read(std::string_view text, bool tolerant = false,
                                   const Progress& progress = {}) {
         files.put(lasFile, text);
-        return tolerant ? las.openTolerantly(lasFile, progress) : las.LASfileopen(lasFile, progress);
+        return tolerant ? las.openTolerantly(lasFile, progress) : las.LASfileopen(lasFile, progress).log;
     }
     Operator operatorSide;
     LasFileReader las{trap, log, operatorSide, files};
@@ -268,9 +268,28 @@ TEST(LasRow, NumbersAreTheNearest) {
     }
 }
 
-TEST(LasReader, ADamagedDiskIsAnErrorUnderTheRoutinesName) {
+/// What cannot be read goes by its name, and is one error under the routine's own; reading it tolerantly
+/// would not help.
+TEST(LasReader, ADamagedDiskIsOneErrorUnderTheRoutinesName) {
     LasFiles las;
-    EXPECT_FALSE(las.las.LASfileopen("missing.las"));
+    EXPECT_TRUE(isLasFile(las.files, "missing.Las"));
+    EXPECT_FALSE(isLasFile(las.files, "missing.txt"));
+    const LasOpening opening = las.las.LASfileopen("missing.las");
+    EXPECT_FALSE(opening.log || opening.tolerantMayHelp);
     ASSERT_EQ(las.errors.reports.size(), 1U);
     EXPECT_EQ(las.errors.reports[0].routine, "Logdisplay1-LASfileopen");
+    EXPECT_THAT(las.operatorSide.messages, IsEmpty());
+}
+
+TEST(LasReader, TolerantReadingIsOfferedWhereItMayHelp) {
+    LasFiles las;
+    std::string text = sound();
+    las.files.put(lasFile, text);
+    EXPECT_FALSE(las.las.LASfileopen(lasFile).tolerantMayHelp);
+    replace(text, "1 10 20\n2 11 21", "1,10,20\n2,11,21");
+    las.files.put(lasFile, text);
+    EXPECT_TRUE(las.las.LASfileopen(lasFile).tolerantMayHelp) << "it opens, but without a row";
+    replace(text, "STEP", "STOP");
+    las.files.put(lasFile, text);
+    EXPECT_TRUE(las.las.LASfileopen(lasFile).tolerantMayHelp) << "it is refused";
 }

@@ -64,7 +64,7 @@ struct Road {
         return files.text("out.las");
     }
     std::string again(bool tolerant) {
-        const auto log = tolerant ? reader.openTolerantly("out.las") : reader.LASfileopen("out.las");
+        const auto log = tolerant ? reader.openTolerantly("out.las") : reader.LASfileopen("out.las").log;
         return log ? exported(*log, lasOptionsFor(*log)) : "not opened";
     }
 
@@ -106,7 +106,7 @@ TEST(LasRoundTrip, WhatAnImportedFileSaysHoldsUnlessAskedOtherwise) {
     Road road;
     road.exported(run(DepthUnits::metres, 50),
                   {.nullText = "-9999", .decimals = 3, .filters = {{"Speed", "5"}}});
-    const auto log = road.reader.LASfileopen("out.las");
+    const auto log = road.reader.LASfileopen("out.las").log;
     ASSERT_TRUE(log);
     EXPECT_EQ(log->channels[0].filteredOver, 5);
     LasExportOptions options = lasOptionsFor(*log);
