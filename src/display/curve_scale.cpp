@@ -4,12 +4,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace tarvik {
 
 bool isUsable(const CurveScale& scale) {
     if (!std::isfinite(scale.left) || !std::isfinite(scale.right) || scale.left == scale.right) return false;
-    return scale.kind == ScaleKind::linear || (scale.left > 0 && scale.right > 0);
+    if (scale.kind == ScaleKind::linear) return std::isfinite(1 / (scale.right - scale.left));
+    // Below the smallest normal number there are no decades to count.
+    constexpr double least = std::numeric_limits<double>::min();
+    return scale.left >= least && scale.right >= least && std::log10(scale.left) != std::log10(scale.right);
 }
 
 ScaleMap::ScaleMap(const CurveScale& scale) : kind_(scale.kind) {

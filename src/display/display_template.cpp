@@ -3,6 +3,7 @@
 #include "base/failure.h"
 #include "base/number_picture.h"
 #include "base/text.h"
+#include "display/display_edits.h"
 
 #include <algorithm>
 #include <array>
@@ -164,6 +165,7 @@ void setCurve(LogCurve& curve, const Entry& entry) {
     } else if (entry.key == "off_scale") {
         curve.offScale = entry.choice<OffScale>(offScaleNames);
     } else if (entry.key == "filter") {
+        if (!filterProblem(entry.value).empty()) entry.fail("None, or a whole number of points");
         curve.filter = entry.value;
     } else if (entry.key == "shown") {
         curve.shown = entry.choice<bool>(answers);
@@ -194,11 +196,14 @@ class Reader {
 
     LogDisplay finish() && {
         if (display_.tracks.empty()) Entry{file_, line_, "", ""}.fail("at least one [track]");
+        auto line = curveLines_.begin();
         for (const Track& track : display_.tracks) {
             for (const LogCurve& curve : track.curves) {
+                const std::size_t begun = *line++;
                 if (isUsable(curve.scale)) continue;
                 throw Failure(ErrorNumber::badFile,
-                              std::string(file_) + ": the scale of \"" + curve.channel +
+                              std::string(file_) + ", line " + std::to_string(begun) + ": the scale of \"" +
+                                  curve.channel +
                                   "\" has equal ends, or is logarithmic with an end of 0 or less");
             }
         }
@@ -215,6 +220,7 @@ class Reader {
         } else if (section_ == "curve") {
             if (display_.tracks.empty()) entry.fail("a [track] before it");
             display_.tracks.back().curves.emplace_back();
+            curveLines_.push_back(line_);
         } else if (section_ != "display") {
             entry.fail("[display], [track] or [curve]");
         }
@@ -223,6 +229,7 @@ class Reader {
     std::string_view file_;
     std::size_t line_ = 0;
     std::string_view section_;
+    std::vector<std::size_t> curveLines_; ///< where each curve begins, in the order of the file
     LogDisplay display_;
 };
 

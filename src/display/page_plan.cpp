@@ -44,7 +44,7 @@ class Planner {
             }
         }
         fill(page, at);
-        while (left_ > enough) {
+        while (left_ > enough && plan_.pages.size() < mostPages) {
             PlannedPage next;
             next.repeated = pageOverlap;
             done_ -= pageOverlap;

@@ -4,6 +4,7 @@
 // what does not fit goes onto the next page.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -51,6 +52,8 @@ constexpr double pageOverlap = 10; ///< mm that a page repeats of the one before
 constexpr double footerHeight = 6; ///< mm
 /// Readers of PDF go no further than 200 inches.
 constexpr double longestPage = 5000;
+/// A plan ends here, though the log goes on: a mistyped depth or scale must not fill the memory.
+constexpr std::size_t mostPages = 10'000;
 
 [[nodiscard]] PagePlan planPages(const PageRequest& request);
 

@@ -25,14 +25,14 @@ LineKind otherLine(LineKind line) {
 
 } // namespace
 
-LogDisplay overlaid(const LogDisplay& display, const LogData& second) {
+// What the second run lacks keeps its column: equally spaced, the others would move to the left.
+LogDisplay overlaid(const LogDisplay& display) {
     constexpr double tint = 0.72; // of the ink: paler, still told from the ground
     LogDisplay over = display;
     over.marks.clear();
     over.depthTrack.speedBar = false;
     for (Track& track : over.tracks) {
         for (LogCurve& curve : track.curves) {
-            if (second.find(curve.channel) == nullptr) curve.shown = false;
             curve.style.ownColour = blended(display.scheme.surface, colourOf(curve, display.scheme), tint);
             curve.style.line = otherLine(curve.style.line);
             curve.style.fill = FillKind::none;

@@ -10,9 +10,9 @@
 
 namespace tarvik {
 
-/// The curves of the display that the second run has too, each drawn so that it is not taken for the first
-/// run's: another line style, thinner, in a tint of its ink, without fill. No marks.
-[[nodiscard]] LogDisplay overlaid(const LogDisplay& display, const LogData& second);
+/// The curves of the display for the second run (one it lacks is not drawn), each so that it is not taken for
+/// the first run's: another line style, thinner, in a tint of its ink, without fill. No marks.
+[[nodiscard]] LogDisplay overlaid(const LogDisplay& display);
 
 /// The display for a run shown beside the first; with marks of its own.
 [[nodiscard]] LogDisplay beside(const LogDisplay& display, const LogData& second,

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "display/bullseye.h"
 #include "display/default_display.h"
+#include "display/display_edits.h"
 #include "display/display_template.h"
 #include "display/print_order.h"
 
@@ -26,7 +27,7 @@ double scaleFrom(const std::string& text) {
 /// "NAME=N"; the name may hold an equals sign, the number cannot.
 void setFilter(LogDisplay& display, const std::string& text) {
     const auto equals = text.rfind('=');
-    if (equals == std::string::npos || !parseInteger(std::string_view(text).substr(equals + 1))) {
+    if (equals == std::string::npos || !filterProblem(std::string_view(text).substr(equals + 1)).empty()) {
         throw UsageError("--filter expects NAME=POINTS, not \"" + text + "\"");
     }
     const std::string name = text.substr(0, equals);

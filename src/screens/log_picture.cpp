@@ -104,7 +104,7 @@ void LogPicture::layUnder() {
     if (!painter_) return;
     if (!second_ || second_->how != Comparison::over) return painter_->setUnder({});
     painter_->setUnder([this](QPainter& painter, const DisplayView& view, const Band& band) {
-        second_->painter.paintCurves(painter, overlaid(drawn_, second_->data), second_->data, view, band);
+        second_->painter.paintCurves(painter, overlaid(drawn_), second_->data, view, band);
     });
 }
 

@@ -61,7 +61,8 @@ TEST(Templates, SayTheLineThatCannotBeRead) {
         {"[track]\n[curve]\ncolour =", "line 3: colour"},
         {"[track]\n[curve]\nleft = nan", "line 3: left = nan"},
         {"[track]\n[curve]\nchannel = Res\nscale = logarithmic\nleft = 0",
-         "the scale of \"Res\" has equal ends"},
+         "t, line 2: the scale of \"Res\" has equal ends"},
+        {"[track]\n[curve]\nfilter = 0", "line 3: filter = 0; expected is None, or a whole number"},
         {"[track]\nwidth", "line 2: width = ; expected is key = value"},
         {"[track]\ncolour = red", "line 2: colour = red; expected is another key of a track"},
     };

@@ -11,6 +11,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 namespace tarvik {
 namespace {
 
@@ -122,22 +125,36 @@ TEST(Annotations, OfTheHoleAreThoseWithinTheLogAndComeOnce) {
     EXPECT_EQ(display.marks[1].text, "soft");
 }
 
-TEST(SecondRun, IsDrawnOtherwiseAndOnlyWhereItHasTheCurve) {
+TEST(SecondRun, IsDrawnOtherwiseInTheSameColumns) {
     const ReviewLog first = logOf(100, 0.5, {"Gamma", "Res"});
     ReviewLog second = logOf(300, 0.5, {"Gamma"});
     const LogData a = logDataOf(first);
     const LogData b = logDataOf(second);
     LogDisplay display = displayOf({{curveOf("Gamma", 0, 150)}, {curveOf("Res", 0, 1)}});
     display.marks = {{5, MarkKind::casing, "Casing"}};
-    const LogDisplay over = overlaid(display, b);
+    const LogDisplay over = overlaid(display);
     EXPECT_NE(over.tracks[0].curves[0].style.line, display.tracks[0].curves[0].style.line);
     EXPECT_EQ(over.tracks[0].curves[0].scale, display.tracks[0].curves[0].scale);
-    EXPECT_FALSE(over.tracks[1].curves[0].shown);
+    // Equally spaced, "Res" keeps its column: the curves behind it stand below their heads.
+    EXPECT_EQ(equallySpaced(over).tracks.size(), equallySpaced(display).tracks.size());
     EXPECT_TRUE(over.marks.empty());
     EXPECT_EQ(missingIn(display, b), "Res");
     EXPECT_EQ(extentOfBoth(a, b, Axis::depth).to, 149.5);
     EXPECT_EQ(extentOfBoth(a, LogData{}, Axis::depth).to, 49.5);
     EXPECT_EQ(beside(display, b, {}).tracks[1].curves.size(), 1U);
+}
+
+TEST(PrintOrders, EndWhereNobodyWouldPrintOn) {
+    const PagePlan plan = planPages({*paperNamed("A4"), 0, 20, 0, 1e30, 0.2});
+    EXPECT_EQ(plan.pages.size(), mostPages);
+}
+
+TEST(Scales, WithoutDistinctEndsAreNotUsable) {
+    constexpr double smallest = std::numeric_limits<double>::denorm_min();
+    EXPECT_FALSE(isUsable({ScaleKind::linear, 0, smallest}));
+    EXPECT_FALSE(isUsable({ScaleKind::logarithmic, smallest, 1}));
+    EXPECT_FALSE(isUsable({ScaleKind::logarithmic, 1e20, std::nextafter(1e20, 2e20)}));
+    EXPECT_TRUE(isUsable({ScaleKind::logarithmic, 1e-30, 1e30}));
 }
 
 TEST(PrintOrders, SayWhatTheyCostAndAreRemembered) {
