@@ -12,10 +12,11 @@ struct LinkState {
     std::int32_t baud = 0; ///< the speed at which the LCU answered
     std::string model;     ///< "LCU2Plus", "LCU4", or empty when none was found
     std::string firmware;
-    std::int32_t status = -1; ///< last status byte; -1 before one was received
-    std::string statusText;   ///< empty when good
-    double modelFactor = 1.0; ///< depth counts of an LCU4 are quarter centimetres: 0.25
-    bool toolPower = false;   ///< set by whoever powers the tool up, cleared by the power-down
+    std::int32_t status = -1;   ///< last status byte; -1 before one was received
+    std::string statusText;     ///< empty when good
+    double modelFactor = 1.0;   ///< depth counts of an LCU4 are quarter centimetres: 0.25
+    bool toolPower = false;     ///< set by whoever powers the tool up, cleared by the power-down
+    bool powerDoubtful = false; ///< the last power-down was not confirmed: the tool may still be live
 
     bool busy = false;            ///< an exchange is under way; held through LinkClaim (lcu/link_claim.h)
     bool acquiring = false;       ///< scans are wanted or coming: no box may wait for the operator

@@ -172,6 +172,7 @@ LinkResult LcuCommands::powerOff() {
             log_.red("Problems powering down LCU");
         }
         link_.toolPower = false;
+        link_.powerDoubtful = result != LinkResult::good;
         showLink();
         return result;
     });

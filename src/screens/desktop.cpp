@@ -247,15 +247,16 @@ void Desktop::offerToStop() {
                                       QMessageBox::NoButton, &screen());
     box->setObjectName("boxstopandclose");
     box->setAttribute(Qt::WA_DeleteOnClose);
-    auto* const stop = box->addButton("Stop and close", QMessageBox::AcceptRole);
+    auto* const stop = box->addButton("&Stop and close", QMessageBox::AcceptRole);
     stop->setObjectName("comstopandclose");
-    box->setDefaultButton(box->addButton("Go on logging", QMessageBox::RejectRole));
+    box->setDefaultButton(box->addButton("&Go on logging", QMessageBox::RejectRole));
     QObject::connect(stop, &QPushButton::clicked, [this] {
         if (!acquisition_->running()) return closeRequested();
         acquisition_->whenEnded([this] { QTimer::singleShot(0, [this] { closeRequested(); }); });
         acquisition_->stop();
     });
-    box->open();
+    box->setModal(false); // the stop key works beside it
+    box->show();
 }
 
 /// Nothing is lost by stopping it: no question is worth it.

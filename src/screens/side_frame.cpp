@@ -96,6 +96,7 @@ void SideFrame::showLink(const LinkState& link) {
     }
     const bool well = model != nullptr && link.status == model->healthyStatus;
     setLamp(*boxLamp_, well, model == nullptr ? "No LCU" : qt(link.model) + (well ? " ready" : " not ready"));
+    if (link.powerDoubtful) return setLamp(*powerLamp_, false, "Tool power unknown");
     setLamp(*powerLamp_, link.toolPower, link.toolPower ? "Tool power on" : "Tool power off");
 }
 

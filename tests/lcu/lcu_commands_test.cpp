@@ -72,6 +72,18 @@ TEST(LcuCommands, TheLastStatusDecidesAndThePowerStateIsClearedAnyway) {
     EXPECT_EQ(bench.lines.lines.back(), "2LCU reset error");
 }
 
+TEST(LcuCommands, APowerDownThatNobodyConfirmsLeavesThePowerInDoubt) {
+    LcuBench bench;
+    bench.connect(lcu2Plus);
+    bench.link.toolPower = true;
+    const std::string bad{'Q', 1};
+    bench.serial.answer("Q", {{{bad}}, {{bad}}, {{bad}}, {{std::string{'Q', char(129)}}}});
+    EXPECT_EQ(bench.lcu.LCU_PowerOFF_Reset(), LinkResult::failed);
+    EXPECT_TRUE(bench.link.powerDoubtful);
+    EXPECT_EQ(bench.lcu.LCU_PowerOFF_Reset(), LinkResult::good);
+    EXPECT_FALSE(bench.link.powerDoubtful);
+}
+
 TEST(LcuCommands, StatusAnswers) {
     struct Case {
         const char* legend;
