@@ -5,6 +5,7 @@
 #include "display/display_view.h"
 #include "drawing/canvas.h"
 
+#include <QFile>
 #include <QImage>
 #include <QPageSize>
 #include <QPdfWriter>
@@ -35,6 +36,12 @@ void needOnePage(const Path& file, bool fits) {
     if (!fits) fail(file, "the log is too long for one picture; take a PDF, a smaller scale or a part of it");
 }
 
+/// The painters do not tell of a full disk, the file does.
+void needWhole(const Path& file, bool painted, QFile& out) {
+    if (painted && out.flush() && out.error() == QFileDevice::NoError) return;
+    fail(file, "was not written whole; is the disk full?");
+}
+
 void writePng(const Path& file, const PictureSize& size, const PaintPage& paint) {
     const double perMillimetre = size.dotsPerInch / millimetresPerInch;
     const double height = std::ceil(size.height * perMillimetre);
@@ -52,7 +59,9 @@ void writePng(const Path& file, const PictureSize& size, const PaintPage& paint)
 }
 
 void writePdf(const Path& file, const PictureSize& size, const std::string& title, const PaintPage& paint) {
-    QPdfWriter writer(nameOf(file));
+    QFile out(nameOf(file));
+    if (!out.open(QIODevice::WriteOnly)) failToOpen(file);
+    QPdfWriter writer(&out);
     writer.setCreator(QStringLiteral("Tarvik"));
     writer.setTitle(qText(title));
     writer.setResolution(pdfDotsPerInch);
@@ -65,7 +74,7 @@ void writePdf(const Path& file, const PictureSize& size, const std::string& titl
         if (page > 0) writer.newPage();
         paint(painter, page, pdfDotsPerInch / millimetresPerInch, true);
     }
-    if (!painter.end()) fail(file, "was not written whole; is the disk full?");
+    needWhole(file, painter.end(), out);
 }
 
 void writeSvg(const Path& file, const PictureSize& size, const std::string& title, const PaintPage& paint) {
@@ -73,8 +82,10 @@ void writeSvg(const Path& file, const PictureSize& size, const std::string& titl
     const double perMillimetre = svgDotsPerInch / millimetresPerInch;
     const QSize units(static_cast<int>(std::ceil(size.width * perMillimetre)),
                       static_cast<int>(std::ceil(size.height * perMillimetre)));
+    QFile out(nameOf(file));
+    if (!out.open(QIODevice::WriteOnly)) failToOpen(file);
     QSvgGenerator generator;
-    generator.setFileName(nameOf(file));
+    generator.setOutputDevice(&out);
     generator.setResolution(svgDotsPerInch);
     generator.setSize(units);
     generator.setViewBox(QRect(QPoint(0, 0), units));
@@ -82,7 +93,7 @@ void writeSvg(const Path& file, const PictureSize& size, const std::string& titl
     QPainter painter;
     if (!painter.begin(&generator)) failToOpen(file);
     paint(painter, 0, perMillimetre, true);
-    if (!painter.end()) fail(file, "was not written whole; is the disk full?");
+    needWhole(file, painter.end(), out);
 }
 
 std::string ending(const Path& file) {

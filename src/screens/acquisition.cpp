@@ -14,6 +14,8 @@ namespace tarvik {
 
 namespace {
 
+constexpr int mayStayUnanswered = 2; // times in a row that an idle box is asked for its depth
+
 QString orNone(std::string_view name, const char* none) {
     const std::string_view text = trimmed(name);
     return text.empty() ? QString(none) : qt(text);
@@ -60,8 +62,13 @@ void Acquisition::watchDepth() {
     const LinkState& link = program_.link;
     if (!gate_.open() || running() || !link.open() || link.model.empty()) return;
     if (QApplication::activeModalWidget() != nullptr || program_.state.mode != programMode::acquire) return;
-    if (const auto centimetres = program_.lcu.LCU_getdepth())
-        screen_.side().instrument().showDepth(*centimetres / 100.0);
+    const auto centimetres = program_.lcu.LCU_getdepth();
+    if (centimetres) screen_.side().instrument().showDepth(*centimetres / 100.0);
+    unanswered_ = centimetres ? 0 : unanswered_ + 1;
+    if (const bool lost = unanswered_ >= mayStayUnanswered; lost != link.lost) {
+        program_.lcu.setLost(lost);
+        show();
+    }
     gate_.exchangeEnded();
 }
 

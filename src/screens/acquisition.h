@@ -46,6 +46,7 @@ class Acquisition {
     std::unique_ptr<RunModules> modules_;
     std::unique_ptr<LoggingRun> run_;
     std::function<void()> whenEnded_;
+    int unanswered_ = 0; ///< times in a row that the idle box has not told its depth
 };
 
 } // namespace tarvik

@@ -304,7 +304,11 @@ TEST(PlotVerb, SaysWhatIsWrong) {
         std::string said;
     };
     const std::string out = (folder / "a.png").string();
+    for (const char* full : {"full.pdf", "full.svg"})
+        std::filesystem::create_symlink("/dev/full", folder / full);
     const std::vector<Case> cases{
+        {{"-o", (folder / "full.pdf").string()}, 1, "is the disk full?"},
+        {{"-o", (folder / "full.svg").string()}, 1, "is the disk full?"},
         {{}, 2, "-o OUT.png, OUT.pdf or OUT.svg is missing"},
         {{"-o", "a.jpg"}, 1, "a plot is a .png, a .pdf or an .svg file"},
         {{"-o", (folder / "no/a.png").string()}, 1, "is there such a folder"},

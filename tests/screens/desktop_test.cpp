@@ -35,6 +35,22 @@ TEST(DesktopTest, ARunFromTheMainScreenIsOnFileAndTheToolIsPoweredDown) {
     EXPECT_GE(review->steps(), 20U);
 }
 
+TEST(DesktopTest, AnIdleBoxThatStopsAnsweringIsCalledLostUntilItAnswers) {
+    Truck truck;
+    truck.acquire();
+    Acquisition& acquisition = truck.desktop->acquisition();
+    const auto& start = control<QAbstractButton>(truck.screen(), "comstartlogging");
+    truck.serial.failNext("ComPuts", -5, 2);
+    acquisition.watchDepth();
+    EXPECT_TRUE(start.isEnabled()) << "one answer may go astray";
+    acquisition.watchDepth();
+    EXPECT_TRUE(truck.p().link.lost);
+    EXPECT_FALSE(start.isEnabled());
+    acquisition.watchDepth();
+    EXPECT_FALSE(truck.p().link.lost);
+    EXPECT_TRUE(start.isEnabled());
+}
+
 TEST(DesktopTest, TheStopKeyWorksInAnyWindow) {
     Truck truck;
     truck.acquire();
