@@ -6,17 +6,13 @@ Usage: console_road.py CASE --bin DIR --tools DIR
 
 What must come back stands in the tables below, written from the protocol and not from the program.
 """
-import argparse
-import pathlib
 import re
 import signal
 import subprocess
-import sys
-import tempfile
 import time
 
 import scans
-from road_test import Field, check
+from field import check, drive
 
 HEALTHY = {"LCU2Plus": 0x81, "LCU4": 0x91}
 DEPTH = 1234  # cm, set before it is asked for
@@ -170,22 +166,5 @@ def lcu4(field):
     every_command(field, "LCU4")
 
 
-def main():
-    cases = {case.__name__: case for case in (lcu2plus, lcu4, misbehaving)}
-    parser = argparse.ArgumentParser()
-    parser.add_argument("case", choices=cases)
-    parser.add_argument("--bin", type=pathlib.Path, required=True)
-    parser.add_argument("--tools", type=pathlib.Path, required=True)
-    options = parser.parse_args()
-    with tempfile.TemporaryDirectory() as folder:
-        field = Field(options, pathlib.Path(folder), scans.K240)
-        try:
-            field.own_equipment()
-            cases[options.case](field)
-        finally:
-            field.stop_box()
-    print("passed")
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    drive([lcu2plus, lcu4, misbehaving])
