@@ -139,7 +139,10 @@ void LoggingRun::logHead(const RunOrder& order) {
 
 bool LoggingRun::prepareAndStream() {
     RunPreparation preparation(modules_, run_.header.setup);
-    if (!preparation.prepare()) return false;
+    if (!preparation.prepare()) {
+        if (preparation.stopped()) modules_.log.black("Stopped before the first scan, nothing was written");
+        return false;
+    }
     run_.scanSetup =
         prepareScans(modules_.equipment.currentTool(), modelNamed(modules_.link.model), run_.header.setup);
     modules_.view.runStarted(run_.header, run_.file);

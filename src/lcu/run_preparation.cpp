@@ -20,9 +20,9 @@ bool RunPreparation::prepare() {
     sayRoundedStep();
     modules_.link.toolPower = true;
     setUpTool();
-    if (!sendToolCommands()) return false;
+    if (!sendToolCommands() || stopped()) return false;
     logFirmware();
-    return true;
+    return !stopped();
 }
 
 std::string RunPreparation::sampling() const {
@@ -43,8 +43,13 @@ const LcuModel& RunPreparation::model() const {
     throw Failure(ErrorNumber::internal, "No LCU is connected. Search for it first.");
 }
 
+/// The commands together take seconds: who stops the run then need not wait for all of them.
+bool RunPreparation::stopped() const {
+    return !modules_.state.logging || modules_.view.stopRequested();
+}
+
 bool RunPreparation::send(const std::string& command) {
-    return modules_.lcu.LCU_Command(command) == LinkResult::good;
+    return !stopped() && modules_.lcu.LCU_Command(command) == LinkResult::good;
 }
 
 /// The changed texts are what is sent. The factors are worked out in any case: a run must not start with

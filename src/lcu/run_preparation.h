@@ -12,8 +12,12 @@ class RunPreparation {
   public:
     RunPreparation(RunModules& modules, const RunSetup& setup) : modules_(modules), setup_(setup) {}
 
-    /// False when a command failed (it has been explained); the run then closes without a stream.
+    /// False when a command failed (it has been explained) or the operator stopped between two commands; the
+    /// run then closes without a stream, and without a file.
     [[nodiscard]] bool prepare();
+
+    /// By the operator, between two commands.
+    [[nodiscard]] bool stopped() const;
 
     /// What `prepare` sends as the sampling command: also sent when a lost box comes back.
     [[nodiscard]] std::string sampling() const;

@@ -177,6 +177,15 @@ TEST(LoggingRun, ACommandThatFailsEndsTheStartWithTheClosingSteps) {
     EXPECT_THAT(rig.runLines(), testing::Contains("1Logging run finished - time elapsed 0.0 mins"));
 }
 
+TEST(LoggingRun, StoppedWhileTheBoxIsPreparedItIsPoweredDownAndLeavesNoFile) {
+    RunRig rig;
+    rig.view.stopBeforeStreamMs = rig.clock.tickMs() + 2000;
+    EXPECT_EQ(rig.startLogging(), RunResult::failed);
+    EXPECT_EQ(rig.heard(), "X Q P Q Q TD+5 Q MUX Q X Q P Q Q");
+    EXPECT_FALSE(rig.files.exists(rig.file()));
+    EXPECT_THAT(rig.runLines(), testing::Contains("0Stopped before the first scan, nothing was written"));
+}
+
 TEST(LoggingRun, FactorsOfTheResistivityToolAndItsConstant) {
     RunRig rig({.tool = "K240"});
     rig.startLogging();

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <limits>
 #include <set>
 
 #include <gtest/gtest.h>
@@ -28,8 +29,9 @@ class RigView final : public RunView {
         return choice;
     }
     bool stopRequested() override {
+        if (!started) return clock_.tickMs() >= stopBeforeStreamMs;
         if (atPass) atPass();
-        return kept >= stopAfterKept || (started && clock_.tickMs() - startTick_ >= stopAfterMs);
+        return kept >= stopAfterKept || clock_.tickMs() - startTick_ >= stopAfterMs;
     }
     bool recording() override { return record; }
     void setRecording(bool on) override { record = on; }
@@ -53,6 +55,7 @@ class RigView final : public RunView {
 
     long stopAfterKept = 12;
     std::int64_t stopAfterMs = 120'000;
+    std::int64_t stopBeforeStreamMs = std::numeric_limits<std::int64_t>::max();
     RunChoice choice = RunChoice::newRun;
     bool record = true;
     std::function<void()> atPass;
