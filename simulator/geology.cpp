@@ -13,11 +13,11 @@ namespace lcusim {
 namespace {
 
 constexpr double layerThickness = 2.5; ///< metres, on average
-constexpr double borderWidth = 0.15;   ///< half the stretch over which a sensor sees both layers
+constexpr double nearReach = 0.15;     ///< half the stretch over which most sensors see both layers, metres
 constexpr double waverLength = 0.4;    ///< metres between two points of a wavering curve
 
 /// One property: what it is called, its share of the full scale in each rock and behind casing, how it grows
-/// a hundred metres, and how much it wavers within a layer.
+/// a hundred metres, how much it wavers within a layer, and how far up and down its sensor sees.
 struct Property {
     std::string_view name;
     std::string_view alsoCalled;  ///< part of channel names that mean it; empty: `name`
@@ -25,13 +25,14 @@ struct Property {
     double inCasing;
     double perHundredMetres;
     double waver;
+    double reach = nearReach;
 };
 
 constexpr std::array<double, 6> even(double value) {
     return {value, value, value, value, value, value};
 }
 
-constexpr std::array<Property, 17> properties{{
+constexpr std::array<Property, 21> properties{{
     {"gamma", "", {0.18, 0.38, 0.62, 0.12, 0.10, 0.07}, 0.05, 0, 0.04},
     {"density", "", {0.55, 0.60, 0.64, 0.18, 0.78, 0.88}, 0.92, 0, 0.02},
     {"caliper", "", {0.36, 0.34, 0.46, 0.40, 0.32, 0.31}, 0.28, 0, 0.02},
@@ -48,6 +49,12 @@ constexpr std::array<Property, 17> properties{{
     {"ph", " ph ", even(0.55), 0.55, 0, 0.01},
     {"oxygen", "oxy", even(0.40), 0.40, -0.02, 0.02},
     {"sp", " sp ", {0.30, 0.45, 0.60, 0.42, 0.50, 0.52}, 0.50, 0, 0.02},
+    // Normals: the nearer the electrodes, the more they see of the mud that has entered the rock, and the
+    // sharper a border.
+    {"resistivity_8", "\n", {0.20, 0.17, 0.11, 0.50, 0.44, 0.62}, 0.03, 0, 0.04, 0.10},
+    {"resistivity_16", "\n", {0.24, 0.18, 0.11, 0.60, 0.53, 0.72}, 0.03, 0, 0.03, 0.20},
+    {"resistivity_32", "\n", {0.28, 0.19, 0.10, 0.69, 0.60, 0.80}, 0.03, 0, 0.02, 0.40},
+    {"resistivity_64", "\n", {0.30, 0.20, 0.10, 0.75, 0.65, 0.85}, 0.03, 0, 0.02, 0.80},
     {"unknown", "\n", even(0.45), 0.45, 0, 0.25},
 }};
 
@@ -111,14 +118,15 @@ double Geology::fraction(std::size_t property, double depth) const {
     if (depth < boundary(layer)) --layer;
     if (depth >= boundary(layer + 1)) ++layer;
 
+    const double top = boundary(layer);
+    const double bottom = boundary(layer + 1);
+    const double reach = std::min(rule.reach, (bottom - top) / 2);
     double value = layerValue(property, layer);
-    const double intoLayer = depth - boundary(layer);
-    const double toNext = boundary(layer + 1) - depth;
-    if (intoLayer < borderWidth) {
-        const double share = smooth(0.5 + 0.5 * intoLayer / borderWidth);
+    if (depth - top < reach) {
+        const double share = smooth(0.5 + 0.5 * (depth - top) / reach);
         value = value * share + layerValue(property, layer - 1) * (1 - share);
-    } else if (toNext < borderWidth) {
-        const double share = smooth(0.5 + 0.5 * toNext / borderWidth);
+    } else if (bottom - depth < reach) {
+        const double share = smooth(0.5 + 0.5 * (bottom - depth) / reach);
         value = value * share + layerValue(property, layer + 1) * (1 - share);
     }
     if (depth < casingShoe_) value = rule.inCasing;
