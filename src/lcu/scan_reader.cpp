@@ -11,6 +11,8 @@ namespace {
 constexpr std::int32_t idleWaitMs = 5;
 constexpr std::int32_t pollMs = 1; // a line at 115200 baud brings 11 bytes in the meantime
 constexpr std::int32_t receiveSide = 1;
+constexpr std::int32_t pauseMs =
+    3; // between two scans nothing comes; within one a byte takes 1 ms at the most
 constexpr std::int64_t stillForMs = 50; // a remainder that takes longer is in trouble, and the screens go on
 
 /// Keeps the screens still while a remainder comes in: on a busy line a window that is painted then lets the
@@ -93,8 +95,18 @@ ScanRead ScanReader::result(ScanRead::Kind kind, std::int64_t waitedMs) const {
 ScanRead ScanReader::discarding(ScanRead::Kind kind, std::int64_t waitedMs) {
     ScanRead read = result(kind, waitedMs);
     if (kind == ScanRead::Kind::overflow2) read.received += std::max(serial_.ComStatus(link_.port), 0);
-    serial_.Com_Flush(link_.port, receiveSide);
+    discardToPause();
     return read;
+}
+
+/// Including the rest of a scan that is still coming in: its bytes would be taken for a scan of their own,
+/// with a depth and a tool current that never were. A line without pauses is not waited for.
+void ScanReader::discardToPause() {
+    const std::int64_t end = clock_.tickMs() + stillForMs;
+    do {
+        serial_.Com_Flush(link_.port, receiveSide);
+        if (serial_.ComSleepMS(link_.port, pauseMs) != 1) return;
+    } while (serial_.ComStatus(link_.port) > 0 && clock_.tickMs() < end);
 }
 
 } // namespace tarvik

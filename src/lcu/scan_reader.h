@@ -39,7 +39,8 @@ class ScanReader {
 
     /// The next scan. When no length byte waits it waits a few milliseconds for one, so that a loop around it
     /// neither spins nor keeps a stop button waiting, and returns `none`. After a time-out or an overflow
-    /// everything that waits is discarded and the next byte counts as a length byte. The caller sets the
+    /// everything that waits is discarded, up to the next pause of the line, and the next byte counts as a
+    /// length byte. The caller sets the
     /// status of the current scan to -1 then.
     ScanRead read();
 
@@ -47,6 +48,7 @@ class ScanReader {
     ScanRead readRemainder();
     ScanRead result(ScanRead::Kind kind, std::int64_t waitedMs) const;
     ScanRead discarding(ScanRead::Kind kind, std::int64_t waitedMs);
+    void discardToPause();
 
     SerialPort& serial_;
     const Clock& clock_;

@@ -115,6 +115,23 @@ TEST_F(ScanReading, OverflowsDiscardWhatWaits) {
     EXPECT_EQ(reader.read().kind, Kind::scan) << "the next byte is a length byte again";
 }
 
+TEST_F(ScanReading, ALostByteCostsTwoScansAndNoMore) {
+    serial.put("\x05"
+               "abc"); // the fourth is lost, the next scan comes in two pieces
+    serial.put("\x05"
+               "d",
+               50);
+    serial.put("efg", 51);
+    serial.put("\x05"
+               "hijk",
+               100);
+    EXPECT_EQ(reader.read().kind, Kind::overflow2);
+    ScanRead read = reader.read();
+    while (read.kind == Kind::none) read = reader.read();
+    EXPECT_EQ(read.kind, Kind::scan);
+    EXPECT_EQ(std::string(read.bytes.begin(), read.bytes.end()), "hijk");
+}
+
 TEST_F(ScanReading, TheScreensAreServedBetweenScansNotWithinOne) {
     int looks = 0;
     serial.atYield = [&] { ++looks; };
