@@ -40,8 +40,7 @@ class ScanReader {
     /// The next scan. When no length byte waits it waits a few milliseconds for one, so that a loop around it
     /// neither spins nor keeps a stop button waiting, and returns `none`. After a time-out or an overflow
     /// everything that waits is discarded, up to the next pause of the line, and the next byte counts as a
-    /// length byte. The caller sets the
-    /// status of the current scan to -1 then.
+    /// length byte. The caller sets the status of the current scan to -1 then.
     ScanRead read();
 
   private:
