@@ -1,5 +1,5 @@
-// Every screen of the program, opened as the operator opens it, on the smallest display: 1280 x 800 holds as much as
-// 1920 x 1080 at 150 % does but for a little height, so the display of these tests is 1280 x 720.
+// Every screen of the program, opened as the operator opens it, on the smallest display: 1280 x 800 holds as
+// much as 1920 x 1080 at 150 % does but for a little height, so the display of these tests is 1280 x 720.
 #include "screens/frm_buffer_overflow.h"
 #include "screens/frm_curve.h"
 #include "screens/frm_data_file_exists.h"
@@ -84,9 +84,7 @@ void choose(QWidget& screen, const char* menu, const QString& entry) {
 }
 
 struct Tour : Truck {
-    Tour() : Truck({.tool = "K240", .openScreens = true}) {
-        screen().showMaximized();
-    }
+    Tour() : Truck({.tool = "K240", .openScreens = true}) { screen().showMaximized(); }
     DesktopMemory memory{p().store};
     void open(const std::string& name, const std::string& objectName = {}) {
         inspect(objectName.empty() ? name : objectName, [&] { p().hooks.openScreen({name}); });
@@ -98,8 +96,8 @@ struct Tour : Truck {
 TEST(EveryScreen, InReview) {
     Tour tour;
     expectSound(tour.screen());
-    for (const char* name : {"frmSetup", "frmFile", "frmEventLog", "frmNoLCUFound", "frmExit", "frmAbout", "frmReadme",
-                             "frmDemo", "frmDeviation", "frmCalibrations"})
+    for (const char* name : {"frmSetup", "frmFile", "frmEventLog", "frmNoLCUFound", "frmExit", "frmAbout",
+                             "frmReadme", "frmDemo", "frmDeviation", "frmCalibrations"})
         tour.open(name);
     tour.open("frmBatchProcessing", "frmNotBuilt");
     tour.open("frmCalibTest", "frmNotBuilt");
@@ -128,7 +126,8 @@ TEST(EveryScreen, WithTheBoxAndARun) {
     for (const char* name : {"frmFile", "frmDetails", "frmLASexport", "frmDemo"}) tour.open(name);
     inspect("frmPrint", [&] { choose(tour.screen(), "menuexport", "Print"); });
     inspect("frmTrack", [&] { choose(tour.screen(), "menudisplay", "Tracks and curves"); });
-    frmCurve curve(tour.screen().picture().display(), 0, 0, {tour.memory, [](const std::optional<LogDisplay>&) {}, {}});
+    frmCurve curve(tour.screen().picture().display(), 0, 0,
+                   {tour.memory, [](const std::optional<LogDisplay>&) {}, {}});
     curve.show();
     expectSoundDialog(curve);
 }
@@ -140,11 +139,12 @@ TEST(EveryScreen, ThatReports) {
     error.showError({}, "Monday 23-Nov-26 07:00:02", "/home/crew/C/Tarvik_RunHistory/Tarvik_Errors.txt");
     expectSoundDialog(error);
     frmBufferOverflow overflow(memory);
-    overflow.showOverflow(std::vector<std::string>{"type 2", "   Byte values 001"}, {.hour = 14, .minute = 3});
+    overflow.showOverflow(std::vector<std::string>{"type 2", "   Byte values 001"},
+                          {.hour = 14, .minute = 3});
     expectSoundDialog(overflow);
-    frmDataFileExists exists({.count = 3, .latest = 4, .latestFile = "H1_K215_04.kvx", .lastRunText = "Monday"},
-                             "Depth range on file  1.00  to  48.75",
-                             {{"Sampling interval", "5 cm", "10 cm", false}}, memory);
+    frmDataFileExists exists(
+        {.count = 3, .latest = 4, .latestFile = "H1_K215_04.kvx", .lastRunText = "Monday"},
+        "Depth range on file  1.00  to  48.75", {{"Sampling interval", "5 cm", "10 cm", false}}, memory);
     exists.show();
     click(exists, "comadvanced");
     expectSoundDialog(exists);
