@@ -89,6 +89,7 @@ QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QDoubleSpinBox:focus, QPlainTe
 QTreeView:focus, QTableView:focus, QTextBrowser:focus, QGraphicsView:focus { border: 2px solid @accent; }
 QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QDoubleSpinBox:focus { padding: 4px 7px; }
 QListView#lbpages::item { padding: 6px 8px; border-radius: 4px; }
+QListView#lbpages::item:selected { background: @accent; color: @onAccent; }
 QComboBox::drop-down { border: none; width: 24px; }
 QComboBox::down-arrow { image: url(:/icons/arrow-@name.svg); width: 12px; height: 12px; }
 QRadioButton, QCheckBox { border: 1px solid transparent; border-radius: 4px; padding: 1px 4px 1px 1px; }
