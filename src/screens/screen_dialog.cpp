@@ -100,6 +100,13 @@ void ScreenDialog::buttonsLast() {
     footer_->setParent(nullptr);
     layout()->addWidget(footer_);
     footer_->show();
+    QWidget* first = nextInFocusChain();
+    while (first != this && ((first->focusPolicy() & Qt::TabFocus) == 0 || !first->isVisibleTo(this)))
+        first = first->nextInFocusChain();
+    if (!footer_->isAncestorOf(first)) return;
+    for (QPushButton* const button : footer_->findChildren<QPushButton*>()) {
+        if (button->isDefault()) button->setFocus(); // nothing but buttons: the act is ready
+    }
 }
 
 void ScreenDialog::fitScreen() {
