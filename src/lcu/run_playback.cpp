@@ -2,6 +2,7 @@
 
 #include "base/number_picture.h"
 #include "files/las_reader.h"
+#include "files/run_catalogue.h"
 #include "lcu/run_ownership.h"
 #include "lcu/tool_buttons.h"
 #include "lcu/tool_rules.h"
@@ -72,6 +73,9 @@ bool RunPlayback::load(const Path& file) {
     if (isLasFile(modules_.files, file))
         return refuse(file.filename().string() + " is a LAS file: it does not tell the time of its values. " +
                       "Choose a run file (.kvx).");
+    // A file that was chosen by mistake is no error of the program: its fault is said, not reported.
+    if (const RunRow row = describeRun(modules_.files, file); !row.problem.empty())
+        return refuse(row.problem);
     auto log = modules_.reader.Tarvikfileopen(file);
     if (!log) return false; // reported
     if (log->steps() == 0) return refuse(file.filename().string() + " holds no scans. Choose another run.");

@@ -43,7 +43,7 @@ void Demonstration::setPace(PlaybackPace pace) {
 }
 
 void Demonstration::show() {
-    if (program_.state.mode != programMode::demo) return;
+    if (program_.state.mode != programMode::demo) return leave();
     if (!program_.state.searching) screen_.status().showText("Demonstration");
     screen_.side().showLink(program_.link);
     panel().showRun(qt(choice_.file.filename().string()), qt(choice_.file.string()));
@@ -53,6 +53,13 @@ void Demonstration::show() {
     panel().setState(choice_.file.empty() ? DemoPanel::State::noRun : DemoPanel::State::ready);
     showPosition();
     screen_.side().instrument().showIdle(choice_.file.empty() ? "Choose a run to play" : "Ready to play");
+}
+
+/// What was played must not be taken for what a tool sends.
+void Demonstration::leave() {
+    if (!playback_ || running()) return;
+    playback_.reset();
+    screen_.side().instrument().clear();
 }
 
 void Demonstration::showPosition() {

@@ -37,6 +37,7 @@ class Demonstration {
 
   private:
     void playNow();
+    void leave();
     void showPosition();
     [[nodiscard]] RunViewParts demoParts();
     [[nodiscard]] DemoPanel& panel() { return screen_.side().demo(); }

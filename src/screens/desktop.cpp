@@ -48,6 +48,7 @@ bool Desktop::startUp() {
     review_->show();
     operator_.statusText("Data review mode");
     mainTimer_.start();
+    if (auto* const open = screen().findChild<QPushButton*>("comopenrun")) open->setFocus(); // not the scale
     return true;
 }
 

@@ -236,6 +236,7 @@ DiagnosticsListPanel::DiagnosticsListPanel() {
     inCorner->setContentsMargins(0, 0, 0, 4);
     inCorner->addWidget(clearLog);
     tabs->setCornerWidget(corner, Qt::TopRightCorner);
+    setTabOrder(tabs->tabBar(), clearLog);
 
     auto* const split = new QSplitter(Qt::Vertical);
     split->setChildrenCollapsible(false);
@@ -327,7 +328,7 @@ QWidget* DiagnosticsListPanel::knownPage() {
         known->setItem(at, 0, text);
         known->setItem(at, 1, meaningItem);
     }
-    known->setColumnWidth(0, 90);
+    known->setColumnWidth(0, 104);
     known->verticalHeader()->setDefaultSectionSize(tableRow);
     known->setWordWrap(false);
     auto* const column = new QVBoxLayout(page);

@@ -97,6 +97,7 @@ void FilterTable::build(const TableTexts& texts) {
     emptyText_->setAlignment(Qt::AlignCenter);
     emptyText_->setMargin(measure::wide);
     emptyText_->setProperty("role", "quiet");
+    emptyText_->setProperty("card", true); // an empty list is a list
     stack_->addWidget(table_);
     stack_->addWidget(emptyText_);
     stack_->setMinimumHeight(least);

@@ -19,7 +19,7 @@ frmAbout::frmAbout(const Version& version, const SystemTexts& system, const QStr
     head->setSpacing(16);
     auto* const picture = new QLabel;
     picture->setPixmap(icon("app").pixmap(48, 48));
-    head->addWidget(picture);
+    head->addWidget(picture, 0, Qt::AlignTop);
     auto* const names = new QVBoxLayout;
     names->addWidget(roleLabel("title", "Tarvik"));
     names->addWidget(new QLabel("Borehole geophysical logging"));

@@ -109,9 +109,9 @@ QWidget* frmCalibrations::buildDetails() {
     texts->addStretch(1);
     auto* const row = new QHBoxLayout;
     row->setSpacing(measure::wide);
-    row->addLayout(texts, 3);
-    row->addWidget(points_, 3);
-    row->addWidget(plot_, 3);
+    row->addLayout(texts, 5);
+    row->addWidget(points_, 8);
+    row->addWidget(plot_, 6);
     card->body()->addLayout(row, 1);
     return card;
 }

@@ -97,7 +97,7 @@ QWidget* frmCurve::buildScale() {
     left->setCheck([this, kind] { return qt(scaleEndProblem(kind(), plain(left_->text()))); });
     right->setCheck(
         [this, kind] { return qt(scaleProblem(kind(), plain(left_->text()), plain(right_->text()))); });
-    auto* const swap = new QPushButton("Re&verse");
+    auto* const swap = new QPushButton("Swap e&nds");
     swap->setObjectName("comreverse");
     swap->setAutoDefault(false);
     swap->setToolTip("Change the ends: what rose to the right rises to the left");

@@ -97,7 +97,7 @@ void frmDataFileExists::buildAdvanced(const std::vector<AppendRow>& comparison) 
                         .bold = !one.agrees});
     }
     table_->setRows(rows);
-    table_->setMinimumHeight(380);
+    table_->setMinimumHeight(340);
     body()->addWidget(table_, 1);
 }
 

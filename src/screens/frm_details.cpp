@@ -29,6 +29,7 @@ QWidget* scrolling(QWidget* content) {
     column->addWidget(content);
     column->addStretch(1);
     auto* const scrolled = new QScrollArea;
+    scrolled->setAccessibleName("Details");
     scrolled->setWidget(page);
     scrolled->setWidgetResizable(true);
     scrolled->setFrameShape(QFrame::NoFrame);
@@ -93,7 +94,7 @@ frmDetails::frmDetails(const ReviewLog& log, const Path& file, DesktopMemory& me
             });
     connect(addPrimaryButton("comclose", "Close"), &QPushButton::clicked, this, [this] { accept(); });
     setMinimumSize(640, 420);
-    resize(920, 540);
+    resize(1080, 580);
 }
 
 QWidget* frmDetails::runPage(const ReviewLog& log, const Path& file) {

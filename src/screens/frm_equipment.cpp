@@ -137,8 +137,7 @@ QWidget* frmEquipment::buildChannels() {
     channels_->setStyleSheet("QHeaderView::section { padding: 6px 4px; }"); // heads begin where cells begin
     channels_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     channels_->horizontalHeader()->setStretchLastSection(true);
-    connect(channels_->horizontalHeader(), &QHeaderView::sectionResized, channels_,
-            [this] { channels_->resizeRowsToContents(); });
+    connect(channels_->horizontalHeader(), &QHeaderView::sectionResized, channels_, [this] { fitRows(); });
     card->body()->addWidget(channelsVerdict_);
     card->body()->addWidget(channels_, 1);
     return card;
@@ -228,10 +227,18 @@ void frmEquipment::showChannels(const CurrentTool& tool) {
         channels_->resizeColumnToContents(column);
         channels_->setColumnWidth(column, channels_->columnWidth(column) + air);
     }
-    channels_->resizeRowsToContents(); // where a calibration came from takes two lines
+    fitRows(); // where a calibration came from takes two lines
     const bool sound = calibrationIsComplete(states);
     channelsVerdict_->setText((sound ? "" : "\u25b2  ") + qt(calibrationVerdict(states)));
     setRole(*channelsVerdict_, sound ? "good" : "warning");
+}
+
+void frmEquipment::fitRows() {
+    constexpr int air = 8;
+    channels_->resizeRowsToContents();
+    for (int row = 0; row < channels_->rowCount(); ++row) {
+        channels_->setRowHeight(row, channels_->rowHeight(row) + air);
+    }
 }
 
 void frmEquipment::showRuns(const CurrentTool& tool) {

@@ -51,6 +51,7 @@ class frmEquipment final : public ScreenDialog {
     void recallMode();
     void toolChosen();
     void showChannels(const CurrentTool& tool);
+    void fitRows();
     void showRuns(const CurrentTool& tool);
     void showDeclination();
     void use();

@@ -105,6 +105,7 @@ frmEventLog::frmEventLog(EventLogModel& model, const QString& todaysFile, Deskto
     filter_.setFilterCaseSensitivity(Qt::CaseInsensitive);
     auto* const search = new QLineEdit;
     search->setObjectName("txtfilter");
+    search->setAccessibleName("Filter the events");
     search->setPlaceholderText("Filter the events");
     search->setClearButtonEnabled(true);
     auto* const faults = new QCheckBox("Only &faults");

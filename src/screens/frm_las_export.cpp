@@ -80,9 +80,9 @@ frmLASexport::frmLASexport(const ReviewLog& log, const Path& file, const LasExpo
     grid->setColumnStretch(1, 5);
     grid->setRowStretch(1, 1);
     body()->addWidget(form_, 1);
+    fillChannels(); // before what follows it at the Tab key
     body()->addWidget(buildFile());
     buildButtons();
-    fillChannels();
     setMinimumSize(860, 620);
     resize(1040, 720);
 }
@@ -202,10 +202,12 @@ QWidget* frmLASexport::buildFile() {
     list_->setObjectName("lbexport");
     list_->setAccessibleName("Progress of the export");
     list_->setFixedHeight(76);
+    list_->hide(); // until there is something to say
     list_->setSelectionMode(QAbstractItemView::NoSelection);
     progress_->setObjectName("exportprogress");
     progress_->setAccessibleName("Share of the data lines written");
     progress_->setRange(0, 100);
+    progress_->hide();
     card->body()->addLayout(row);
     card->body()->addWidget(list_);
     card->body()->addWidget(progress_);
@@ -283,7 +285,9 @@ void frmLASexport::startExport() {
 
 void frmLASexport::runExport(const Path& file) {
     list_->clear();
+    list_->show();
     progress_->setValue(0);
+    progress_->show();
     cancelled_ = false;
     setBusy(true);
     const auto say = [this](std::string_view line) {

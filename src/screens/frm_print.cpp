@@ -15,6 +15,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QGraphicsView>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPageLayout>
@@ -160,7 +161,7 @@ void frmPrint::buildPaper(QVBoxLayout& column) {
     paper_->setCurrentText(qt(order_.paper));
     card->body()->addWidget(new Field("P&aper", paper_));
     orientation_ = addOptions(*card->body(), "Orientation",
-                              {{"optportrait", "P&ortrait"}, {"optlandscape", "&Landscape"}});
+                              {{"optportrait", "Po&rtrait"}, {"optlandscape", "&Landscape"}});
     orientation_->button(order_.landscape ? 1 : 0)->setChecked(true);
     feed_ =
         addOptions(*card->body(), "Feed", {{"optpages", "Pa&ges"}, {"optcontinuous", "&Continuous roll"}});
@@ -185,6 +186,8 @@ QWidget* frmPrint::buildPreview() {
     preview_ = new QPrintPreviewWidget(printer_.get());
     preview_->setObjectName("printpreview");
     preview_->setAccessibleName("Preview of the pages");
+    if (auto* const pages = preview_->findChild<QGraphicsView*>())
+        pages->setAccessibleName("Preview of the pages");
     preview_->fitInView();
     auto* const row = new QHBoxLayout;
     row->setSpacing(measure::gap);

@@ -12,6 +12,7 @@ frmReadme::frmReadme(DesktopMemory& memory, QWidget* parent)
     : ScreenDialog("frmReadme", "Release notes", memory, parent) {
     auto* const text = new QTextBrowser;
     text->setObjectName("txtnotes");
+    text->setAccessibleName("Release notes");
     text->document()->setDocumentMargin(20);
     text->setMarkdown(helpText("release-notes"));
     body()->addWidget(text, 1);

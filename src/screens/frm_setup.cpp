@@ -102,6 +102,7 @@ void frmSetup::buildPages() {
     for (SetupPage* const page : pages_) {
         auto* const view = new QScrollArea;
         view->setFrameShape(QFrame::NoFrame);
+        view->setFocusPolicy(Qt::NoFocus); // it follows the focus within
         view->setWidgetResizable(true);
         view->setWidget(page);
         stack_->addWidget(view);

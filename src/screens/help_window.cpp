@@ -48,6 +48,7 @@ HelpWindow::HelpWindow(DesktopMemory& memory, QWidget* parent)
     pages_->setAccessibleName("Pages of the handbook");
     pages_->setFixedWidth(240);
     text_->setObjectName("txthelp");
+    text_->setAccessibleName("Text of the page");
     text_->setOpenExternalLinks(false);
     text_->document()->setDocumentMargin(20);
     for (const Page& page : pages) pages_->addItem(page.title);

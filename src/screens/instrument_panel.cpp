@@ -27,6 +27,17 @@ QLabel* digits(const QString& objectName, int points) {
     return label;
 }
 
+/// Its foot on the line of the digits beside it.
+QLabel* unitBeside(QLabel* label, int points) {
+    QFont large;
+    large.setPointSize(points);
+    large.setWeight(QFont::DemiBold);
+    const QFont small;
+    const int descent = QFontMetrics(large).descent() - QFontMetrics(small).descent();
+    label->setContentsMargins(0, 0, 0, std::max(0, descent));
+    return label;
+}
+
 struct StateLook {
     const char* role;
     const char* shape; ///< tells the states apart without colour
@@ -91,19 +102,19 @@ InstrumentPanel::InstrumentPanel()
     grid->addWidget(roleLabel("quiet", "DEPTH"), 0, 0);
     grid->addWidget(arrow_, 1, 0);
     grid->addWidget(depth_, 1, 0, 1, 2);
-    grid->addWidget(depthUnit_, 1, 2, Qt::AlignBottom);
+    grid->addWidget(unitBeside(depthUnit_, depthPoints), 1, 2, Qt::AlignBottom);
     grid->addWidget(roleLabel("quiet", "SPEED"), 2, 0);
     grid->addWidget(speed_, 2, 1);
     auto* const speedUnit = roleLabel("quiet");
     speedUnit->setObjectName("lbspeedunit");
-    grid->addWidget(speedUnit, 2, 2, Qt::AlignBottom);
+    grid->addWidget(unitBeside(speedUnit, valuePoints), 2, 2, Qt::AlignBottom);
     grid->addWidget(roleLabel("quiet", "CURRENT"), 3, 0);
     grid->addWidget(current_, 3, 1);
-    grid->addWidget(roleLabel("quiet", "mA"), 3, 2, Qt::AlignBottom);
+    grid->addWidget(unitBeside(roleLabel("quiet", "mA"), valuePoints), 3, 2, Qt::AlignBottom);
     grid->addWidget(currentBar_, 4, 0, 1, 3);
     grid->addWidget(roleLabel("quiet", "VOLTAGE"), 5, 0);
     grid->addWidget(voltage_, 5, 1);
-    grid->addWidget(roleLabel("quiet", "V"), 5, 2, Qt::AlignBottom);
+    grid->addWidget(unitBeside(roleLabel("quiet", "V"), valuePoints), 5, 2, Qt::AlignBottom);
     grid->addWidget(prompt_, 6, 0, 1, 3);
     grid->addWidget(state_, 7, 0, 1, 3);
     grid->addWidget(why_, 8, 0, 1, 3);
@@ -122,6 +133,13 @@ void InstrumentPanel::clear() {
     currentBar_->setVisible(false);
     scans_->clear();
     setDirection(std::nullopt);
+}
+
+void InstrumentPanel::showPoweredDown() {
+    metresPerMinute_.reset();
+    showDigits();
+    for (QLabel* const label : {current_, voltage_}) label->setText(unknown);
+    currentBar_->setVisible(false);
 }
 
 void InstrumentPanel::setUnits(DepthUnits units) {

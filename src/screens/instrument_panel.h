@@ -19,6 +19,8 @@ class InstrumentPanel final : public QFrame {
 
     /// Everything unknown: no scan, no depth.
     void clear();
+    /// The run has ended: speed, current and voltage are of no tool any more, the depth stands.
+    void showPoweredDown();
     void setUnits(DepthUnits units);
     /// The arrow beside the depth; nothing while no run goes on.
     void setDirection(std::optional<Direction> direction);

@@ -36,6 +36,7 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     setObjectName("IntroScreen");
     setWindowTitle("Tarvik");
     review_->setDocumentMode(true);
+    review_->setUsesScrollButtons(false); // two tabs have room
     review_->addTab(picture_, "Lo&gs");
     review_->addTab(values_, "&Values");
     logs_->addPage(review_);

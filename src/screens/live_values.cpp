@@ -35,6 +35,13 @@ QString valueText(float value, bool calibrated) {
 
 } // namespace
 
+/// What lifts the unit onto the line of the digits, which stand in the middle of their room.
+int unitFoot(const QLabel& digits, const QLabel& unit) {
+    digits.ensurePolished();
+    const QFontMetrics large(digits.font());
+    return (digits.height() - large.height()) / 2 + large.descent() - QFontMetrics(unit.font()).descent();
+}
+
 LiveValues::LiveValues() : grid_(new QGridLayout(this)) {
     setObjectName("livevalues");
     setProperty("card", true);
@@ -97,7 +104,7 @@ void LiveValues::add(const RunChannel& channel, int at) {
     lines->setColumnStretch(1, 1);
     lines->setRowStretch(2, 1);
     grid_->addWidget(cell, at % rows_, at / rows_);
-    values_.push_back({channel.name, calibrated, cell, swatch, digits});
+    values_.push_back({channel.name, calibrated, cell, swatch, digits, unit});
 }
 
 void LiveValues::setColours(const LogDisplay& display) {
@@ -133,6 +140,7 @@ void LiveValues::fitDigits() {
         value.cell->setFixedHeight(row);
         value.digits->setStyleSheet(QString("font-size: %1px; font-weight: 600;").arg(pixels));
         value.digits->setFixedHeight(pixels * 5 / 4);
+        value.unit->setContentsMargins(0, 0, 0, unitFoot(*value.digits, *value.unit));
     }
 }
 

@@ -38,6 +38,7 @@ class LiveValues final : public QFrame {
         QWidget* cell;
         QFrame* swatch;
         QLabel* digits;
+        QLabel* unit;
     };
     void add(const RunChannel& channel, int at);
     void fitDigits();

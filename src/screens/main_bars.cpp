@@ -22,7 +22,14 @@ namespace {
 
 constexpr std::string_view scaleKey = "Log-scale";
 constexpr std::string_view paintKey = "MB-Paint"; // the scale list stands before it
+constexpr std::string_view exitKey = "MB-Exit";   // alone at the right: never pressed for its neighbour
 constexpr int iconPixels = 24;
+
+void addSpace(QToolBar& bar) {
+    auto* const space = new QWidget;
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar.addWidget(space);
+}
 
 QAction* makeAction(const CommandLook& look, QObject* owner) {
     auto* const made = new QAction(icon(qt(look.icon)), qt(look.caption), owner);
@@ -73,7 +80,8 @@ void MainBars::place(const CommandLook& look, QAction* made) {
         menu->addAction(made);
         return;
     }
-    if (look.startsGroup) bar_->addSeparator();
+    if (look.key == exitKey) addSpace(*bar_);
+    if (look.startsGroup && look.key != exitKey) bar_->addSeparator();
     if (look.key == paintKey) scalesAction_ = bar_->addWidget(scales_);
     bar_->addAction(made);
 }

@@ -11,6 +11,9 @@ class NotBuiltScreen final : public ScreenDialog {
   public:
     /// The screen by its name, such as "frmBatchProcessing".
     NotBuiltScreen(std::string_view screen, DesktopMemory& memory, QWidget* parent = nullptr);
+
+  protected:
+    void showEvent(QShowEvent* event) override;
 };
 
 } // namespace tarvik

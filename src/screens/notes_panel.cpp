@@ -22,8 +22,8 @@ constexpr std::size_t mostBytes = 1'000'000; // notes are short; a foreign file 
 NotesPanel::NotesPanel(const Files& files) : files_(files), holes_(new QComboBox), text_(new QPlainTextEdit) {
     setObjectName("notespanel");
     setProperty("card", true);
-    setMinimumWidth(220);
-    setMaximumWidth(320);
+    setMinimumWidth(200);
+    setMaximumWidth(248);
     holes_->setObjectName("lbnotes");
     holes_->setAccessibleName("Hole");
     text_->setObjectName("txtnotes");

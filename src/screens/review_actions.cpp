@@ -14,6 +14,7 @@
 
 #include <QFileDialog>
 #include <QMenu>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include <utility>
@@ -50,12 +51,13 @@ ReviewActions::ReviewActions(ReviewSession& session, Program& program, IntroScre
                             QKeySequence("Ctrl+Z"), [&picture] { picture.undo(); });
     redo_ = bar_->addButton("comredo", "\u21b7", "Do it again", QKeySequence("Ctrl+Shift+Z"),
                             [&picture] { picture.redo(); });
-    display_ = bar_->addMenu("menudisplay", "&Display", "Tracks, curves and templates");
+    display_ = bar_->addMenu("menudisplay", "Dis&play", "Tracks, curves and templates");
     QObject::connect(display_, &QMenu::aboutToShow, bar_, [this] { fillDisplayMenu(); });
     fillDisplayMenu();
     fillCompareMenu();
     fillExportMenu();
     screen.reviewPages().setCornerWidget(bar_);
+    bar_->follow(screen.reviewPages().tabBar());
     screen.reviewPages().setDocumentMode(false); // its line would go through the bar
     picture.whenChanged([this] { showState(); });
     picture.whenPicked([this](const DisplayPlace& place) { edit(place); });
@@ -155,7 +157,7 @@ void ReviewActions::loadTemplate(const Path& file) {
 // ---- A second run.
 
 void ReviewActions::fillCompareMenu() {
-    QMenu* const menu = bar_->addMenu("menucompare", "&Compare", "A second run over this one or beside it");
+    QMenu* const menu = bar_->addMenu("menucompare", "Co&mpare", "A second run over this one or beside it");
     menu->addAction("Lay another run &over this one\u2026", [this] { compare(Comparison::over); });
     menu->addAction("Show another run &beside this one\u2026", [this] { compare(Comparison::beside); });
     menu->addSeparator();

@@ -23,12 +23,11 @@ ReviewBar::ReviewBar(std::function<void(double depth)> jump)
     row->setContentsMargins(0, 0, 8, 0);
     row->setSpacing(4);
     scale_->setObjectName("lbshownscale");
-    scale_->setMinimumWidth(scale_->fontMetrics().horizontalAdvance("1:100000"));
-    depth_->setPlaceholderText("Go to depth");
+    scale_->setMinimumWidth(scale_->fontMetrics().horizontalAdvance("1:2000"));
+    depth_->setPlaceholderText("Depth");
     depth_->setAccessibleName("Go to depth");
     depth_->setToolTip("A depth of the log, then Enter (Ctrl+G)");
-    depth_->setMinimumWidth(90);
-    depth_->setMaximumWidth(170);
+    depth_->setFixedWidth(92); // beside the notes there is no room for more
     depth_->setStyleSheet("QLineEdit { padding: 1px 6px; min-height: 20px; }"); // no higher than the tabs
     row->addWidget(scale_);
     row->addWidget(depth_);
@@ -77,9 +76,19 @@ QMenu* ReviewBar::addMenu(const char* name, const QString& title, const QString&
     return menu;
 }
 
+void ReviewBar::follow(QWidget* before) {
+    for (int i = 0; i < layout()->count(); ++i) {
+        QWidget* const one = layout()->itemAt(i)->widget();
+        if ((one->focusPolicy() & Qt::TabFocus) == 0) continue;
+        setTabOrder(before, one);
+        before = one;
+    }
+}
+
 void ReviewBar::showScale(double scale, const QString& depthUnit) {
     scale_->setText("1:" + qt(formatPicture(scale, scale < 10 ? "0.#" : "0")));
-    depth_->setPlaceholderText("Go to depth, " + depthUnit.toLower());
+    const QString unit = depthUnit.toLower();
+    depth_->setPlaceholderText("Depth, " + (unit == "metres" ? "m" : unit == "feet" ? "ft" : unit));
 }
 
 } // namespace tarvik

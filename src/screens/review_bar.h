@@ -23,6 +23,8 @@ class ReviewBar final : public QWidget {
     /// A button of the row with a shortcut of its own.
     QToolButton* addButton(const char* name, const QString& text, const QString& tip,
                            const QKeySequence& keys, std::function<void()> act);
+    /// The Tab key comes to the bar after `before`, where the eye does.
+    void follow(QWidget* before);
     void showScale(double scale, const QString& depthUnit);
 
   private:

@@ -27,10 +27,11 @@ QString depthText(double depth) {
 
 QString factsOf(const ReviewLog& log, const QString& file) {
     const RunHeader& header = log.header;
-    QString rows = row("File", file) + row("Hole", qt(header.hole.holeId)) +
-                   row("Tool", qt(header.tool.name)) +
-                   row("Logged", qt(header.runDate + " " + header.startTime)) +
-                   row("Scans", QString::number(log.steps()));
+    QString rows =
+        row("File", file) + row("Hole", qt(header.hole.holeId)) +
+        (header.tool.name.empty() ? QString() : row("Tool", qt(header.tool.name))) + // of a LAS file
+        row("Logged", qt(header.runDate + " " + header.startTime)) +
+        row("Scans", QString::number(log.steps()));
     if (log.steps() > 0) {
         rows += row("Depth", depthText(log.depth.front()) + " to " + depthText(log.depth.back()) + " " +
                                  qt(log.depthUnit()));

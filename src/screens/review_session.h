@@ -16,6 +16,10 @@ class ReviewSession {
     /// All outlive the session.
     ReviewSession(Program& program, IntroScreen& screen, LinkGate& gate, DesktopMemory& memory)
         : program_(program), screen_(screen), gate_(gate), actions_(*this, program, screen, memory) {}
+    /// The views outlast the log that they show.
+    ~ReviewSession() { hand(nullptr); }
+    ReviewSession(const ReviewSession&) = delete;
+    ReviewSession& operator=(const ReviewSession&) = delete;
 
     /// False when the file cannot be read; the reason has been shown.
     bool open(const Path& file);

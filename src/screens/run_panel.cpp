@@ -38,6 +38,7 @@ QHBoxLayout* row() {
 
 RunPanel::RunPanel(RunPanelActions actions)
     : actions_(std::move(actions)),
+      hole_(roleLabel("head")),
       order_(new QLabel),
       file_(roleLabel("quiet")),
       top_(lineEdit("txttop")),
@@ -51,6 +52,8 @@ RunPanel::RunPanel(RunPanelActions actions)
       start_(button("comstartlogging", "St&art", "Prepares the tool and starts logging (F9)")),
       stop_(button("comstoplogging", "St&op", "Ends the run and powers the tool down (F10)")) {
     setProperty("card", true);
+    hole_->setObjectName("lbhole");
+    hole_->setWordWrap(true);
     order_->setObjectName("lborder");
     order_->setWordWrap(true);
     file_->setObjectName("lbfile");
@@ -73,9 +76,10 @@ RunPanel::RunPanel(RunPanelActions actions)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(8);
     auto* const head = row();
-    head->addWidget(order_, 1);
+    head->addWidget(hole_, 1);
     head->addWidget(equipment_, 0, Qt::AlignTop);
     column->addLayout(head);
+    column->addWidget(order_);
     column->addWidget(file_);
     column->addWidget(makeLimits());
     column->addWidget(makeDepthSetting());
@@ -84,6 +88,7 @@ RunPanel::RunPanel(RunPanelActions actions)
     scrolled->setWidget(fields);
     scrolled->setWidgetResizable(true);
     scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setFocusPolicy(Qt::NoFocus); // it follows the focus within
     scrolled->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scrolled->setMinimumHeight(120);
     auto* const whole = new QVBoxLayout(this);
@@ -149,9 +154,8 @@ void RunPanel::setUnits(DepthUnits units) {
 
 void RunPanel::showOrder(const QString& hole, const QString& tool, const QString& winch,
                          const QString& sampling) {
-    order_->setText(QString("<b>%1</b><br>%2<br>%3<br>%4")
-                        .arg(hole.toHtmlEscaped(), tool.toHtmlEscaped(), winch.toHtmlEscaped(),
-                             sampling.toHtmlEscaped()));
+    hole_->setText(hole);
+    order_->setText(tool + "\n" + winch + "\n" + sampling);
 }
 
 void RunPanel::showFile(const QString& file) {

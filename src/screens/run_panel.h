@@ -48,6 +48,7 @@ class RunPanel final : public QFrame {
 
     RunPanelActions actions_;
     DepthUnits units_ = DepthUnits::metres;
+    QLabel* hole_;
     QLabel* order_;
     QLabel* file_;
     QLineEdit* top_;

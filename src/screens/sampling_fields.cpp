@@ -29,9 +29,10 @@ SamplingFields::SamplingFields(const SamplingPlaces& places)
       interval_(new Field("Sampling inter&val", intervalEdit_, "seconds")) {
     intervalEdit_->setAlignment(Qt::AlignRight);
     interval_->setCheck([this] { return qt(intervalProblem(sampling(), plain(intervalEdit_->text()))); });
-    places.interval.addWidget(interval_);
     direction_ = addOptions(places.direction, "Logging direction", {{"optdown", "Do&wn"}, {"optup", "U&p"}});
     units_ = addOptions(places.units, "Depth units", {{"optmetres", "&Metres"}, {"optfeet", "&Feet"}});
+    places.interval.addWidget(
+        interval_); // where the Tab key comes to it in both screens that have the fields
     for (QButtonGroup* const group : {method_, units_}) {
         QObject::connect(group, &QButtonGroup::idClicked, interval_, [this] {
             showUnit();

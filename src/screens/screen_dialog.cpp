@@ -9,22 +9,35 @@
 #include <QShowEvent>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tarvik {
+
+namespace {
+
+constexpr QSize titleBar(0, 32); // of the window system; not known before the window is shown
+
+}
 
 ScreenDialog::ScreenDialog(const QString& objectName, const QString& title, DesktopMemory& memory,
                            QWidget* parent)
-    : QDialog(parent), memory_(memory), body_(new QVBoxLayout), buttons_(new QHBoxLayout) {
+    : QDialog(parent),
+      memory_(memory),
+      body_(new QVBoxLayout),
+      footer_(new QWidget),
+      buttons_(new QHBoxLayout(footer_)) {
     setObjectName(objectName);
     setWindowTitle(title);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     body_->setSpacing(measure::wide);
+    buttons_->setContentsMargins(0, 0, 0, 0);
     buttons_->setSpacing(measure::gap);
     buttons_->addStretch(1);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(measure::margin, measure::margin, measure::margin, measure::wide);
     column->setSpacing(measure::wide);
     column->addLayout(body_, 1);
-    column->addLayout(buttons_);
+    column->addWidget(footer_);
 }
 
 void ScreenDialog::done(int result) {
@@ -60,14 +73,43 @@ QPushButton* ScreenDialog::addSideButton(const QString& objectName, const QStrin
 void ScreenDialog::showEvent(QShowEvent* event) {
     if (!placed_) {
         placed_ = true;
-        memory_.restoreGeometry(*this);
+        const bool known = memory_.restoreGeometry(*this);
         fitScreen();
+        if (!known) centre();
+        buttonsLast();
     }
     QDialog::showEvent(event);
 }
 
+/// In the middle of the window that it belongs to; left to itself the window system drops it anywhere.
+void ScreenDialog::centre() {
+    if (parentWidget() == nullptr) return;
+    const QRect room = screen()->availableGeometry();
+    QRect place(QPoint(), size() + titleBar);
+    place.moveCenter(parentWidget()->window()->frameGeometry().center());
+    place.moveLeft(
+        std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - place.width())));
+    place.moveTop(std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - place.height())));
+    move(place.topLeft());
+}
+
+/// The Tab key comes to the buttons at the bottom after the fields, whatever was made first: what gets its
+/// parent last comes last.
+void ScreenDialog::buttonsLast() {
+    layout()->removeWidget(footer_);
+    footer_->setParent(nullptr);
+    layout()->addWidget(footer_);
+    footer_->show();
+    QWidget* first = nextInFocusChain();
+    while (first != this && ((first->focusPolicy() & Qt::TabFocus) == 0 || !first->isVisibleTo(this)))
+        first = first->nextInFocusChain();
+    if (!footer_->isAncestorOf(first)) return;
+    for (QPushButton* const button : footer_->findChildren<QPushButton*>()) {
+        if (button->isDefault()) button->setFocus(); // nothing but buttons: the act is ready
+    }
+}
+
 void ScreenDialog::fitScreen() {
-    constexpr QSize titleBar(0, 32); // of the window system; not known before the window is shown
     const QSize room = screen()->availableGeometry().size() - titleBar;
     setMinimumSize(minimumSize().boundedTo(room));
     const QSize needed = layout()->totalMinimumSize();
@@ -84,6 +126,7 @@ void ScreenDialog::scrollBody() {
     content->setLayout(body_);
     auto* const scrolled = new QScrollArea;
     scrolled->setFrameShape(QFrame::NoFrame);
+    scrolled->setFocusPolicy(Qt::NoFocus); // it follows the focus within
     scrolled->setWidgetResizable(true);
     scrolled->setWidget(content);
     column->insertWidget(0, scrolled, 1);

@@ -37,10 +37,13 @@ class ScreenDialog : public QDialog {
 
   private:
     void fitScreen();
+    void centre();
+    void buttonsLast();
     void scrollBody();
 
     DesktopMemory& memory_;
     QVBoxLayout* body_;
+    QWidget* footer_; ///< holds the buttons
     QHBoxLayout* buttons_;
     bool placed_ = false;
 };

@@ -108,6 +108,7 @@ void ScreenRunView::runEnded(const Path&, long scansWritten) {
     refresh();
     InstrumentPanel& instrument = screen_.side().instrument();
     instrument.setDirection(std::nullopt);
+    instrument.showPoweredDown();
     instrument.showIdle(scansWritten > 0 ? QString("Run ended, %1 scans on file").arg(scansWritten)
                                          : QString("Run ended, nothing on file"));
     parts_.ended();

@@ -50,8 +50,8 @@ SetupEquipmentList::SetupEquipmentList(EquipmentSort sort, const SetupModules& m
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(measure::margin);
-    row->addWidget(buildUsers(), 1);
-    row->addWidget(buildMakers(), 1);
+    row->addWidget(buildUsers(), 4);
+    row->addWidget(buildMakers(), 5); // whole names
     connect(add_, &QPushButton::clicked, this, [this] { add(); });
     connect(remove_, &QPushButton::clicked, this, [this] { remove(); });
     connect(undo_, &QPushButton::clicked, this, [this] { takeBack(); });

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "screens/field.h"
 #include "screens/qt_text.h"
+#include "screens/styles.h"
 #include "screens/theme.h"
 
 #include <QComboBox>
@@ -167,7 +168,7 @@ void SetupProjectPage::showRecent() {
         connect(button, &QPushButton::clicked, this, [this, name] { chooseProject(qt(name)); });
         recentRow_->addWidget(button);
     }
-    if (recentRow_->count() == 0) recentRow_->addWidget(wrappingLabel("None yet on this drive.", "quiet"));
+    if (recentRow_->count() == 0) recentRow_->addWidget(roleLabel("quiet", "None yet on this drive."));
     recentRow_->addStretch(1);
 }
 

@@ -43,6 +43,14 @@ SetupSampling::SetupSampling(const SetupModules& modules)
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(2, 1);
+    // One card after the other, although the units come from the fields of the sampling.
+    QWidget* before = sampling_->interval()->editor();
+    for (const char* const name : {"optallowlogging", "optmetres", "optfeet", "txtwinchscalefactor",
+                                   "txtmagneticmarker", "txtdeclination"}) {
+        auto* const next = findChild<QWidget*>(name);
+        setTabOrder(before, next);
+        before = next;
+    }
 }
 
 QWidget* SetupSampling::buildEquipment() {

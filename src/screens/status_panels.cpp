@@ -58,7 +58,8 @@ void StatusPanels::showLink(std::string_view text) {
 }
 
 void StatusPanels::showTimes(std::string_view elapsed, std::string_view completion) {
-    times_->setText(qt(elapsed) + qt(completion));
+    const char* const gap = elapsed.empty() || completion.empty() ? "" : "   ";
+    times_->setText(qt(elapsed) + gap + qt(completion));
 }
 
 void StatusPanels::showInterface(const InterfaceDisplay& display) {

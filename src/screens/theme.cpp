@@ -73,10 +73,10 @@ QWidget { font-size: 10pt; }
 QMainWindow, QDialog { background: @ground; }
 QToolTip { background: @surface; color: @text; border: 1px solid @line; padding: 4px; }
 QPushButton { background: @surface; color: @text; border: 1px solid @line; border-radius: 4px;
-              padding: 6px 16px; min-height: 20px; }
+              padding: 5px 16px; min-height: 20px; }
 QPushButton:hover { border-color: @accent; }
 QPushButton:pressed { background: @ground; }
-QPushButton:focus { border: 2px solid @accent; padding: 5px 15px; }
+QPushButton:focus { border: 2px solid @accent; padding: 4px 15px; }
 QPushButton:disabled { color: @quiet; background: @ground; border-color: @line; }
 QPushButton[primary="true"] { background: @accent; color: @onAccent; border-color: @accent; font-weight: 600; }
 QPushButton[primary="true"]:focus { border: 2px solid @text; }
@@ -84,12 +84,16 @@ QPushButton[primary="true"]:disabled { background: @line; color: @ground; border
 QLineEdit, QComboBox, QSpinBox, QDoubleSpinBox, QPlainTextEdit, QTextEdit, QTextBrowser, QListView, QTreeView,
 QTableView { background: @surface; color: @text; border: 1px solid @line; border-radius: 4px;
              selection-background-color: @accent; selection-color: @onAccent; }
-QLineEdit, QComboBox, QSpinBox, QDoubleSpinBox { padding: 4px 8px; min-height: 20px; }
+QLineEdit, QComboBox, QSpinBox, QDoubleSpinBox { padding: 5px 8px; min-height: 20px; }
 QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QDoubleSpinBox:focus, QPlainTextEdit:focus, QListView:focus,
-QTreeView:focus, QTableView:focus, QTextBrowser:focus { border: 2px solid @accent; }
-QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QDoubleSpinBox:focus { padding: 3px 7px; }
+QTreeView:focus, QTableView:focus, QTextBrowser:focus, QGraphicsView:focus { border: 2px solid @accent; }
+QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QDoubleSpinBox:focus { padding: 4px 7px; }
+QListView#lbpages::item { padding: 6px 8px; border-radius: 4px; }
+QListView#lbpages::item:selected { background: @accent; color: @onAccent; }
 QComboBox::drop-down { border: none; width: 24px; }
 QComboBox::down-arrow { image: url(:/icons/arrow-@name.svg); width: 12px; height: 12px; }
+QRadioButton, QCheckBox { border: 1px solid transparent; border-radius: 4px; padding: 1px 4px 1px 1px; }
+QRadioButton:focus, QCheckBox:focus { border-color: @accent; }
 QRadioButton::indicator, QCheckBox::indicator { width: 12px; height: 12px; border: 2px solid @quiet;
               background: @surface; }
 QRadioButton::indicator { border-radius: 8px; }
@@ -98,13 +102,14 @@ QRadioButton::indicator:checked { width: 6px; height: 6px; border: 5px solid @ac
 QCheckBox::indicator:checked { border-color: @accent; background: @accent;
               image: url(:/icons/check-@name.svg); }
 QRadioButton::indicator:disabled, QCheckBox::indicator:disabled { border-color: @line; }
-QLineEdit[wrong="true"] { border: 2px solid @bad; padding: 3px 7px; }
+QLineEdit[wrong="true"] { border: 2px solid @bad; padding: 4px 7px; }
 QLineEdit:disabled, QComboBox:disabled { background: @ground; color: @quiet; }
 QHeaderView::section { background: @ground; color: @quiet; border: none; border-bottom: 1px solid @line;
                        padding: 6px 8px; font-weight: 600; }
 QTableView::item, QTreeView::item { padding: 0 8px; }
 QTableView, QTreeView { gridline-color: @ground; alternate-background-color: @ground; }
 QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }
+QScrollArea:focus { border: 2px solid @accent; border-radius: 4px; }
 QAbstractScrollArea::corner { background: transparent; border: none; }
 QFrame[card="true"] { background: @surface; border: 1px solid @line; border-radius: 6px; }
 QLabel[role="title"] { font-size: 14pt; font-weight: 600; }
@@ -127,6 +132,7 @@ QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 3px 8p
 QToolButton:hover { background: @ground; border-color: @line; }
 QToolButton:focus { border: 1px solid @accent; }
 QToolButton:checked { background: @accent; color: @onAccent; }
+QToolButton:checked:focus { border-color: @text; }
 QToolButton:disabled { color: @faded; }
 QToolButton:checked:disabled { background: @line; color: @text; }
 QStatusBar { background: @surface; border-top: 1px solid @line; }
@@ -135,7 +141,7 @@ QTabWidget::pane { border: 1px solid @line; border-radius: 6px; background: @sur
 QTabBar::tab { background: @ground; color: @quiet; border: 1px solid @line; padding: 6px 16px;
                border-top-left-radius: 4px; border-top-right-radius: 4px; margin-right: 2px; }
 QTabBar::tab:selected { background: @surface; color: @text; border-bottom-color: @surface; font-weight: 600; }
-QTabBar::tab:focus { color: @accent; }
+QTabBar::tab:focus { color: @accent; border: 2px solid @accent; padding: 5px 15px; }
 QProgressBar { background: @ground; border: 1px solid @line; border-radius: 4px; text-align: center;
                min-height: 16px; color: @text; }
 QProgressBar::chunk { background: @accent; border-radius: 3px; }

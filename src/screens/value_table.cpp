@@ -54,13 +54,15 @@ ValueTable::ValueTable() {
     setSelectionBehavior(QAbstractItemView::SelectRows);
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(26);
-    horizontalHeader()->setDefaultSectionSize(120);
-    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setMinimumSectionSize(72);
+    horizontalHeader()->setResizeContentsPrecision(100);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter); // over their numbers
     setFrameShape(QFrame::NoFrame);
 }
 
 void ValueTable::setLog(const ReviewLog* log) {
     model_.setLog(log);
+    horizontalHeader()->resizeSections(QHeaderView::ResizeToContents);
     scrollToTop();
 }
 

@@ -194,10 +194,10 @@ TEST(RunPlaybackTest, WhatIsNoRunWithScansIsSaid) {
     EXPECT_EQ(cinema.play(), RunResult::notStarted);
     cinema.files.put("project/H1.las", "~VERSION INFORMATION\n VERS. 2.0 :\n");
     EXPECT_EQ(cinema.playback.comstartlogging("project/H1.las"), RunResult::notStarted);
-    EXPECT_EQ(cinema.operatorSide.shown.size(), 2U);
     cinema.files.put(cinema.file, "short");
     EXPECT_EQ(cinema.play(), RunResult::notStarted);
-    EXPECT_EQ(cinema.errors.reports.size(), 1U);
+    EXPECT_EQ(cinema.operatorSide.shown.size(), 3U);
+    EXPECT_TRUE(cinema.errors.reports.empty()) << "a file chosen by mistake is no error of the program";
     EXPECT_TRUE(cinema.view.started.empty());
 }
 

@@ -5,12 +5,13 @@ the simulated box on a pseudo-terminal.
 Usage: desktop_road.py --bin DIR --tools DIR [--pictures DIR]
 
 A new project and hole, a tool and a winch; the box is found and the depth set; a run by depth, in the middle of which
-the operator asks to close and goes on, and the box is unplugged and plugged in again; an append; review, LAS, exit. The
-files are then read back.
+the operator asks to close and goes on, and the box is unplugged and plugged in again; an append; review, LAS, demonstrations,
+exit. The files are then read back.
 """
 import argparse
 import json
 import pathlib
+import random
 import subprocess
 import sys
 import tempfile
@@ -113,7 +114,42 @@ def reviews(screen, truck, pictures):
     screen.key("Return")
     wait_for(truck.run_file.with_suffix(".las").exists, "the LAS file is not written")
     time.sleep(1)
-    screen.key("Escape", "ctrl+w", "ctrl+q")
+    screen.key("Escape", "ctrl+w")
+    screen.wait_for_window("Tarvik")
+
+
+def demonstrates(screen, truck):
+    """A run as it is and one that breaks off within a scan are played; what is no run is refused in plain words."""
+    torn = truck.run_file.with_name("DH-105_K240_01.kvx")
+    torn.write_bytes(truck.run_file.read_bytes()[:-20])
+    noise = truck.home / "noise.kvx"
+    noise.write_bytes(random.Random(1).randbytes(50_000))
+    whole = json.loads(truck.tarvik("info", truck.run_file, "--json"))["scans"]
+    screen.key("alt+h", "m")
+    for number, (name, scans) in enumerate([("DH-104", whole), ("DH-105", whole - 1)], start=1):
+        screen.wait_for_window("Demonstration")
+        time.sleep(1)  # the list reads on
+        screen.type(name)
+        screen.key("Tab", "End", "space", "Return")  # as fast as possible
+        wait_for(lambda: said_times(truck, "Demonstration finished") == number, f"{name} is not played to its end")
+        check(f"{scans} scans shown" in truck.log_text(), f"{name}: {truck.log_text().splitlines()[-1]}")
+        screen.wait_for_window("Tarvik")
+        screen.key("alt+c")
+    for file in (truck.run_file.with_suffix(".las"), noise):
+        screen.wait_for_window("Demonstration")
+        screen.key("alt+b")
+        screen.wait_for_window("Play a run")
+        screen.type(file)
+        screen.key("Return")
+        screen.wait_for_window("Demonstration")  # the message, not the report of an error
+        screen.key("Return")
+        screen.wait_for_window("Tarvik")
+        screen.key("alt+c")
+    screen.wait_for_window("Demonstration")
+    screen.key("Escape")
+    screen.wait_for_window("Tarvik")
+    check(said_times(truck, "Demonstration finished") == 2, "something that is no run was played")
+    screen.key("ctrl+q")
 
 
 def a_day(screen, truck, program, pictures):
@@ -122,6 +158,7 @@ def a_day(screen, truck, program, pictures):
     logs_down(screen, truck, pictures)
     appends(screen, truck, pictures)
     reviews(screen, truck, pictures)
+    demonstrates(screen, truck)
     check(program.wait(20) == 0, f"the program ended with {program.returncode}")
 
 

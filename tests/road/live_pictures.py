@@ -1,21 +1,12 @@
-#!/usr/bin/env python3
-"""Pictures of runs while they are logged: the plot, the plan view of a deviated hole, the gauges of a fluid sampler.
-
-Usage: live_pictures.py --bin DIR --tools DIR --pictures DIR
-"""
-import argparse
+"""Pictures of runs while they are logged: the plan view of a deviated hole, the gauges of a fluid sampler."""
 import pathlib
 import subprocess
 import tempfile
 
 from truck import SETTINGS, Screen, Truck, check, wait_for
 
-# name, tool, sampling, speed in metres a minute, size of the screen, theme, bytes of scans to wait for
-SHOTS = [
-    ("live-resistivity-night", "K240", "DEPTH", "60", "1920x1080", "dark", 30_000),
-    ("live-deviation", "K417", "DEPTH", "60", "1280x800", "light", 40_000),
-    ("live-gauges", "K306", "TIME", "6", "1280x800", "light", 1_000),
-]
+# name, tool, sampling, speed in metres a minute, bytes of scans to wait for
+SHOTS = [("live-deviation", "K417", "DEPTH", "60", 30_000), ("live-gauges", "K306", "TIME", "6", 1_000)]
 
 
 class LiveTruck(Truck):
@@ -37,8 +28,8 @@ class LiveTruck(Truck):
         wait_for(self.line.exists, "the simulated box did not make its line")
 
 
-def shoot(options, folder, shot):
-    name, tool, sampling, speed, size, theme, scan_bytes = shot
+def shoot(options, pictures, theme, size, shot, folder):
+    name, tool, sampling, speed, scan_bytes = shot
     truck = LiveTruck(options, folder, tool, sampling, speed, theme)
     screen = Screen(folder, size)
     program = subprocess.Popen([options.bin / "tarvik", "--home", folder, "--com1", truck.line, "--lcucomms", "1"],
@@ -53,7 +44,7 @@ def shoot(options, folder, shot):
         wait_for(truck.bytes_on_file, "the run does not start")
         header = truck.bytes_on_file()
         wait_for(lambda: truck.bytes_on_file() >= header + scan_bytes, "too few scans come to the run file", 120)
-        screen.picture(options.pictures, name)
+        screen.picture(pictures, name)
         screen.key("F10")
         wait_for(lambda: "Logging run finished" in truck.log_text(), "the run does not end", 60)
         check("Buffer overflow" not in truck.log_text(), "scans were lost")
@@ -63,17 +54,7 @@ def shoot(options, folder, shot):
         screen.close()
 
 
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--bin", type=pathlib.Path, required=True)
-    parser.add_argument("--tools", type=pathlib.Path, required=True)
-    parser.add_argument("--pictures", type=pathlib.Path, required=True)
-    options = parser.parse_args()
+def shoot_all(options, pictures, theme, size):
     for shot in SHOTS:
         with tempfile.TemporaryDirectory() as folder:
-            shoot(options, pathlib.Path(folder), shot)
-        print(shot[0])
-
-
-if __name__ == "__main__":
-    main()
+            shoot(options, pictures, theme, size, shot, pathlib.Path(folder))
