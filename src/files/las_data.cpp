@@ -17,7 +17,12 @@ namespace {
 constexpr double nullTolerance = 1e-4;
 constexpr std::size_t firstSteps = 2000; ///< room that is made at first; doubled whenever it is full
 constexpr int learnRows = 200;           ///< looked at beforehand for what can be mended
-constexpr std::size_t learnLines = 400;  ///< and lines for how rows are wrapped
+constexpr std::uint64_t learnBytes = std::uint64_t{1} << 23; ///< and how far at most
+
+/// Lines looked at for how rows are wrapped: a few rows even with each value on a line of its own.
+std::size_t learnLines(std::size_t columns) {
+    return std::clamp<std::size_t>(4 * columns, 400, 4000);
+}
 
 class LasDataLoader {
   public:
@@ -34,8 +39,8 @@ class LasDataLoader {
 
     void load(LasLines& lines, const Progress& progress) {
         std::optional<LasWrapForm> form;
-        if (tolerant_ && header_.wrapped) form = learnForm(lines);
-        if (tolerant_) learnRepairs(lines, form);
+        if (tolerant_ && header_.wrapped) form = learnForm(lines.ahead(learnBytes));
+        if (tolerant_) learnRepairs(lines.ahead(learnBytes), form);
         withRows(lines, form, findings_, progress, [this](auto& rows) {
             for (LasLine line; rows.next(line);) takeRow(line);
             review_.las->droppedRows += rows.takeDropped();
@@ -85,7 +90,7 @@ class LasDataLoader {
         LasFindings unsaid;
         LasDataLines lines(ahead, unsaid, {});
         std::vector<std::size_t> counts;
-        for (LasLine line; counts.size() < learnLines && lines.next(line);) {
+        for (LasLine line; counts.size() < learnLines(columns_) && lines.next(line);) {
             splitLasRow(line.text, row_);
             counts.push_back(row_.tokens);
         }

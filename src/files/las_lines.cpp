@@ -17,6 +17,12 @@ LasLines::LasLines(const Files& files, const Path& file, std::uint64_t start, st
     buffer_.reserve(2 * blockBytes);
 }
 
+LasLines LasLines::ahead(std::uint64_t bytes) const {
+    LasLines shorter = *this;
+    shorter.fileSize_ = std::min(fileSize_, position_ + bytes);
+    return shorter;
+}
+
 bool LasLines::next(LasLine& line) {
     std::size_t end = lineEnd();
     while (end == std::string::npos && !atEnd()) {

@@ -29,6 +29,9 @@ class LasLines {
     LasLines(const Files& files, const Path& file, std::uint64_t start = 0, std::size_t firstLine = 1,
              TextEncoding encoding = TextEncoding::bytes);
 
+    /// The same lines from here on, as if the file ended so many bytes further on: for looking ahead.
+    [[nodiscard]] LasLines ahead(std::uint64_t bytes) const;
+
     /// False when the file is at its end. Throws a Failure when it cannot be read.
     bool next(LasLine& line);
 

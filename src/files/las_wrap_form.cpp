@@ -41,6 +41,10 @@ bool LasWrapForm::uniform() const {
     return layout.size() > 1 && std::ranges::adjacent_find(layout, std::not_equal_to()) == layout.end();
 }
 
+bool LasWrapForm::beginMayMislead() const {
+    return layout.empty() || std::ranges::count(layout, layout.front()) > 1;
+}
+
 std::size_t wrappedRowLength(const LasWrapForm& form, std::span<const std::size_t> counts,
                              std::size_t columns) {
     std::size_t sum = 0;

@@ -22,10 +22,12 @@ struct LasWrapForm {
     [[nodiscard]] bool depthAlone() const { return layout.empty() || layout.front() == 1; }
     /// The lines of a row are alike: their numbers of values do not tell where a row begins.
     [[nodiscard]] bool uniform() const;
-    /// A row's last line may look like the depth of the next.
+    /// A row's last line may look like the first of the next.
     [[nodiscard]] bool endsAsItBegins() const {
         return layout.empty() || (layout.size() > 1 && layout.front() == layout.back());
     }
+    /// A line that looks like the first of a row may as well be another one of it.
+    [[nodiscard]] bool beginMayMislead() const;
 };
 
 /// Lines of the row that begins with the first of `counts` (values on each line); 0 when none does.

@@ -61,17 +61,17 @@ std::size_t LasWrappedRows::rowLength(std::size_t at) {
     return open;
 }
 
-/// Lines to drop of a row that fits: none when what follows begins another row. Where a row's last line may
-/// be the depth of the next, the first row behind lost lines only shows where rows begin: what stands for its
-/// depth may be the last value of a row before.
+/// Lines to drop of a row that fits; none when it is sure. A row whose last line may be the first of the next
+/// is sure when what follows fits too. The first row behind lost lines, if its own first line may be another
+/// one, only shows where the rows behind it begin.
 std::size_t LasWrappedRows::unsureLines(std::size_t lines) {
-    if (readUpTo(lines + 1)) {
-        const bool whole = !form_.layout.empty() && form_.endsAsItBegins();
-        const bool begins = form_.fits(0, piece(lines).values, piece(lines).values, columns_);
-        if (!begins || (whole && rowLength(lines) == 0)) return 1;
+    if (form_.endsAsItBegins() && readUpTo(lines + 1)) {
+        const std::size_t next = piece(lines).values;
+        const bool fits = form_.layout.empty() ? form_.fits(0, next, next, columns_) : rowLength(lines) > 0;
+        if (!fits) return 1;
     }
     if (form_.uniform()) return depthsGoOn(lines) ? 0 : 1;
-    return lost_ && form_.endsAsItBegins() ? lines : 0;
+    return lost_ && form_.beginMayMislead() ? lines : 0;
 }
 
 /// With lines that are all alike only the depth shows where a row begins: it goes on by the step from row to
