@@ -1,11 +1,13 @@
 #include "files/las_data.h"
 
+#include "files/las_data_lines.h"
 #include "files/las_row.h"
 #include "files/las_row_repair.h"
 #include "files/las_wrapped_rows.h"
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace tarvik {
@@ -14,6 +16,13 @@ namespace {
 
 constexpr double nullTolerance = 1e-4;
 constexpr std::size_t firstSteps = 2000; ///< room that is made at first; doubled whenever it is full
+constexpr int learnRows = 200;           ///< looked at beforehand for what can be mended
+constexpr std::uint64_t learnBytes = std::uint64_t{1} << 23; ///< and how far at most
+
+/// Lines looked at for how rows are wrapped: a few rows even with each value on a line of its own.
+std::size_t learnLines(std::size_t columns) {
+    return std::clamp<std::size_t>(4 * columns, 400, 4000);
+}
 
 class LasDataLoader {
   public:
@@ -24,25 +33,18 @@ class LasDataLoader {
           findings_(findings),
           columns_(header.facts.curvesInFile),
           loaded_(std::min(columns_, lasColumns)),
-          repair_(header.facts.nullText),
-          wrapped_(columns_, header.facts, findings) {
+          repair_(columns_, header.facts.nullText) {
         describeChannels();
     }
 
     void load(LasLines& lines, const Progress& progress) {
-        if (tolerant_ && header_.wrapped)
-            wrapped_.learn(lines);
-        else if (tolerant_)
-            repair_.learnCommas(lines, columns_);
-        LasLine line;
-        int told = -1;
-        while (lines.next(line)) {
-            const int percent = static_cast<int>(lines.position() * 100 / lines.fileSize());
-            if (progress && percent != told) progress(percent, "Loading data values from file");
-            told = percent;
-            takeLine(line);
-        }
-        takeLastWrapped();
+        std::optional<LasWrapForm> form;
+        if (tolerant_ && header_.wrapped) form = learnForm(lines.ahead(learnBytes));
+        if (tolerant_) learnRepairs(lines.ahead(learnBytes), form);
+        withRows(lines, form, findings_, progress, [this](auto& rows) {
+            for (LasLine line; rows.next(line);) takeRow(line);
+            review_.las->droppedRows += rows.takeDropped();
+        });
         finish();
     }
 
@@ -74,45 +76,52 @@ class LasDataLoader {
                              "\" here: a curve cannot begin with # or ~");
     }
 
-    void takeLine(const LasLine& line) {
-        const std::size_t first = line.text.find_first_not_of(" \t");
-        if (line.tooLong) {
-            findings_.add(LasOddity::longLine, line.number);
-            ++review_.las->droppedRows;
-        } else if (first == std::string_view::npos) {
-            return;
-        } else if (behindData_ || line.text[first] == '~') {
-            behindData_ = true;
-            findings_.add(LasOddity::afterData, line.number);
-        } else if (line.text[first] == '#') {
-            findings_.add(LasOddity::comment, line.number);
-        } else if (stored_ == maxReviewSteps) {
-            review_.truncated = true;
-            findings_.add(LasOddity::beyondLimit, line.number);
-        } else if (tolerant_ && header_.wrapped) {
-            takeWrapped(line);
-        } else {
-            takeRow(line);
+    /// Hands `use` the rows, one line each, wrapped or not.
+    template <class Use>
+    void withRows(LasLines& lines, const std::optional<LasWrapForm>& form, LasFindings& findings,
+                  const Progress& progress, Use&& use) {
+        LasDataLines dataLines(lines, findings, progress);
+        if (!form) return use(dataLines);
+        LasWrappedRows rows(dataLines, *form, columns_, header_.facts.step, findings);
+        use(rows);
+    }
+
+    LasWrapForm learnForm(LasLines ahead) {
+        LasFindings unsaid;
+        LasDataLines lines(ahead, unsaid, {});
+        std::vector<std::size_t> counts;
+        for (LasLine line; counts.size() < learnLines(columns_) && lines.next(line);) {
+            splitLasRow(line.text, row_);
+            counts.push_back(row_.tokens);
         }
+        LasWrapForm form = learnWrapForm(counts, columns_);
+        if (form.rows == 0)
+            findings_.say(0, "no row of the first lines has as many values as there are curves");
+        if (form.uniform() && !(std::abs(header_.facts.step) > 0))
+            findings_.say(0, "the lines of a row are alike and there is no STEP: a lost line would go "
+                             "unnoticed");
+        return form;
     }
 
-    void takeWrapped(const LasLine& line) {
-        const auto row = wrapped_.add(line);
-        review_.las->droppedRows += wrapped_.takeDropped();
-        if (row) store(*row, wrapped_.firstLine());
-        if (!line.ended) findings_.add(LasOddity::uncertainEnd, line.number);
-    }
-
-    void takeLastWrapped() {
-        if (const auto row = wrapped_.finish()) store(*row, wrapped_.firstLine());
-        if (wrapped_.inRow()) dropFragment(wrapped_.beginLine(), 0);
+    void learnRepairs(LasLines ahead, const std::optional<LasWrapForm>& form) {
+        LasFindings unsaid;
+        withRows(ahead, form, unsaid, {}, [this](auto& rows) {
+            LasLine line;
+            for (int i = 0; i < learnRows && rows.next(line); ++i) repair_.learn(line);
+        });
+        repair_.settle(findings_);
     }
 
     void takeRow(const LasLine& line) {
+        if (stored_ == maxReviewSteps) {
+            review_.truncated = true;
+            return findings_.add(LasOddity::beyondLimit, line.number);
+        }
         splitLasRow(line.text, row_);
         const bool odd = row_.tokens != columns_ || row_.firstBad != LasRow::none;
-        if (odd && tolerant_) repair_.mend(line, columns_, row_, findings_);
+        const bool readable = !odd || !tolerant_ || repair_.mend(line, row_, findings_);
         if (!line.ended && row_.tokens < columns_) return dropFragment(line.number, line.text.size());
+        if (!readable) return dropRow(LasOddity::commaRow, line.number);
         if (!line.ended && line.text.size() < lengthBefore_)
             findings_.add(LasOddity::uncertainEnd, line.number);
         lengthBefore_ = line.text.size();
@@ -121,17 +130,18 @@ class LasDataLoader {
         store(row_, line.number);
     }
 
+    void dropRow(LasOddity why, std::size_t line) {
+        findings_.add(why, line);
+        ++review_.las->droppedRows;
+    }
+
     void dropFragment(std::size_t line, std::size_t bytes) {
         findings_.add(LasOddity::fragment, line);
         review_.las->fragmentBytes = bytes;
     }
 
     void store(const LasRow& row, std::size_t line) {
-        if (std::isnan(row.values[0])) {
-            findings_.add(LasOddity::noDepth, line);
-            ++review_.las->droppedRows;
-            return;
-        }
+        if (std::isnan(row.values[0])) return dropRow(LasOddity::noDepth, line);
         if (stored_ == review_.depth.size()) grow();
         checkDepth(row.values[0], line);
         review_.depth[stored_] = row.values[0];
@@ -198,10 +208,8 @@ class LasDataLoader {
     std::size_t loaded_;  ///< the first of them
     LasRow row_;
     LasRowRepair repair_;
-    LasWrappedRows wrapped_;
     std::size_t stored_ = 0;
     std::size_t lengthBefore_ = 0;
-    bool behindData_ = false;
 };
 
 } // namespace

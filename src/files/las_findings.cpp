@@ -23,13 +23,21 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(LasOddity::count
     "the depth is the null value, it is kept as a depth",
     "row not read, the review holds 80000 steps",
     "line behind the data section not read",
+    "Ctrl-Z, with which DOS ends a text: the data end here",
+    "line of the curve section without a point, it is no curve: if it should be one, the columns behind it "
+    "go "
+    "by wrong names",
     "decimal comma read as a point: the row has as many columns as there are curves",
     "commas between the columns read as blanks: the row then has as many columns as there are curves",
-    "numbers without a blank between them taken apart: the row then has as many columns as there are curves",
+    "row dropped: with commas as this file has them it has not as many columns as there are curves",
+    "numbers without a blank between them taken apart: each has the decimals of its column or is the null "
+    "value, and the row has as many columns as there are curves",
     "exponent with D read as E: programs of a certain age write it so",
     "row dropped, its lines are not wrapped as those of the others: its values have no sure channel",
     "no colon, the whole rest of the line is read as the value",
     "line of the header without a point passed over, it says nothing that can be read",
+    "line of the header of more than 262144 characters passed over",
+    "another section that begins with C is passed over, the first one has the curves",
     "key given again, the first one counts",
     "small letters of a section or a key read as capitals",
     "tabs in the header read as blanks",

@@ -176,8 +176,13 @@ void noteVersion(double version, std::size_t line, LasFindings& findings) {
 // --- curves ------------------------------------------------------------------------------------------------
 
 /// `block` begins at "~C"; its own line is no curve.
-void takeCurves(std::string_view block, std::size_t firstLine, LasHeader& header) {
+void takeCurves(std::string_view block, LasHeader& header, LasFindings& findings) {
     const std::string_view section = block.substr(0, block.find('~', 1));
+    const auto lineOf = [&](std::size_t at) { return header.curvesLine + lineNumber(section, at) - 1; };
+    if (section.size() == lasHeaderBlock)
+        findings.say(lineOf(section.size()),
+                     "the curve section is read for 20000 characters and does not end "
+                     "in them: its last curve may be cut short, and others missing");
     LasFacts& facts = header.facts;
     for (std::size_t at = lineAt(section, 0).size() + 1; at < section.size();) {
         const std::string_view bytes = lineAt(section, at);
@@ -185,8 +190,12 @@ void takeCurves(std::string_view block, std::size_t firstLine, LasHeader& header
         at += bytes.size() + 1;
         const std::string line = fromAnsi(bytes);
         if (line.starts_with('#')) takeLasFilterNote(line, header);
-        if (line.starts_with('#') || line.find('.') == npos) continue;
-        if (facts.curvesInFile++ == 0) header.indexLine = firstLine + lineNumber(section, here) - 1;
+        if (line.starts_with('#')) continue;
+        if (line.find('.') == npos) {
+            if (!trimmed(line).empty()) findings.add(LasOddity::curveNoDot, lineOf(here));
+            continue;
+        }
+        if (facts.curvesInFile++ == 0) header.indexLine = lineOf(here);
         if (facts.curves.size() == maxLasCurves) continue;
         facts.curves.push_back(lasCurveEntry(line));
         header.names.push_back(lasChannel(line, facts.curves.back(), facts.curvesInFile));
@@ -230,8 +239,8 @@ LasHeader readLasKeys(const Files& files, const Path& file, LasFindings& finding
     return header;
 }
 
-void readLasCurves(const Files& files, const Path& file, LasHeader& header) {
-    takeCurves(asText(files.readPart(file, header.curvesAt, lasHeaderBlock)), header.curvesLine, header);
+void readLasCurves(const Files& files, const Path& file, LasHeader& header, LasFindings& findings) {
+    takeCurves(asText(files.readPart(file, header.curvesAt, lasHeaderBlock)), header, findings);
     if (header.facts.curves.empty()) refuse(header.curvesLine, "the curve section names no curve");
     const std::string block = asText(files.readPart(file, 0, lasHeaderBlock));
     KeySearch search(block, files.size(file) <= lasHeaderBlock);

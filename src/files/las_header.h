@@ -41,6 +41,6 @@ constexpr std::size_t lasHeaderBlock = 20000; ///< characters in which the plain
 [[nodiscard]] LasHeader readLasKeys(const Files& files, const Path& file, LasFindings& findings);
 
 /// The curve section and where the data begin; then what else the header says. Throws LasRefusal.
-void readLasCurves(const Files& files, const Path& file, LasHeader& header);
+void readLasCurves(const Files& files, const Path& file, LasHeader& header, LasFindings& findings);
 
 } // namespace tarvik

@@ -85,10 +85,16 @@ std::optional<std::string> mendedDecimalComma(std::string_view token) {
 }
 
 bool mayGroupThousands(std::string_view token) {
+    constexpr std::string_view digits = "0123456789";
     const auto comma = token.find(',');
+    if (comma == std::string_view::npos) return false;
     std::string_view whole = token.substr(0, comma);
     if (whole.starts_with('-') || whole.starts_with('+')) whole.remove_prefix(1);
-    return token.size() - comma == 4 && whole.size() <= 3 && !whole.starts_with('0');
+    std::string_view groups = token.substr(comma);
+    groups = groups.substr(0, groups.find('.'));
+    while (groups.starts_with(',') && std::min(groups.find_first_not_of(digits, 1), groups.size()) == 4)
+        groups.remove_prefix(4);
+    return groups.empty() && whole.size() <= 3 && !whole.starts_with('0');
 }
 
 std::optional<LasHeaderLine> splitLasHeaderLine(std::string_view line) {

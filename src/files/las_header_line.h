@@ -36,8 +36,8 @@ struct LasHeaderLine {
 /// "10,25" as "10.25", "-1,5E3" as "-1.5E3"; nothing where the comma is not the only mark between digits.
 [[nodiscard]] std::optional<std::string> mendedDecimalComma(std::string_view token);
 
-/// True where the comma of such a number could as well part thousands: "1,000" is 1 or 1000, "0,125" and
-/// "10,25" are only one thing.
+/// True where the commas of a token can part thousands: "1,000" is 1 or 1000, "0,125" and "10,25" are only
+/// one thing. A fraction may follow ("1,000.5").
 [[nodiscard]] bool mayGroupThousands(std::string_view token);
 
 /// The entry of one line of the curve section; `line` has a point.

@@ -17,26 +17,33 @@ LasLines::LasLines(const Files& files, const Path& file, std::uint64_t start, st
     buffer_.reserve(2 * blockBytes);
 }
 
+LasLines LasLines::ahead(std::uint64_t bytes) const {
+    LasLines shorter = *this;
+    shorter.fileSize_ = std::min(fileSize_, position_ + bytes);
+    return shorter;
+}
+
 bool LasLines::next(LasLine& line) {
     std::size_t end = lineEnd();
     while (end == std::string::npos && !atEnd()) {
-        if (buffer_.size() - at_ > blockBytes) {
-            passOver(line);
-            return true;
-        }
+        // One more may be a CR whose LF is in the next block.
+        if (buffer_.size() - at_ > blockBytes + 1) return passOver(line);
         refill();
         end = lineEnd();
     }
-    line = {.text = {}, .number = line_, .ended = end != std::string::npos, .tooLong = false};
-    if (!line.ended) {
-        if (at_ == buffer_.size()) return false;
-        end = buffer_.size();
-    }
-    line.text = std::string_view(buffer_).substr(at_, end - at_);
-    at_ = std::min(end + 1, buffer_.size());
-    if (line.ended && buffer_[end] == '\r' && at_ < buffer_.size() && buffer_[at_] == '\n') ++at_;
-    ++line_;
+    if (end == std::string::npos && at_ == buffer_.size()) return false;
+    line = {.text = {}, .number = line_++, .ended = end != std::string::npos, .tooLong = false};
+    line.text = std::string_view(buffer_).substr(at_, line.ended ? end - at_ : buffer_.size() - at_);
+    line.tooLong = line.text.size() > blockBytes;
+    if (line.tooLong) line.text = {};
+    goBehind(end);
     return true;
+}
+
+/// Behind a line end, or behind all that is there.
+void LasLines::goBehind(std::size_t end) {
+    at_ = end == std::string::npos ? buffer_.size() : end + 1;
+    if (at_ < buffer_.size() && buffer_[at_ - 1] == '\r' && buffer_[at_] == '\n') ++at_;
 }
 
 std::size_t LasLines::nextOf(char end, std::size_t& known) const {
@@ -97,17 +104,16 @@ void LasLines::append(char16_t unit) {
 }
 
 /// The rest of the line is read block by block and thrown away.
-void LasLines::passOver(LasLine& line) {
+bool LasLines::passOver(LasLine& line) {
     std::size_t end = std::string::npos;
     while (end == std::string::npos && !atEnd()) {
         at_ = buffer_.back() == '\r' ? buffer_.size() - 1 : buffer_.size();
         refill();
         end = lineEnd();
     }
-    line = {.text = {}, .number = line_, .ended = end != std::string::npos, .tooLong = true};
-    at_ = line.ended ? end + 1 : buffer_.size();
-    if (line.ended && buffer_[end] == '\r' && at_ < buffer_.size() && buffer_[at_] == '\n') ++at_;
-    ++line_;
+    line = {.text = {}, .number = line_++, .ended = end != std::string::npos, .tooLong = true};
+    goBehind(end);
+    return true;
 }
 
 } // namespace tarvik

@@ -1,6 +1,6 @@
 // The lines of a text file of any size, read in blocks: CR LF, LF and CR all end a line.
 //
-// Memory stays at a few blocks: a line longer than a block is not kept, only said.
+// Memory stays at a few blocks: a line of more than 262,144 characters is not kept, only said.
 #pragma once
 
 #include "platform/files.h"
@@ -23,11 +23,14 @@ struct LasLine {
 
 class LasLines {
   public:
-    static constexpr std::size_t blockBytes = std::size_t{1} << 18;
+    static constexpr std::size_t blockBytes = std::size_t{1} << 18; ///< and the most characters of a line
 
     /// Begins at byte `start`, in line `firstLine`. `files` and `file` must outlive the lines.
     LasLines(const Files& files, const Path& file, std::uint64_t start = 0, std::size_t firstLine = 1,
              TextEncoding encoding = TextEncoding::bytes);
+
+    /// The same lines from here on, as if the file ended so many bytes further on: for looking ahead.
+    [[nodiscard]] LasLines ahead(std::uint64_t bytes) const;
 
     /// False when the file is at its end. Throws a Failure when it cannot be read.
     bool next(LasLine& line);
@@ -44,7 +47,8 @@ class LasLines {
     /// Where the line at `at_` ends in the buffer; npos when its end is not there yet.
     std::size_t lineEnd();
     std::size_t nextOf(char end, std::size_t& known) const;
-    void passOver(LasLine& line);
+    bool passOver(LasLine& line);
+    void goBehind(std::size_t end);
 
     const Files& files_;
     const Path& file_;

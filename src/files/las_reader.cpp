@@ -50,7 +50,7 @@ LasOpening LasFileReader::LASfileopen(const Path& file, const Progress& progress
         opening.tolerantMayHelp = !opened(file, [&] { header = readLasKeys(files_, file, findings); });
         if (opening.tolerantMayHelp) return opening;
         level = 1; // the curves
-        if (!getLAScurvedata(file, header, opening.tolerantMayHelp)) return opening;
+        if (!getLAScurvedata(file, header, findings, opening.tolerantMayHelp)) return opening;
         level = 2; // the data
         opening.log = emptyReview(header);
         LasLines lines(files_, file, header.facts.dataStart, header.dataLine);
@@ -82,10 +82,11 @@ std::optional<ReviewLog> LasFileReader::openTolerantly(const Path& file, const P
     });
 }
 
-bool LasFileReader::getLAScurvedata(const Path& file, LasHeader& header, bool& refused) {
+bool LasFileReader::getLAScurvedata(const Path& file, LasHeader& header, LasFindings& findings,
+                                    bool& refused) {
     return errors_.run("Logdisplay1-getLAScurvedata", false, [&](Level&) {
         refused = !opened(file, [&] {
-            readLasCurves(files_, file, header);
+            readLasCurves(files_, file, header, findings);
             refuseWrapped(header);
         });
         return !refused;

@@ -39,7 +39,7 @@ class LasFileReader {
     std::optional<ReviewLog> openTolerantly(const Path& file, const Progress& progress = {});
 
   private:
-    bool getLAScurvedata(const Path& file, LasHeader& header, bool& refused);
+    bool getLAScurvedata(const Path& file, LasHeader& header, LasFindings& findings, bool& refused);
     bool scanLASdatavalues(LasLines& lines, const LasHeader& header, bool tolerant, ReviewLog& review,
                            LasFindings& findings, const Progress& progress);
     /// False when the body refuses the file; the operator has been told.

@@ -2,38 +2,41 @@
 // columns as there are curves; otherwise the row stays as it is.
 #pragma once
 
+#include "files/las_column_decimals.h"
+#include "files/las_commas.h"
 #include "files/las_findings.h"
 #include "files/las_lines.h"
 #include "files/las_row.h"
 
 #include <string>
+#include <utility>
 
 namespace tarvik {
 
-/// What commas are in a file. It is one thing from its first row to its last.
-enum class LasCommas { unknown, decimal, column };
-
 class LasRowRepair {
   public:
-    /// `nullText` as the header has it: a number without a point that may stand right behind another.
-    explicit LasRowRepair(std::string nullText) : nullText_(std::move(nullText)) {}
+    LasRowRepair(std::size_t columns, std::string nullText)
+        : columns_(columns), decimals_(std::move(nullText)) {}
 
-    /// Reads the first rows, from where `lines` stand, for what their commas are. They are told by rows that
-    /// add up one way only; where as many speak for one as for the other, commas stay unread.
-    void learnCommas(LasLines lines, std::size_t columns);
+    /// One of the first rows, for what commas are and how many decimals each column has.
+    void learn(const LasLine& line);
+    /// Behind the last of them.
+    void settle(LasFindings& findings) { commas_ = proof_.verdict(findings); }
 
     /// Decimal commas, commas between columns, numbers run together ("-999.25-999.25"), exponents with "D".
-    /// `row` is the line as it was split; after a repair, as mended.
-    void mend(const LasLine& line, std::size_t columns, LasRow& row, LasFindings& findings);
+    /// `row` is the line as it was split; after a repair, as mended. False for a row that its commas keep
+    /// from adding up: nobody knows then which numbers it holds, not even the first.
+    [[nodiscard]] bool mend(const LasLine& line, LasRow& row, LasFindings& findings);
 
   private:
-    bool take(std::size_t columns, LasRow& row);
+    bool mendColumnCommas(const LasLine& line, LasRow& row, LasFindings& findings);
+    bool take(LasRow& row);
     bool takeApart(std::string_view line);
-    [[nodiscard]] bool standsAlone(std::string_view piece) const;
-    [[nodiscard]] LasCommas commasOf(std::string_view line, std::size_t columns);
 
-    std::string nullText_;
-    LasCommas commas_ = LasCommas::unknown;
+    std::size_t columns_;
+    LasCommaProof proof_;
+    LasColumnDecimals decimals_;
+    LasCommas commas_ = LasCommas::unread;
     std::string text_; ///< kept from row to row, so that its room is
     LasRow mended_;
 };

@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace tarvik {
 
@@ -63,6 +64,7 @@ class TolerantHeader {
     /// False with the line that begins the data.
     bool take(const LasLine& line) {
         characters_ += line.text.size() + 1;
+        if (line.tooLong) return passOver(line.number);
         std::string text = decoded(line);
         if (text.find('\t') != std::string::npos) {
             std::ranges::replace(text, '\t', ' ');
@@ -93,6 +95,16 @@ class TolerantHeader {
     }
 
   private:
+    /// A curve may have stood there, and every column behind it would go by the name of the one before.
+    bool passOver(std::size_t line) {
+        if (section_ == 'C')
+            refuse(line, "a line of the curve section has more than 262144 characters, it is not read: the "
+                         "columns could go by wrong names");
+        characters_ += LasLines::blockBytes;
+        findings_.add(LasOddity::headerLong, line);
+        return true;
+    }
+
     /// Without byte-order mark the bytes are UTF-8 where they can be, else code page 1252.
     std::string decoded(const LasLine& line) {
         const bool ascii = std::ranges::none_of(line.text, [](char c) { return (c & 0x80) != 0; });
@@ -108,12 +120,20 @@ class TolerantHeader {
         const char letter = content.size() > 1 ? content[1] : ' ';
         section_ = capital(letter);
         if (section_ != letter) findings_.add(LasOddity::lowerCase, line);
+        if (section_ == 'C' && std::exchange(curvesBegun_, true)) {
+            findings_.add(LasOddity::curvesAgain, line);
+            section_ = ' ';
+        }
         return section_ != 'A';
     }
 
     void takeLine(const std::string& text, std::size_t line) {
         if (section_ != 'V' && section_ != 'W' && section_ != 'C' && section_ != 'P') return;
         const auto parts = splitLasHeaderLine(text);
+        if (!parts && section_ == 'C')
+            refuse(line,
+                   "this line of the curve section has no point: if it is a curve, the columns behind it "
+                   "would go by wrong names. Put a point behind the name, or a # before the line.");
         if (!parts) return findings_.add(LasOddity::headerNoDot, line);
         if (!parts->hasColon) findings_.add(LasOddity::headerNoColon, line);
         if (section_ == 'C') {
@@ -230,6 +250,7 @@ class TolerantHeader {
     std::size_t characters_ = 0;
     char section_ = '\0';
     bool oldOrder_ = false;
+    bool curvesBegun_ = false;
 };
 
 } // namespace

@@ -1,133 +1,127 @@
 #include "files/las_wrapped_rows.h"
 
-#include <algorithm>
+#include "files/las_row.h"
+
 #include <cmath>
 
 namespace tarvik {
 
 namespace {
 
-constexpr std::size_t linesAhead = 400;
-constexpr std::size_t mostStarts = 100; // lines at which a first whole row is looked for
-
-/// The layout of a row that begins with the first of `counts`; empty when it does not add up.
-std::span<const std::size_t> rowFrom(std::span<const std::size_t> counts, std::size_t columns) {
-    std::size_t values = 0;
-    for (std::size_t i = 0; i < counts.size() && values < columns; ++i) {
-        values += counts[i];
-        if (values == columns) return counts.first(i + 1);
-    }
-    return {};
-}
-
-std::size_t rowsThatFit(std::span<const std::size_t> counts, std::span<const std::size_t> layout) {
-    std::size_t rows = 0;
-    while (counts.size() >= layout.size()) {
-        const bool fits = std::ranges::equal(counts.first(layout.size()), layout);
-        rows += fits ? 1 : 0;
-        counts = counts.subspan(fits ? layout.size() : 1);
-    }
-    return rows;
-}
+constexpr std::size_t open = static_cast<std::size_t>(-1); ///< the row needs lines that are not there yet
 
 } // namespace
 
-std::vector<std::size_t> wrapLayout(std::span<const std::size_t> counts, std::size_t columns) {
-    std::span<const std::size_t> best;
-    std::pair<std::size_t, bool> bestFit{0, false};
-    for (std::size_t start = 0; start < std::min(counts.size(), mostStarts); ++start) {
-        const auto layout = rowFrom(counts.subspan(start), columns);
-        if (layout.empty()) continue;
-        const std::pair fit{rowsThatFit(counts, layout), layout.front() == 1};
-        if (fit > bestFit) {
-            best = layout;
-            bestFit = fit;
+bool LasWrappedRows::next(LasLine& row) {
+    forget(std::exchange(given_, 0));
+    while (waiting() > 0 || readLine()) {
+        const std::size_t lines = rowLength(0);
+        if (lines == open && !lost_) { // the file ends inside the row
+            give(waiting(), row);
+            row.ended = false;
+            return true;
         }
+        const std::size_t unsure = lines == 0 || lines == open ? 1 : unsureLines(lines);
+        if (unsure == 0) {
+            give(lines, row);
+            return true;
+        }
+        passOver(unsure);
+        lost_ = unsure == 1;
     }
-    return {best.begin(), best.end()};
+    return false;
 }
 
-void LasWrappedRows::learn(LasLines lines) {
-    std::vector<std::size_t> counts;
+bool LasWrappedRows::readLine() {
     LasLine line;
-    while (counts.size() < linesAhead && lines.next(line)) {
-        splitLasRow(line.text, lineRow_);
-        if (lineRow_.tokens == 0 || line.text.find_first_of("#~") == line.text.find_first_not_of(" \t"))
-            continue;
-        counts.push_back(lineRow_.tokens);
-    }
-    layout_ = wrapLayout(counts, columns_);
-    if (layout_.empty()) findings_.say(0, "no row of the first lines has as many values as there are curves");
-    if (eachAlone() && !(std::abs(step_) > 0))
-        findings_.say(
-            0, "each value has a line of its own and there is no STEP: a lost line would go unnoticed");
+    if (!lines_.next(line)) return false;
+    LasRow values;
+    splitLasRow(line.text, values);
+    text_.append(line.text) += ' ';
+    pieces_.push_back({values.tokens, line.number, text_.size(), values.values[0], line.ended});
+    return true;
 }
 
-const LasRow* LasWrappedRows::add(const LasLine& line) {
-    splitLasRow(line.text, lineRow_);
-    if (inRow() && lineRow_.tokens != layout_[lineInRow_])
-        repair_.mend(line, layout_[lineInRow_], lineRow_, findings_);
-    if (inRow() && lineRow_.tokens != layout_[lineInRow_]) dropRow();
-    const LasRow* whole = nullptr;
-    if (!inRow()) {
-        if (!beginsRow()) {
-            if (std::exchange(held_, false)) ++dropped_;
-            passOver(line.number);
-            return nullptr;
-        }
-        whole = complete();
-        passingOver_ = false;
-        beginLine_ = line.number;
-        row_.clear();
+bool LasWrappedRows::readUpTo(std::size_t lines) {
+    while (waiting() < lines) {
+        if (!readLine()) return false;
     }
-    ++lineInRow_;
-    row_.append(lineRow_);
-    if (row_.tokens < columns_) return whole;
-    lineInRow_ = 0;
-    depthBefore_ = row_.values[0];
+    return true;
+}
+
+/// Lines of the row that begins at line `at` of those that wait; 0 when none does.
+std::size_t LasWrappedRows::rowLength(std::size_t at) {
+    std::size_t sum = 0;
+    for (std::size_t i = 0; readUpTo(at + i + 1); ++i) {
+        const std::size_t values = piece(at + i).values;
+        sum += values;
+        if (!form_.fits(i, values, sum, columns_)) return 0;
+        if (sum == columns_) return i + 1;
+    }
+    return open;
+}
+
+/// Lines to drop of a row that fits; none when it is sure. A row whose last line may be the first of the next
+/// is sure when what follows fits too. The first row behind lost lines, if its own first line may be another
+/// one, only shows where the rows behind it begin.
+std::size_t LasWrappedRows::unsureLines(std::size_t lines) {
+    if (form_.endsAsItBegins() && readUpTo(lines + 1)) {
+        const std::size_t next = piece(lines).values;
+        const bool fits = form_.layout.empty() ? form_.fits(0, next, next, columns_) : rowLength(lines) > 0;
+        if (!fits) return 1;
+    }
+    if (form_.uniform()) return depthsGoOn(lines) ? 0 : 1;
+    return lost_ && form_.beginMayMislead() ? lines : 0;
+}
+
+/// With lines that are all alike only the depth shows where a row begins: it goes on by the step from row to
+/// row. A row that holds the next row's depth among its own values has lost a line.
+bool LasWrappedRows::depthsGoOn(std::size_t lines) const {
+    if (!(std::abs(step_) > 0)) return true;
+    const std::size_t most = lost_ ? 2 + passed_ / lines : 1;
+    if (depthKnown_ && !goesOn(depthBefore_, piece(0).first, most)) return false;
+    for (std::size_t i = 1; i < lines; ++i) {
+        if (goesOn(piece(0).first, piece(i).first, 1)) return false;
+    }
+    return waiting() == lines || goesOn(piece(0).first, piece(lines).first, 1);
+}
+
+bool LasWrappedRows::goesOn(double from, double to, std::size_t most) const {
+    const double steps = (to - from) / step_;
+    return steps > 0.5 && steps < static_cast<double>(most) + 0.5 &&
+           std::abs(steps - std::round(steps)) < 0.25;
+}
+
+void LasWrappedRows::give(std::size_t lines, LasLine& row) {
+    const Piece& last = piece(lines - 1);
+    const std::size_t begin = front_ == 0 ? 0 : pieces_[front_ - 1].end;
+    row = {.text = std::string_view(text_).substr(begin, last.end - begin - 1),
+           .number = piece(0).number,
+           .ended = last.ended,
+           .tooLong = false};
+    depthBefore_ = piece(0).first;
     depthKnown_ = !std::isnan(depthBefore_);
-    whole_ = row_;
-    held_ = true;
-    const bool sure = layout_.size() == 1 || layout_.back() != layout_.front();
-    return sure ? finish() : whole;
+    given_ = lines;
+    lost_ = false;
+    passed_ = 0;
 }
 
-const LasRow* LasWrappedRows::finish() {
-    return complete();
+void LasWrappedRows::passOver(std::size_t lines) {
+    for (std::size_t i = 0; i < lines; ++i) findings_.add(LasOddity::damagedWrap, piece(i).number);
+    passed_ += lines;
+    if (!lost_ || lines > 1) ++dropped_;
+    forget(lines);
 }
 
-/// Where a row's last line looks like its first, only the line behind tells that none was lost.
-const LasRow* LasWrappedRows::complete() {
-    if (!std::exchange(held_, false)) return nullptr;
-    firstLine_ = beginLine_;
-    return &whole_;
-}
-
-/// With one value on every line only the depth itself shows where a row begins: it goes on by the step, or by
-/// as many as have been passed over.
-bool LasWrappedRows::beginsRow() const {
-    if (layout_.empty() || lineRow_.tokens != layout_.front()) return false;
-    if (!eachAlone() || !depthKnown_ || !(std::abs(step_) > 0)) return true;
-    const auto most = passingOver_ ? static_cast<double>(2 + passed_ / columns_) : 1.0;
-    const double steps = (lineRow_.values[0] - depthBefore_) / step_;
-    return steps > 0.5 && steps < most + 0.5 && std::abs(steps - std::round(steps)) < 0.25;
-}
-
-bool LasWrappedRows::eachAlone() const {
-    return layout_.size() > 1 && std::ranges::all_of(layout_, [](std::size_t count) { return count == 1; });
-}
-
-void LasWrappedRows::passOver(std::size_t line) {
-    findings_.add(LasOddity::damagedWrap, line);
-    passed_ = passingOver_ ? passed_ + 1 : 1;
-    if (!std::exchange(passingOver_, true)) ++dropped_;
-}
-
-void LasWrappedRows::dropRow() {
-    findings_.add(LasOddity::damagedWrap, beginLine_);
-    ++dropped_;
-    passingOver_ = true;
-    lineInRow_ = 0;
+/// The room is used again when half of it is behind.
+void LasWrappedRows::forget(std::size_t lines) {
+    front_ += lines;
+    if (front_ == 0 || 2 * front_ < pieces_.size()) return;
+    const std::size_t behind = pieces_[front_ - 1].end;
+    text_.erase(0, behind);
+    pieces_.erase(pieces_.begin(), pieces_.begin() + static_cast<std::ptrdiff_t>(front_));
+    for (Piece& piece : pieces_) piece.end -= behind;
+    front_ = 0;
 }
 
 } // namespace tarvik

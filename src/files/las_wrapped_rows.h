@@ -1,69 +1,67 @@
-// Rows of LAS data that are wrapped over several lines.
+// Rows of LAS data that are wrapped over several lines, joined to one line each.
 //
-// How many values each line of a row holds is learned from the first rows: the layout that repeats most. A
-// row whose lines hold other numbers of values has lost or gained one and is dropped, since its values could
-// stand in any channel.
+// A row is given on only when its lines fit the form of the file and what follows begins another row. Where
+// they do not, a line was lost or gained, and the values could stand in any channel: the lines are dropped
+// until the rows can be told apart again.
 #pragma once
 
-#include "base/las_facts.h"
-#include "files/las_findings.h"
-#include "files/las_lines.h"
-#include "files/las_row.h"
-#include "files/las_row_repair.h"
+#include "files/las_data_lines.h"
+#include "files/las_wrap_form.h"
 
-#include <span>
+#include <string>
 #include <utility>
 #include <vector>
 
 namespace tarvik {
 
-/// Values in each line of a row of `columns`; `counts` has those of the first lines. Empty when no row adds
-/// up. Of layouts that fit equally often the one with the depth alone on its line is taken.
-[[nodiscard]] std::vector<std::size_t> wrapLayout(std::span<const std::size_t> counts, std::size_t columns);
-
 class LasWrappedRows {
   public:
-    LasWrappedRows(std::size_t columns, const LasFacts& facts, LasFindings& findings)
-        : columns_(columns), step_(facts.step), findings_(findings), repair_(facts.nullText) {}
+    /// `step` is that of the header; not a number or 0 when it says none.
+    LasWrappedRows(LasDataLines& lines, LasWrapForm form, std::size_t columns, double step,
+                   LasFindings& findings)
+        : lines_(lines), form_(std::move(form)), columns_(columns), step_(step), findings_(findings) {}
 
-    /// Reads ahead from where `lines` stand.
-    void learn(LasLines lines);
-    /// The row that is known to be whole with this line; valid until the next call. Null while there is none.
-    const LasRow* add(const LasLine& line);
-    /// The last row, which nothing follows.
-    const LasRow* finish();
+    /// The next row as one line; its text is valid until the next call. What the file ends in counts as a
+    /// line without an end.
+    bool next(LasLine& row);
 
-    [[nodiscard]] bool inRow() const { return lineInRow_ > 0; }
-    /// The line at which the row that was returned last begins.
-    [[nodiscard]] std::size_t firstLine() const { return firstLine_; }
-    /// The line at which the row that is being read begins.
-    [[nodiscard]] std::size_t beginLine() const { return beginLine_; }
     /// Rows dropped since it was asked last.
-    [[nodiscard]] std::size_t takeDropped() { return std::exchange(dropped_, 0); }
+    [[nodiscard]] std::size_t takeDropped() { return std::exchange(dropped_, 0) + lines_.takeDropped(); }
 
   private:
-    [[nodiscard]] bool eachAlone() const;
-    [[nodiscard]] bool beginsRow() const;
-    void passOver(std::size_t line);
-    void dropRow();
-    const LasRow* complete();
+    struct Piece {
+        std::size_t values = 0;
+        std::size_t number = 0; ///< of the line
+        std::size_t end = 0;    ///< of its text in `text_`
+        double first = 0;       ///< its first value
+        bool ended = true;
+    };
 
+    [[nodiscard]] std::size_t waiting() const { return pieces_.size() - front_; }
+    [[nodiscard]] const Piece& piece(std::size_t i) const { return pieces_[front_ + i]; }
+    bool readLine();
+    bool readUpTo(std::size_t lines);
+    std::size_t rowLength(std::size_t at);
+    std::size_t unsureLines(std::size_t lines);
+    [[nodiscard]] bool depthsGoOn(std::size_t lines) const;
+    [[nodiscard]] bool goesOn(double from, double to, std::size_t most) const;
+    void give(std::size_t lines, LasLine& row);
+    void passOver(std::size_t lines);
+    void forget(std::size_t lines);
+
+    LasDataLines& lines_;
+    LasWrapForm form_;
     std::size_t columns_;
-    double step_; ///< of the header; not a number or 0 when it says none
+    double step_;
     LasFindings& findings_;
-    std::vector<std::size_t> layout_; ///< values in each line of a row
-    LasRow row_;
-    LasRow whole_; ///< adds up, but its last line may be the next row's depth
-    LasRow lineRow_;
-    LasRowRepair repair_;
+    std::string text_; ///< of the lines that wait, a blank behind each
+    std::vector<Piece> pieces_;
+    std::size_t front_ = 0; ///< the first piece that waits
+    std::size_t given_ = 0; ///< lines of the row given last, still waiting
     double depthBefore_ = 0;
     bool depthKnown_ = false;
-    bool held_ = false;
-    bool passingOver_ = false;
+    bool lost_ = false;      ///< nobody knows where the next row begins
     std::size_t passed_ = 0; ///< lines passed over since the last row
-    std::size_t lineInRow_ = 0;
-    std::size_t beginLine_ = 0;
-    std::size_t firstLine_ = 0;
     std::size_t dropped_ = 0;
 };
 

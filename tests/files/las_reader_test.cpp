@@ -152,6 +152,32 @@ TEST(LasReader, LongHeadersAreRefusedAndReadTolerantly) {
     EXPECT_THAT(log->las->findings, ElementsAre(HasSubstr("line 17: the header is longer than 20000")));
 }
 
+/// A line that is not read may be a curve: the columns behind it would go by wrong names.
+TEST(LasReader, CurvesThatAreCutOffAreNotPassedOverInSilence) {
+    const std::string longLine = "#" + std::string(LasLines::blockBytes, 'x') + "\n";
+    LasFiles las;
+    std::string text = sound();
+    replace(text, "WELL.", longLine + "WELL.");
+    const auto log = las.read(text, true);
+    ASSERT_TRUE(log);
+    EXPECT_EQ(log->steps(), 2U);
+    EXPECT_THAT(log->las->findings,
+                ElementsAre(HasSubstr("line 17: the header is longer than 20000"),
+                            HasSubstr("line 10: line of the header of more than 262144 characters")));
+    text = sound();
+    replace(text, "B.OHM", longLine + "B.OHM");
+    EXPECT_FALSE(las.read(text, true));
+    EXPECT_THAT(las.viewer.lines.back(), HasSubstr("line 15: a line of the curve section has more than"));
+
+    text = sound();
+    replace(text, "~A DEPT A B\n1 10 20\n2 11 21\n", "");
+    replace(text, "~Version", "~A\n~Version");
+    const auto cut = las.read(text + std::string(20000, '#') + "\n");
+    ASSERT_TRUE(cut);
+    EXPECT_THAT(cut->las->findings,
+                ::testing::Contains(HasSubstr("line 17: the curve section is read for 20000")));
+}
+
 /// Lines are pieced together across the blocks in which the file is read, whatever ends them.
 TEST(LasReader, ReadsToTheLimitOfStepsInBlocks) {
     for (const char* const end : {"\n", "\r", "\r\n"}) {
@@ -202,6 +228,25 @@ TEST(LasLines, AreTheSameWhereverABlockEnds) {
     }
 }
 
+/// Wherever in a block the line begins, and however it ends.
+TEST(LasLines, HaveOneLimitAnywhere) {
+    for (const std::string end : {"\n", "\r", "\r\n", ""}) {
+        for (const std::size_t before : {std::size_t{0}, std::size_t{1}, LasLines::blockBytes - 1}) {
+            for (const std::size_t size : {LasLines::blockBytes, LasLines::blockBytes + 1}) {
+                LasFiles las;
+                las.files.put(lasFile, std::string(before, 'x') + "\n" + std::string(size, 'y') + end);
+                LasLines lines(las.files, lasFile);
+                LasLine line;
+                ASSERT_TRUE(lines.next(line) && lines.next(line));
+                EXPECT_EQ(line.tooLong, size > LasLines::blockBytes) << before;
+                EXPECT_EQ(line.text.size(), line.tooLong ? 0 : size);
+                EXPECT_EQ(line.ended, !end.empty());
+                EXPECT_FALSE(lines.next(line));
+            }
+        }
+    }
+}
+
 TEST(LasLines, JoinSurrogatePairsOfUtf16AndReplaceHalves) {
     LasFiles las;
     las.files.put(lasFile, std::string_view("\x3D\xD8\x00\xDE"
@@ -232,7 +277,7 @@ TEST(LasReader, ALineWithoutEndDoesNotFillTheMemory) {
 TEST(LasReader, RowsAllocateNothingHoweverOdd) {
     std::string odd = sound();
     replace(odd, "1 10 20\n2 11 21\n", "");
-    for (int i = 0; i < 9000; ++i) odd += "1,5 -999.25-7.5\nx (null)\n2 1,5 2\n# comment\n3\n";
+    for (int i = 0; i < 9000; ++i) odd += "1,5 -999.25-7.5\nx (null)\n2 1,5 2,5\n# comment\n3\n";
     LasFiles las;
     las.files.put(lasFile, odd);
     const long before = test::allocationsSoFar();
