@@ -82,24 +82,25 @@ class LasDataLoader {
                   const Progress& progress, Use&& use) {
         LasDataLines dataLines(lines, findings, progress);
         if (!form) return use(dataLines);
-        LasWrappedRows rows(dataLines, *form, columns_, header_.facts.step, findings);
+        LasWrappedRows rows(dataLines, *form, columns_, findings);
         use(rows);
     }
 
     LasWrapForm learnForm(LasLines ahead) {
         LasFindings unsaid;
         LasDataLines lines(ahead, unsaid, {});
-        std::vector<std::size_t> counts;
-        for (LasLine line; counts.size() < learnLines(columns_) && lines.next(line);) {
+        std::vector<LasWrapLine> first;
+        for (LasLine line; first.size() < learnLines(columns_) && lines.next(line);) {
             splitLasRow(line.text, row_);
-            counts.push_back(row_.tokens);
+            first.push_back({row_.tokens, row_.values[0]});
         }
-        LasWrapForm form = learnWrapForm(counts, columns_);
+        LasWrapForm form = learnWrapForm(first, columns_, header_.facts.step);
         if (form.rows == 0)
             findings_.say(0, "no row of the first lines has as many values as there are curves");
-        if (form.uniform() && !(std::abs(header_.facts.step) > 0))
-            findings_.say(0, "the lines of a row are alike and there is no STEP: a lost line would go "
-                             "unnoticed");
+        if (form.uniform() && form.step == 0)
+            findings_.say(0,
+                          "the lines of a row are alike and there is no STEP by which the depths go: a lost "
+                          "line would go unnoticed");
         return form;
     }
 

@@ -1,6 +1,9 @@
 #include "files/las_wrap_form.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
+#include <tuple>
 #include <utility>
 
 namespace tarvik {
@@ -9,23 +12,54 @@ namespace {
 
 constexpr std::size_t mostStarts = 100; // lines at which a first whole row is looked for
 
-/// The layout of a row that begins with the first of `counts`; empty when it does not add up.
-std::span<const std::size_t> rowFrom(std::span<const std::size_t> counts, std::size_t columns) {
+using Lines = std::span<const LasWrapLine>;
+
+/// The layout of a row that begins with the first of `lines`; empty when it does not add up.
+std::vector<std::size_t> layoutFrom(Lines lines, std::size_t columns) {
+    std::vector<std::size_t> layout;
     std::size_t values = 0;
-    for (std::size_t i = 0; i < counts.size() && values < columns; ++i) {
-        values += counts[i];
-        if (values == columns) return counts.first(i + 1);
+    for (std::size_t i = 0; i < lines.size() && values < columns; ++i) {
+        layout.push_back(lines[i].values);
+        values += lines[i].values;
     }
-    return {};
+    return values == columns ? layout : std::vector<std::size_t>();
 }
 
-std::size_t rowsThatFit(const LasWrapForm& form, std::span<const std::size_t> counts, std::size_t columns) {
-    std::size_t rows = 0;
-    while (!counts.empty()) {
-        const std::size_t lines = wrappedRowLength(form, counts, columns);
-        rows += lines > 0 ? 1 : 0;
-        counts = counts.subspan(std::max<std::size_t>(lines, 1));
+/// Lines of the row that begins with the first of `lines`; 0 when none does.
+std::size_t rowLength(const LasWrapForm& form, Lines lines, std::size_t columns) {
+    std::size_t sum = 0;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        sum += lines[i].values;
+        if (!form.fits(i, lines[i].values, sum, columns)) return 0;
+        if (sum == columns) return i + 1;
     }
+    return 0;
+}
+
+/// Calls `row` with the first line of every whole row.
+template <class Row>
+void forEachRow(const LasWrapForm& form, Lines lines, std::size_t columns, Row&& row) {
+    while (!lines.empty()) {
+        const std::size_t length = rowLength(form, lines, columns);
+        if (length > 0) row(lines.front());
+        lines = lines.subspan(std::max<std::size_t>(length, 1));
+    }
+}
+
+std::size_t rowsThatFit(const LasWrapForm& form, Lines lines, std::size_t columns) {
+    std::size_t rows = 0;
+    forEachRow(form, lines, columns, [&](const LasWrapLine&) { ++rows; });
+    return rows;
+}
+
+/// Rows whose depth goes on by the step; 0 where the header says none.
+std::size_t rowsThatGoOn(double step, const LasWrapForm& form, Lines lines, std::size_t columns) {
+    if (!(std::abs(step) > 0)) return 0;
+    std::size_t rows = 0;
+    double before = std::numeric_limits<double>::quiet_NaN();
+    forEachRow(form, lines, columns, [&](const LasWrapLine& first) {
+        rows += goesOnBy(step, std::exchange(before, first.first), first.first, 1) ? 1 : 0;
+    });
     return rows;
 }
 
@@ -45,30 +79,34 @@ bool LasWrapForm::beginMayMislead() const {
     return layout.empty() || std::ranges::count(layout, layout.front()) > 1;
 }
 
-std::size_t wrappedRowLength(const LasWrapForm& form, std::span<const std::size_t> counts,
-                             std::size_t columns) {
-    std::size_t sum = 0;
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        sum += counts[i];
-        if (!form.fits(i, counts[i], sum, columns)) return 0;
-        if (sum == columns) return i + 1;
-    }
-    return 0;
+bool goesOnBy(double step, double from, double to, std::size_t most) {
+    const double steps = (to - from) / step;
+    return steps > 0.5 && steps < static_cast<double>(most) + 0.5 &&
+           std::abs(steps - std::round(steps)) < 0.25;
 }
 
-LasWrapForm learnWrapForm(std::span<const std::size_t> counts, std::size_t columns) {
+LasWrapForm learnWrapForm(Lines lines, std::size_t columns, double step) {
     LasWrapForm best;
-    for (std::size_t start = 0; start < std::min(counts.size(), mostStarts); ++start) {
-        const auto row = rowFrom(counts.subspan(start), columns);
-        if (row.empty()) continue;
-        LasWrapForm form{.layout = {row.begin(), row.end()}};
-        form.rows = rowsThatFit(form, counts, columns);
-        if (std::pair(form.rows, form.depthAlone()) > std::pair(best.rows, best.depthAlone()))
+    std::tuple<std::size_t, std::size_t, bool> bestFit;
+    const auto consider = [&](LasWrapForm form, bool depthAlone) {
+        form.rows = rowsThatFit(form, lines, columns);
+        const std::size_t goOn = rowsThatGoOn(step, form, lines, columns);
+        if (std::tuple fit(goOn, form.rows, depthAlone); fit > bestFit) {
+            // Many a file names a step by which its depths do not go. With lines that are all alike there is
+            // nothing else to go by.
+            const bool holds = form.rows < 2 || 2 * goOn >= form.rows - 1 || form.uniform();
+            form.step = std::abs(step) > 0 && holds ? step : 0;
             best = std::move(form);
+            bestFit = fit;
+        }
+    };
+    for (std::size_t start = 0; start < std::min(lines.size(), mostStarts); ++start) {
+        LasWrapForm form{.layout = layoutFrom(lines.subspan(start), columns)};
+        const bool alone = form.depthAlone();
+        if (!form.layout.empty()) consider(std::move(form), alone);
     }
-    LasWrapForm standard;
-    standard.rows = rowsThatFit(standard, counts, columns);
-    return standard.rows > best.rows ? standard : best;
+    consider({}, false); // only where it has more rows than every layout
+    return best;
 }
 
 } // namespace tarvik

@@ -11,11 +11,18 @@
 
 namespace tarvik {
 
+/// A line of the data as far as the form needs it.
+struct LasWrapLine {
+    std::size_t values = 0;
+    double first = 0; ///< its first value; not a number where that is none
+};
+
 struct LasWrapForm {
     /// Values on each line of a row. Empty: the depth alone, then lines of two values and more, the last one
     /// of any number.
     std::vector<std::size_t> layout;
     std::size_t rows = 0; ///< whole ones among the first lines of the file
+    double step = 0;      ///< the header's, if the depths of these rows go on by it; else 0
 
     /// Whether a line with `values` can be line `at` (from 0) of a row of `columns`, which then has `sum`.
     [[nodiscard]] bool fits(std::size_t at, std::size_t values, std::size_t sum, std::size_t columns) const;
@@ -30,12 +37,12 @@ struct LasWrapForm {
     [[nodiscard]] bool beginMayMislead() const;
 };
 
-/// Lines of the row that begins with the first of `counts` (values on each line); 0 when none does.
-[[nodiscard]] std::size_t wrappedRowLength(const LasWrapForm& form, std::span<const std::size_t> counts,
-                                           std::size_t columns);
+/// Whether a depth is followed by another that lies 1 to `most` whole steps further on.
+[[nodiscard]] bool goesOnBy(double step, double from, double to, std::size_t most);
 
-/// The form in which most rows of the first lines are whole; of two equal ones a layout, and of two layouts
-/// the one with the depth alone.
-[[nodiscard]] LasWrapForm learnWrapForm(std::span<const std::size_t> counts, std::size_t columns);
+/// The form in which most rows of the first lines go on by the step, then the one in which most are whole; of
+/// two equal ones a layout, and of two layouts the one with the depth alone. `step` is that of the header;
+/// not a number or 0 when it says none.
+[[nodiscard]] LasWrapForm learnWrapForm(std::span<const LasWrapLine> lines, std::size_t columns, double step);
 
 } // namespace tarvik

@@ -70,26 +70,23 @@ std::size_t LasWrappedRows::unsureLines(std::size_t lines) {
         const bool fits = form_.layout.empty() ? form_.fits(0, next, next, columns_) : rowLength(lines) > 0;
         if (!fits) return 1;
     }
-    if (form_.uniform()) return depthsGoOn(lines) ? 0 : 1;
-    return lost_ && form_.beginMayMislead() ? lines : 0;
+    if (std::abs(form_.step) > 0 && !depthsGoOn(lines)) return 1;
+    return lost_ && form_.beginMayMislead() && !form_.uniform() ? lines : 0;
 }
 
-/// With lines that are all alike only the depth shows where a row begins: it goes on by the step from row to
-/// row. A row that holds the next row's depth among its own values has lost a line.
-bool LasWrappedRows::depthsGoOn(std::size_t lines) const {
-    if (!(std::abs(step_) > 0)) return true;
-    const std::size_t most = lost_ ? 2 + passed_ / lines : 1;
-    if (depthKnown_ && !goesOn(depthBefore_, piece(0).first, most)) return false;
-    for (std::size_t i = 1; i < lines; ++i) {
-        if (goesOn(piece(0).first, piece(i).first, 1)) return false;
+/// The depth goes on by the step from row to row; where it does not, lines of both may be lost, and what is
+/// left of the two looks like one row. With lines that are all alike only the depth shows where a row begins:
+/// a row that holds the next depth among its own values has lost a line.
+bool LasWrappedRows::depthsGoOn(std::size_t lines) {
+    const double depth = piece(0).first;
+    if (form_.uniform()) {
+        const std::size_t most = lost_ ? 2 + passed_ / lines : 1;
+        if (depthKnown_ && !goesOnBy(form_.step, depthBefore_, depth, most)) return false;
+        for (std::size_t i = 1; i < lines; ++i) {
+            if (goesOnBy(form_.step, depth, piece(i).first, 1)) return false;
+        }
     }
-    return waiting() == lines || goesOn(piece(0).first, piece(lines).first, 1);
-}
-
-bool LasWrappedRows::goesOn(double from, double to, std::size_t most) const {
-    const double steps = (to - from) / step_;
-    return steps > 0.5 && steps < static_cast<double>(most) + 0.5 &&
-           std::abs(steps - std::round(steps)) < 0.25;
+    return !readUpTo(lines + 1) || goesOnBy(form_.step, depth, piece(lines).first, 1);
 }
 
 void LasWrappedRows::give(std::size_t lines, LasLine& row) {

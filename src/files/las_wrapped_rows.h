@@ -16,10 +16,8 @@ namespace tarvik {
 
 class LasWrappedRows {
   public:
-    /// `step` is that of the header; not a number or 0 when it says none.
-    LasWrappedRows(LasDataLines& lines, LasWrapForm form, std::size_t columns, double step,
-                   LasFindings& findings)
-        : lines_(lines), form_(std::move(form)), columns_(columns), step_(step), findings_(findings) {}
+    LasWrappedRows(LasDataLines& lines, LasWrapForm form, std::size_t columns, LasFindings& findings)
+        : lines_(lines), form_(std::move(form)), columns_(columns), findings_(findings) {}
 
     /// The next row as one line; its text is valid until the next call. What the file ends in counts as a
     /// line without an end.
@@ -43,8 +41,7 @@ class LasWrappedRows {
     bool readUpTo(std::size_t lines);
     std::size_t rowLength(std::size_t at);
     std::size_t unsureLines(std::size_t lines);
-    [[nodiscard]] bool depthsGoOn(std::size_t lines) const;
-    [[nodiscard]] bool goesOn(double from, double to, std::size_t most) const;
+    bool depthsGoOn(std::size_t lines);
     void give(std::size_t lines, LasLine& row);
     void passOver(std::size_t lines);
     void forget(std::size_t lines);
@@ -52,7 +49,6 @@ class LasWrappedRows {
     LasDataLines& lines_;
     LasWrapForm form_;
     std::size_t columns_;
-    double step_;
     LasFindings& findings_;
     std::string text_; ///< of the lines that wait, a blank behind each
     std::vector<Piece> pieces_;
