@@ -46,27 +46,21 @@ void forEachRow(const LasWrapForm& form, Lines lines, std::size_t columns, Row&&
     }
 }
 
-/// How well the first lines of a file agree with a form.
-struct Agreement {
-    std::size_t rows = 0; ///< whole ones
-    std::size_t goOn = 0; ///< of them those whose depth is the next one behind that of the row before
-};
-
-Agreement agreementOf(const LasWrapForm& form, Lines lines, std::size_t columns, double step) {
-    Agreement agreement;
-    double before = std::numeric_limits<double>::quiet_NaN();
-    forEachRow(form, lines, columns, [&](const LasWrapLine& first) {
-        ++agreement.rows;
-        agreement.goOn += goesOnBy(step, std::exchange(before, first.first), first.first, 1) ? 1 : 0;
-    });
-    return agreement;
+std::size_t rowsThatFit(const LasWrapForm& form, Lines lines, std::size_t columns) {
+    std::size_t rows = 0;
+    forEachRow(form, lines, columns, [&](const LasWrapLine&) { ++rows; });
+    return rows;
 }
 
-/// Many a file names a step by which its depths do not go. With lines that are all alike there is nothing
-/// else to go by.
-bool depthsGoBy(double step, const LasWrapForm& form, const Agreement& agreement) {
-    if (!(std::abs(step) > 0)) return false;
-    return form.uniform() || form.rows < 2 || 2 * agreement.goOn >= form.rows - 1;
+/// Rows whose depth goes on by the step; 0 where the header says none.
+std::size_t rowsThatGoOn(double step, const LasWrapForm& form, Lines lines, std::size_t columns) {
+    if (!(std::abs(step) > 0)) return 0;
+    std::size_t rows = 0;
+    double before = std::numeric_limits<double>::quiet_NaN();
+    forEachRow(form, lines, columns, [&](const LasWrapLine& first) {
+        rows += goesOnBy(step, std::exchange(before, first.first), first.first, 1) ? 1 : 0;
+    });
+    return rows;
 }
 
 } // namespace
@@ -93,21 +87,25 @@ bool goesOnBy(double step, double from, double to, std::size_t most) {
 
 LasWrapForm learnWrapForm(Lines lines, std::size_t columns, double step) {
     LasWrapForm best;
-    Agreement ofBest = agreementOf(best, lines, columns, step);
-    // The standard's own form first: only what agrees better takes its place, or as well with a layout.
-    const auto score = [](const LasWrapForm& form, const Agreement& agreement) {
-        return std::tuple(agreement.rows + agreement.goOn, !form.layout.empty(), form.depthAlone());
+    std::tuple<std::size_t, std::size_t, bool> bestFit;
+    const auto consider = [&](LasWrapForm form, bool depthAlone) {
+        form.rows = rowsThatFit(form, lines, columns);
+        const std::size_t goOn = rowsThatGoOn(step, form, lines, columns);
+        if (std::tuple fit(goOn, form.rows, depthAlone); fit > bestFit) {
+            // Many a file names a step by which its depths do not go. With lines that are all alike there is
+            // nothing else to go by.
+            const bool holds = form.rows < 2 || 2 * goOn >= form.rows - 1 || form.uniform();
+            form.step = std::abs(step) > 0 && holds ? step : 0;
+            best = std::move(form);
+            bestFit = fit;
+        }
     };
     for (std::size_t start = 0; start < std::min(lines.size(), mostStarts); ++start) {
         LasWrapForm form{.layout = layoutFrom(lines.subspan(start), columns)};
-        if (form.layout.empty()) continue;
-        const Agreement agreement = agreementOf(form, lines, columns, step);
-        if (score(form, agreement) <= score(best, ofBest)) continue;
-        best = std::move(form);
-        ofBest = agreement;
+        const bool alone = form.depthAlone();
+        if (!form.layout.empty()) consider(std::move(form), alone);
     }
-    best.rows = ofBest.rows;
-    if (depthsGoBy(step, best, ofBest)) best.step = step;
+    consider({}, false); // only where it has more rows than every layout
     return best;
 }
 

@@ -40,9 +40,9 @@ struct LasWrapForm {
 /// Whether a depth is followed by another that lies 1 to `most` whole steps further on.
 [[nodiscard]] bool goesOnBy(double step, double from, double to, std::size_t most);
 
-/// The form in which most rows of the first lines are whole and go on by the step: a layout turned round (the
-/// first line of the file is lost) has as many whole rows. Of two equal ones a layout, and of two layouts the
-/// one with the depth alone. `step` is that of the header; not a number or 0 when it says none.
+/// The form in which most rows of the first lines go on by the step, then the one in which most are whole; of
+/// two equal ones a layout, and of two layouts the one with the depth alone. `step` is that of the header;
+/// not a number or 0 when it says none.
 [[nodiscard]] LasWrapForm learnWrapForm(std::span<const LasWrapLine> lines, std::size_t columns, double step);
 
 } // namespace tarvik
