@@ -3,22 +3,13 @@
 #include "large_run.h"
 #include "race.h"
 
+#include "app/absent_operator.h"
 #include "equipment/calibration_history.h"
 
 namespace {
 
 using namespace tarvik;
 using namespace tarvik::bench;
-
-class Nobody final : public OperatorSide {
-    void message(std::string_view, std::string_view, Icon) override {}
-    Answer ask(std::string_view, std::string_view, Icon) override { return Answer::no; }
-    void notice(std::string_view, std::string_view, Icon) override {}
-    void showError(const ErrorReport&, std::string_view, std::string_view) override {}
-    void beep() override {}
-    void statusText(std::string_view) override {}
-    void linkPanel(std::string_view) override {}
-};
 
 /// Fifty sensors of ten tools, calibrated 200 times each.
 struct LongHistory {
@@ -45,7 +36,7 @@ struct LongHistory {
     VirtualClock clock;
     DiskFiles files;
     StatusLog log{trap, clock, files, folder / "log"};
-    Nobody nobody;
+    test::AbsentOperator nobody;
     CalibrationHistory shelf{trap, files, log, nobody, clock, folder};
 };
 

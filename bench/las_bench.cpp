@@ -1,6 +1,7 @@
 // Writing a LAS file, against std::to_chars of the same numbers written to the disk in pieces of the same
 // size.
 #include "large_run.h"
+#include "las_forms.h"
 #include "processing/las_export.h"
 #include "race.h"
 
@@ -54,12 +55,6 @@ void exportLas(benchmark::State& state) {
         state, [&] { las.Logprintexport_exportLASfile(log, run.lasFile, options); },
         [&] { writeByToChars(run.files, run.lasFile, log, options.decimals); });
 }
-BENCHMARK(exportLas)
-    ->ArgNames({"decimals", "interpolated"})
-    ->Args({2, 0})
-    ->Args({5, 0})
-    ->Args({5, 1})
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(exportLas)->ArgNames({"decimals", "interpolated"})->Apply(lasForms);
 
 } // namespace

@@ -1,7 +1,9 @@
 // Reading a LAS file into the review arrays, against std::from_chars over the same bytes, which lie in memory
 // for it already.
+#include "app/absent_operator.h"
 #include "files/las_reader.h"
 #include "large_run.h"
+#include "las_forms.h"
 #include "processing/las_export.h"
 #include "race.h"
 
@@ -11,20 +13,6 @@ namespace {
 
 using namespace tarvik;
 using namespace tarvik::bench;
-
-/// Nobody is asked anything.
-class NoOperator final : public OperatorSide {
-  public:
-    void message(std::string_view, std::string_view text, Icon) override {
-        throw std::runtime_error(std::string(text));
-    }
-    Answer ask(std::string_view, std::string_view, Icon) override { return Answer::no; }
-    void notice(std::string_view, std::string_view, Icon) override {}
-    void showError(const ErrorReport&, std::string_view, std::string_view) override {}
-    void beep() override {}
-    void statusText(std::string_view) override {}
-    void linkPanel(std::string_view) override {}
-};
 
 double sumByFromChars(const std::string& text, std::size_t start) {
     double sum = 0;
@@ -46,7 +34,7 @@ void importLas(benchmark::State& state) {
     LasExport(run.trap, run.files).Logprintexport_exportLASfile(run.load(), run.lasFile, options);
     const std::string text = asText(run.files.read(run.lasFile));
     const std::size_t start = text.find('\n', text.find("~A")) + 1;
-    NoOperator operatorSide;
+    test::AbsentOperator operatorSide;
     LasFileReader reader(run.trap, run.log, operatorSide, run.files);
     const bool tolerant = state.range(1) != 0;
     race(
@@ -60,12 +48,6 @@ void importLas(benchmark::State& state) {
         [&] { benchmark::DoNotOptimize(sumByFromChars(text, start)); });
     state.counters["MB"] = static_cast<double>(text.size()) / 1e6;
 }
-BENCHMARK(importLas)
-    ->ArgNames({"decimals", "tolerant"})
-    ->Args({2, 0})
-    ->Args({5, 0})
-    ->Args({5, 1})
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(importLas)->ArgNames({"decimals", "tolerant"})->Apply(lasForms);
 
 } // namespace

@@ -4,8 +4,8 @@
 // the library, no memory) is a finding.
 #pragma once
 
+#include "app/absent_operator.h"
 #include "app/error_trap.h"
-#include "app/operator_side.h"
 #include "app/status_log.h"
 #include "platform/memory_files.h"
 #include "platform/virtual_clock.h"
@@ -27,17 +27,6 @@ class OnlyOwnErrors final : public ErrorReporter {
     }
 };
 
-class Nobody final : public OperatorSide {
-  public:
-    void message(std::string_view, std::string_view, Icon) override {}
-    Answer ask(std::string_view, std::string_view, Icon) override { return Answer::no; }
-    void notice(std::string_view, std::string_view, Icon) override {}
-    void showError(const ErrorReport&, std::string_view, std::string_view) override {}
-    void beep() override {}
-    void statusText(std::string_view) override {}
-    void linkPanel(std::string_view) override {}
-};
-
 struct Rig {
     Rig(const Path& file, const std::uint8_t* data, std::size_t size) {
         files.put(file, std::string_view(reinterpret_cast<const char*>(data), size));
@@ -45,7 +34,7 @@ struct Rig {
 
     MemoryFiles files;
     OnlyOwnErrors reporter;
-    Nobody operatorSide;
+    test::AbsentOperator operatorSide;
     ErrorTrap errors{reporter};
     VirtualClock clock;
     StatusLog log{errors, clock, files, "history"};

@@ -1,6 +1,8 @@
 // LAS files, odd and sound, through both readers.
 #include "files/las_reader.h"
 
+#include "app/absent_operator.h"
+
 #include "files/las_cases.h"
 #include "files/run_files.h"
 #include "lcu/counting_new.h"
@@ -24,15 +26,9 @@ namespace {
 
 const Path lasFile = "project/x.las";
 
-class Operator final : public OperatorSide {
+class Operator final : public test::AbsentOperator {
   public:
     void message(std::string_view, std::string_view text, Icon) override { messages.emplace_back(text); }
-    Answer ask(std::string_view, std::string_view, Icon) override { return Answer::no; }
-    void notice(std::string_view, std::string_view, Icon) override {}
-    void showError(const ErrorReport&, std::string_view, std::string_view) override {}
-    void beep() override {}
-    void statusText(std::string_view) override {}
-    void linkPanel(std::string_view) override {}
     std::vector<std::string> messages;
 };
 

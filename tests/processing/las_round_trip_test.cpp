@@ -1,4 +1,5 @@
 // A run exported, imported and exported again: the second file is the first, to the byte.
+#include "app/absent_operator.h"
 #include "files/las_reader.h"
 #include "platform/memory_files.h"
 #include "platform/virtual_clock.h"
@@ -17,15 +18,9 @@ class Errors final : public ErrorReporter {
     void report(const ErrorReport& error) override { ADD_FAILURE() << error.description; }
 };
 
-class Operator final : public OperatorSide {
+class Operator final : public test::AbsentOperator {
   public:
     void message(std::string_view, std::string_view text, Icon) override { ADD_FAILURE() << text; }
-    Answer ask(std::string_view, std::string_view, Icon) override { return Answer::no; }
-    void notice(std::string_view, std::string_view, Icon) override {}
-    void showError(const ErrorReport&, std::string_view, std::string_view) override {}
-    void beep() override {}
-    void statusText(std::string_view) override {}
-    void linkPanel(std::string_view) override {}
 };
 
 /// Values of all sizes, some without a value; names and units as tools have them.
