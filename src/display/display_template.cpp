@@ -77,9 +77,9 @@ struct Entry {
     std::string_view value;
 
     [[noreturn]] void fail(const std::string& expected) const {
+        const std::string given = std::string(key) + (value.empty() ? "" : " = " + std::string(value));
         throw Failure(ErrorNumber::badFile, std::string(file) + ", line " + std::to_string(line) + ": " +
-                                                std::string(key) + " = " + std::string(value) +
-                                                "; expected is " + expected);
+                                                given + "; expected is " + expected);
     }
     [[nodiscard]] double number(double least, double most) const {
         const auto read = parseNumber(value);
@@ -87,6 +87,13 @@ struct Entry {
             fail("a number from " + shortestNumber(least) + " to " + shortestNumber(most));
         }
         return *read;
+    }
+    [[nodiscard]] int whole(int least, int most) const {
+        const auto read = parseNumber(value);
+        if (!read || !(*read >= least && *read <= most) || *read != std::floor(*read)) {
+            fail("a whole number from " + std::to_string(least) + " to " + std::to_string(most));
+        }
+        return static_cast<int>(*read);
     }
     template <class Choice, class Names>
     [[nodiscard]] Choice choice(const Names& names) const {
@@ -120,7 +127,7 @@ void setDisplay(LogDisplay& display, const Entry& entry) {
     } else if (entry.key == "depth_width") {
         display.depthTrack.width = entry.number(5, 100);
     } else if (entry.key == "depth_place") {
-        display.depthPlace = static_cast<std::size_t>(entry.number(0, 100));
+        display.depthPlace = static_cast<std::size_t>(entry.whole(0, 100));
     } else if (entry.key == "speed_bar") {
         display.depthTrack.speedBar = entry.choice<bool>(answers);
     } else {
@@ -134,7 +141,7 @@ void setTrack(Track& track, const Entry& entry) {
     } else if (entry.key == "grid") {
         track.grid = entry.choice<ScaleKind>(scaleNames);
     } else if (entry.key == "divisions") {
-        track.divisions = static_cast<int>(entry.number(1, 100));
+        track.divisions = entry.whole(1, 100);
     } else {
         entry.fail("another key of a track");
     }
@@ -213,7 +220,7 @@ class Reader {
 
   private:
     void beginSection(std::string_view line) {
-        section_ = line.size() > 2 ? line.substr(1, line.size() - 2) : "";
+        section_ = line.ends_with(']') ? line.substr(1, line.size() - 2) : "";
         const Entry entry{file_, line_, line, ""};
         if (section_ == "track") {
             display_.tracks.emplace_back();

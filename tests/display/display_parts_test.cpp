@@ -63,7 +63,9 @@ TEST(Templates, SayTheLineThatCannotBeRead) {
         {"[track]\n[curve]\nchannel = Res\nscale = logarithmic\nleft = 0",
          "t, line 2: the scale of \"Res\" has equal ends"},
         {"[track]\n[curve]\nfilter = 0", "line 3: filter = 0; expected is None, or a whole number"},
-        {"[track]\nwidth", "line 2: width = ; expected is key = value"},
+        {"[track]\ndivisions = 2.7", "line 2: divisions = 2.7; expected is a whole number from 1 to 100"},
+        {"[trackx", "line 1: [trackx; expected is [display], [track] or [curve]"},
+        {"[track]\nwidth", "line 2: width; expected is key = value"},
         {"[track]\ncolour = red", "line 2: colour = red; expected is another key of a track"},
     };
     for (const auto& [text, said] : cases) {
