@@ -5,10 +5,10 @@
 #include "display/display_view.h"
 #include "drawing/canvas.h"
 
-#include <QFile>
 #include <QImage>
 #include <QPageSize>
 #include <QPdfWriter>
+#include <QSaveFile>
 #include <QSvgGenerator>
 
 #include <cmath>
@@ -36,11 +36,32 @@ void needOnePage(const Path& file, bool fits) {
     if (!fits) fail(file, "the log is too long for one picture; take a PDF, a smaller scale or a part of it");
 }
 
-/// The painters do not tell of a full disk, the file does.
-void needWhole(const Path& file, bool painted, QFile& out) {
-    if (painted && out.flush() && out.error() == QFileDevice::NoError) return;
-    fail(file, "was not written whole; is the disk full?");
-}
+/// What is written takes the name only when it is whole: a plot broken off leaves the one before it as it
+/// was.
+class WholeFile : public QSaveFile {
+  public:
+    explicit WholeFile(const Path& file) : QSaveFile(nameOf(file)), file_(file) {
+        if (!open(QIODevice::WriteOnly)) failToOpen(file);
+    }
+
+    /// The painters do not tell of a full disk, the file does.
+    void finish(bool painted) {
+        if (painted && whole_ && flush() && error() == QFileDevice::NoError && commit()) return;
+        fail(file_, "was not written whole; is the disk full?");
+    }
+
+  protected:
+    /// The last write that a disk takes may be a part of what it was given, and that is no error yet.
+    qint64 writeData(const char* data, qint64 length) override {
+        const qint64 written = QSaveFile::writeData(data, length);
+        whole_ = whole_ && written == length;
+        return written;
+    }
+
+  private:
+    const Path& file_;
+    bool whole_ = true;
+};
 
 void writePng(const Path& file, const PictureSize& size, const PaintPage& paint) {
     const double perMillimetre = size.dotsPerInch / millimetresPerInch;
@@ -55,12 +76,12 @@ void writePng(const Path& file, const PictureSize& size, const PaintPage& paint)
     QPainter painter(&image);
     paint(painter, 0, perMillimetre, false);
     painter.end();
-    if (!image.save(nameOf(file), "PNG")) failToOpen(file);
+    WholeFile out(file);
+    out.finish(image.save(&out, "PNG"));
 }
 
 void writePdf(const Path& file, const PictureSize& size, const std::string& title, const PaintPage& paint) {
-    QFile out(nameOf(file));
-    if (!out.open(QIODevice::WriteOnly)) failToOpen(file);
+    WholeFile out(file);
     QPdfWriter writer(&out);
     writer.setCreator(QStringLiteral("Tarvik"));
     writer.setTitle(qText(title));
@@ -74,7 +95,7 @@ void writePdf(const Path& file, const PictureSize& size, const std::string& titl
         if (page > 0) writer.newPage();
         paint(painter, page, pdfDotsPerInch / millimetresPerInch, true);
     }
-    needWhole(file, painter.end(), out);
+    out.finish(painter.end());
 }
 
 void writeSvg(const Path& file, const PictureSize& size, const std::string& title, const PaintPage& paint) {
@@ -82,8 +103,7 @@ void writeSvg(const Path& file, const PictureSize& size, const std::string& titl
     const double perMillimetre = svgDotsPerInch / millimetresPerInch;
     const QSize units(static_cast<int>(std::ceil(size.width * perMillimetre)),
                       static_cast<int>(std::ceil(size.height * perMillimetre)));
-    QFile out(nameOf(file));
-    if (!out.open(QIODevice::WriteOnly)) failToOpen(file);
+    WholeFile out(file);
     QSvgGenerator generator;
     generator.setOutputDevice(&out);
     generator.setResolution(svgDotsPerInch);
@@ -93,7 +113,7 @@ void writeSvg(const Path& file, const PictureSize& size, const std::string& titl
     QPainter painter;
     if (!painter.begin(&generator)) failToOpen(file);
     paint(painter, 0, perMillimetre, true);
-    needWhole(file, painter.end(), out);
+    out.finish(painter.end());
 }
 
 std::string ending(const Path& file) {

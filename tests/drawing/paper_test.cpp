@@ -12,12 +12,15 @@
 #include "platform/disk_files.h"
 #include "platform/temporary_folder.h"
 
+#include <csignal>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <regex>
 #include <set>
 #include <sstream>
+
+#include <sys/resource.h>
 
 namespace tarvik {
 namespace {
@@ -304,11 +307,7 @@ TEST(PlotVerb, SaysWhatIsWrong) {
         std::string said;
     };
     const std::string out = (folder / "a.png").string();
-    for (const char* full : {"full.pdf", "full.svg"})
-        std::filesystem::create_symlink("/dev/full", folder / full);
     const std::vector<Case> cases{
-        {{"-o", (folder / "full.pdf").string()}, 1, "is the disk full?"},
-        {{"-o", (folder / "full.svg").string()}, 1, "is the disk full?"},
         {{}, 2, "-o OUT.png, OUT.pdf or OUT.svg is missing"},
         {{"-o", "a.jpg"}, 1, "a plot is a .png, a .pdf or an .svg file"},
         {{"-o", (folder / "no/a.png").string()}, 1, "is there such a folder"},
@@ -327,6 +326,40 @@ TEST(PlotVerb, SaysWhatIsWrong) {
         EXPECT_EQ(done.code, each.code) << each.said;
         EXPECT_THAT(done.err, HasSubstr(each.said));
         EXPECT_EQ(done.out, "");
+    }
+}
+
+/// No file may grow longer while this lives, as on a full disk.
+class FullDisk {
+  public:
+    FullDisk() {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit small{2000, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    rlimit before_{};
+};
+
+TEST(PlotVerb, OnAFullDiskThePlotBeforeStaysAsItWas) {
+    const TemporaryFolder folder;
+    const std::string run = runFileIn(folder).string();
+    const std::string home = (folder / "home").string();
+    ASSERT_EQ(tarvik({"plot", run, "-o", (folder / "first.svg").string(), "--home", home}).code, 0)
+        << "what a first start writes is there then";
+    for (const char* name : {"a.png", "a.pdf", "a.svg"}) {
+        const std::string file = (folder / name).string();
+        DiskFiles().replace(file, asBytes(std::string_view("before")));
+        const FullDisk full;
+        const Done done = tarvik({"plot", run, "-o", file, "--home", home});
+        EXPECT_EQ(done.code, 1) << name;
+        EXPECT_THAT(done.err, HasSubstr("is the disk full?"));
+        EXPECT_EQ(contentOf(file), "before");
     }
 }
 
