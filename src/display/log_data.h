@@ -26,6 +26,7 @@ struct LogData {
     std::span<const double> time;  ///< seconds; may be empty
     std::vector<ChannelData> channels;
     DepthUnits units = DepthUnits::metres;
+    std::string_view otherUnit; ///< of an index that is neither; each counts as a metre. Mostly empty
     std::size_t firstStep = 0;  ///< number of the first step, when older ones have left the arrays
     std::uint64_t revision = 0; ///< another number when values have changed in place
     double joinLimit = 0;       ///< metres; steps further apart are not joined by a line. 0: no limit

@@ -25,14 +25,15 @@ std::string labelled(std::string_view label, const std::string& value) {
     return trimmed(value).empty() ? "" : std::string(label) + std::string(trimmed(value));
 }
 
-std::string unitLetter(DepthUnits units) {
-    return units == DepthUnits::metres ? " m" : " ft";
+std::string unitLetter(const ReviewLog& log) {
+    if (log.otherDepthUnit) return " " + *log.otherDepthUnit;
+    return log.header.setup.units == DepthUnits::metres ? " m" : " ft";
 }
 
 std::string intervalText(const ReviewLog& log) {
     if (log.steps() == 0) return "no depth on file";
     return formatPicture(log.depth.front(), "0.00") + " to " + formatPicture(log.depth.back(), "0.00") +
-           unitLetter(log.header.setup.units);
+           unitLetter(log);
 }
 
 /// A LAS file says nothing of calibrations, sampling, tool or winch: blank fields for them would

@@ -72,21 +72,28 @@ void paintCurveHead(const Canvas& canvas, const LogCurve& curve, const LogData& 
     painter.drawLine(QLineF(middle + unitWidth / 2, line, to, line));
 }
 
+/// An index in another unit than metres or feet may be anything: a time, a sample number.
+QString indexName(const Canvas& canvas, const LogData& data) {
+    if (canvas.view.axis == Axis::time) return QStringLiteral("Time");
+    return data.otherUnit.empty() ? QStringLiteral("Depth") : QStringLiteral("Index");
+}
+
 void paintDepthHead(const Canvas& canvas, const LogData& data, double height) {
     const Column& column = canvas.columns.depth;
-    const bool time = canvas.view.axis == Axis::time;
     canvas.painter.setPen(qColour(canvas.display.scheme.text));
     canvas.painter.setFont(letters(canvas, nameLetters, true));
     canvas.painter.drawText(QRectF(column.left, height - canvas.mm(headSlot + 1), column.width, canvas.mm(4)),
-                            Qt::AlignCenter, time ? QStringLiteral("Time") : QStringLiteral("Depth"));
+                            Qt::AlignCenter, indexName(canvas, data));
     canvas.painter.setFont(letters(canvas, endLetters));
-    const auto unit = [&](double left, double width, const char* text) {
+    const auto unit = [&](double left, double width, std::string_view text) {
         canvas.painter.drawText(QRectF(left, height - canvas.mm(5), width, canvas.mm(4)), Qt::AlignCenter,
-                                QString::fromLatin1(text));
+                                qText(text));
     };
     const DepthNumbers numbers = canvas.display.depthTrack.numbers;
-    if (time) {
+    if (canvas.view.axis == Axis::time) {
         unit(column.left, column.width, "min:s");
+    } else if (!data.otherUnit.empty()) {
+        unit(column.left, column.width, data.otherUnit);
     } else if (numbers == DepthNumbers::both) {
         unit(column.left, column.width / 2, "m");
         unit(column.left + column.width / 2, column.width / 2, "ft");

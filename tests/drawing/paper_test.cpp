@@ -298,6 +298,22 @@ TEST(PlotVerb, DrawsALasFileAndReadsAnOddOneWhenAsked) {
                                testing::Not(HasSubstr("Coefficients"))));
 }
 
+TEST(PlotVerb, AnIndexInAnotherUnitIsHeadedByItsOwn) {
+    const TemporaryFolder folder;
+    const std::string las = (folder / "t.las").string();
+    const std::string picture = (folder / "t.svg").string();
+    DiskFiles().replace(
+        las, asBytes(std::string_view("~V\nVERS. 2.0:\nWRAP. NO:\n~W\nSTRT.S 10:\nSTOP.S 12:\nSTEP.S 1:\n"
+                                      "NULL. -999.25:\nWELL. Old One : WELL\n~C\nTIME.S :\nGR.API :\n"
+                                      "~A\n10 50\n11 60\n12 70\n")));
+    const Done drawn =
+        tarvik({"plot", las, "-o", picture, "--tolerant", "--home", (folder / "home").string()});
+    EXPECT_EQ(drawn.code, 0) << drawn.err;
+    EXPECT_THAT(contentOf(picture),
+                testing::AllOf(HasSubstr(">Index<"), HasSubstr(">S<"), HasSubstr("10.00 to 12.00 S"),
+                               HasSubstr("counts each as a metre"), testing::Not(HasSubstr(">metres<"))));
+}
+
 TEST(PlotVerb, SaysWhatIsWrong) {
     const TemporaryFolder folder;
     const std::string run = runFileIn(folder).string();
