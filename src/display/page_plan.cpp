@@ -51,6 +51,7 @@ class Planner {
             left_ += pageOverlap;
             fill(next, plan_.margin);
         }
+        plan_.cut = left_ > enough;
         return std::move(plan_);
     }
 

@@ -44,6 +44,7 @@ struct PagePlan {
     double height = 0;
     double margin = 0;
     std::vector<PlannedPage> pages;
+    bool cut = false; ///< the log goes on behind the last page: there would be more than mostPages
 
     [[nodiscard]] double contentWidth() const { return width - 2 * margin; }
 };

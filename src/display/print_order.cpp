@@ -34,7 +34,13 @@ std::optional<double> scaleFromText(std::string_view text) {
     return number;
 }
 
+std::string tooManyPages() {
+    return "This would be more than " + std::to_string(mostPages) +
+           " pages; take a smaller scale or a part of the log";
+}
+
 std::string printSummary(const PrintOrder& order, const PagePlan& plan) {
+    if (plan.cut) return tooManyPages() + ".";
     const double metres = (order.interval.to - order.interval.from) / order.scale;
     const std::string length = formatPicture(metres, "0.00") + " m of log";
     const std::size_t pages = plan.pages.size();

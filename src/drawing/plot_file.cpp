@@ -1,6 +1,7 @@
 #include "drawing/plot_file.h"
 
 #include "base/failure.h"
+#include "display/print_order.h"
 #include "drawing/picture_file.h"
 
 namespace tarvik {
@@ -9,11 +10,7 @@ void writePlot(const LogSheet& sheet, const PlotTarget& target) {
     Paper paper = target.paper;
     if (!hasPages(target.file)) paper.height = 0;
     const PagePlan plan = planOf(sheet, paper);
-    if (plan.pages.size() >= mostPages) {
-        throw Failure(ErrorNumber::badFile, target.file.string() + ": this would be " +
-                                                std::to_string(mostPages) +
-                                                " pages or more; take a smaller scale or a part of the log");
-    }
+    if (plan.cut) throw Failure(ErrorNumber::badFile, target.file.string() + ": " + tooManyPages());
     PagePainter pages;
     writePicture(target.file, {plan.width, plan.height, plan.pages.size(), target.dotsPerInch},
                  sheet.heading.hole + " " + sheet.heading.title,

@@ -1,5 +1,6 @@
 #include "drawing/plot_options.h"
 
+#include "base/failure.h"
 #include "base/number_picture.h"
 #include "base/text.h"
 #include "display/bullseye.h"
@@ -96,6 +97,12 @@ LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Files
     const double last = log.depth.empty() ? 0 : log.depth.back();
     sheet.from = toMetres(arguments.number("--from").value_or(first), units);
     sheet.to = toMetres(arguments.number("--to").value_or(last), units);
+    if (sheet.to <= sheet.from && first >= last) {
+        throw Failure(ErrorNumber::badFile,
+                      "There is nothing to draw: the log has " +
+                          (log.depth.empty() ? std::string("no depth")
+                                             : "one depth only, " + formatPicture(first, "0.00")));
+    }
     if (sheet.to <= sheet.from) throw UsageError("there is no log between --from and --to");
     return sheet;
 }

@@ -297,6 +297,7 @@ void frmPrint::paintPages(QPrinter& printer, std::size_t first, std::size_t last
 
 void frmPrint::print() {
     if (!allRight()) return;
+    if (plan_.cut) return modules_.operatorSide.message("Print", tooManyPages() + ".", Icon::exclamation);
     QPrinter printer(QPrinter::HighResolution);
     preparePrinter(printer);
     if (!modules_.choosePrinter(printer, this)) return;

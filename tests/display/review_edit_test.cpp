@@ -147,6 +147,7 @@ TEST(SecondRun, IsDrawnOtherwiseInTheSameColumns) {
 TEST(PrintOrders, EndWhereNobodyWouldPrintOn) {
     const PagePlan plan = planPages({*paperNamed("A4"), 0, 20, 0, 1e30, 0.2});
     EXPECT_EQ(plan.pages.size(), mostPages);
+    EXPECT_THAT(printSummary({}, plan), HasSubstr("more than 10000 pages; take a smaller scale"));
 }
 
 TEST(Scales, WithoutDistinctEndsAreNotUsable) {

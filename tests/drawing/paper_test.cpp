@@ -314,6 +314,19 @@ TEST(PlotVerb, AnIndexInAnotherUnitIsHeadedByItsOwn) {
                                HasSubstr("counts each as a metre"), testing::Not(HasSubstr(">metres<"))));
 }
 
+TEST(PlotVerb, ALogOfOneDepthSaysSo) {
+    const TemporaryFolder folder;
+    const std::string las = (folder / "one.las").string();
+    DiskFiles().replace(las,
+                        asBytes(std::string_view("~V\nVERS. 2.0:\nWRAP. NO:\n~W\nSTRT.M 10:\nSTOP.M 10:\n"
+                                                 "STEP.M 1:\nNULL. -999.25:\n~C\nDEPT.M :\nGR.API :\n"
+                                                 "~A\n10 50\n")));
+    const Done done = tarvik({"plot", las, "-o", (folder / "one.svg").string(), "--tolerant", "--home",
+                              (folder / "home").string()});
+    EXPECT_EQ(done.code, 1);
+    EXPECT_THAT(done.err, HasSubstr("the log has one depth only, 10.00"));
+}
+
 TEST(PlotVerb, SaysWhatIsWrong) {
     const TemporaryFolder folder;
     const std::string run = runFileIn(folder).string();
