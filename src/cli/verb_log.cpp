@@ -125,9 +125,13 @@ int runLog(const Arguments& arguments) {
     loadEquipment(program.settings, mode, program.equipment);
 
     if (!session.acquire()) return exitFailed;
-    if (depthToSet && !setWinchDepth(program.lcu, program.log, *depthToSet)) {
-        std::cerr << "The depth could not be set to " << *depthToSet << " m: stop the winch and try again.\n";
-        return exitFailed;
+    if (depthToSet) {
+        const DepthSetting outcome = setWinchDepth(program.lcu, program.log, *depthToSet);
+        if (outcome != DepthSetting::done) {
+            std::cerr << "The depth could not be set to " << *depthToSet << " m. "
+                      << depthSettingRemedy(outcome) << "\n";
+            return exitFailed;
+        }
     }
 
     ConsoleRunView view(program.clock, session.signals(), ends, choice, recording, terminal.lines());

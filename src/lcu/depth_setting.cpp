@@ -7,21 +7,38 @@
 
 namespace tarvik {
 
-bool setWinchDepth(LcuCommands& lcu, StatusLog& log, double metres) {
+DepthSetting setWinchDepth(LcuCommands& lcu, StatusLog& log, double metres) {
     constexpr double farthest =
         83886.07; // metres: the depth counter is a signed 24-bit number of centimetres
     if (!(std::abs(metres) <= farthest)) {
         log.red("Unable to set depth - " + shortestNumber(metres) + " metres is beyond the depth counter");
-        return false;
+        return DepthSetting::outOfReach;
     }
     const auto wanted = toInt32(metres * 100);
     const auto reported = lcu.LCU_SetDepth(wanted);
     if (reported != wanted) {
         log.red("Unable to set depth - is winch running ??");
-        return false;
+        if (lcu.depthAnswered()) return DepthSetting::otherDepth;
+        log.red("No depth came back from the LCU - check its power, the cable and the port");
+        return DepthSetting::noAnswer;
     }
     log.black("Depth successfully set to " + shortestNumber(metres) + " metres");
-    return true;
+    return DepthSetting::done;
+}
+
+std::string depthSettingRemedy(DepthSetting outcome) {
+    switch (outcome) {
+    case DepthSetting::outOfReach:
+        return "The depth is beyond the depth counter of the LCU. Enter a smaller one.";
+    case DepthSetting::otherDepth:
+        return "The LCU did not report the depth back. Stop the winch and set the depth again.";
+    case DepthSetting::noAnswer:
+        return "The LCU did not answer. Check its power, the cable and the port, then set the depth again. "
+               "The depth in the LCU is not known until it has been set.";
+    case DepthSetting::done:
+        break;
+    }
+    return {};
 }
 
 } // namespace tarvik

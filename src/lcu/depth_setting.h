@@ -5,9 +5,21 @@
 #include "app/status_log.h"
 #include "lcu/lcu_commands.h"
 
+#include <string>
+
 namespace tarvik {
 
-/// True when the LCU reports the depth back. Both outcomes are in the status log.
-bool setWinchDepth(LcuCommands& lcu, StatusLog& log, double metres);
+enum class DepthSetting {
+    done,       ///< the LCU has reported the depth back
+    outOfReach, ///< beyond the depth counter; nothing was sent
+    otherDepth, ///< it has reported another depth, or scans came instead: the winch was running
+    noAnswer,   ///< nothing came: the line, or the box
+};
+
+/// Every outcome is in the status log.
+DepthSetting setWinchDepth(LcuCommands& lcu, StatusLog& log, double metres);
+
+/// What the operator is to do about it, in whole sentences; empty when it is done.
+[[nodiscard]] std::string depthSettingRemedy(DepthSetting outcome);
 
 } // namespace tarvik

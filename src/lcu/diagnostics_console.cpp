@@ -162,7 +162,8 @@ void DiagnosticsConsole::sendOne(const std::string& command) {
 
 void DiagnosticsConsole::cominitdepth(double metres) {
     order([this, metres] {
-        if (portIsOpen() && setWinchDepth(modules_.lcu, modules_.log, metres)) depth_ = metres;
+        if (!portIsOpen()) return;
+        if (setWinchDepth(modules_.lcu, modules_.log, metres) == DepthSetting::done) depth_ = metres;
     });
 }
 

@@ -234,7 +234,9 @@ std::optional<std::int32_t> LcuCommands::depth() {
     using Depth = std::optional<std::int32_t>;
     return errors_.run("LCUFunctions-LCU_getdepth", Depth(), [&](Level& level) {
         Depth result;
-        if (port_.ask("D", depthWaitMs) == 4) {
+        const std::int32_t came = port_.ask("D", depthWaitMs);
+        depthAnswered_ = came > 0;
+        if (came == 4) {
             level = 1;
             std::ignore = port_.next(); // echo of the command
             const std::int32_t high = port_.next();

@@ -60,6 +60,9 @@ class LcuCommands {
     std::optional<std::int32_t> LCU_SetDepth(double centimetres);
     /// Centimetres; nothing when the answer is not exactly four bytes.
     std::optional<std::int32_t> LCU_getdepth();
+    /// Did any byte come back when a depth was last asked for? Then the line is there, and what came was
+    /// wrong.
+    [[nodiscard]] bool depthAnswered() const { return depthAnswered_; }
 
     /// Sends without asking for the status: "V" starts the stream, and an answer would get lost in it.
     LinkResult sendPlain(std::string_view text);
@@ -96,6 +99,7 @@ class LcuCommands {
     LcuPort& port_;
     LinkState& link_;
     LinkWatcher* watcher_ = nullptr;
+    bool depthAnswered_ = false;
 };
 
 } // namespace tarvik

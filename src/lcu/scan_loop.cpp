@@ -218,10 +218,18 @@ void ScanLoop::showScan() {
 
 void ScanLoop::say(KeepingState state, std::string_view why) {
     if (state == shownState_) return;
-    shownState_ = state;
+    logWriting(std::exchange(shownState_, state), state, why);
     if (state == KeepingState::kept) return modules_.view.keepingState(state, {});
     const std::string since = formatDate(modules_.clock.now(), "hh:mm");
     modules_.view.keepingState(state, "since " + since + ": " + std::string(why));
+}
+
+/// What is not written is worth a line that stays.
+void ScanLoop::logWriting(KeepingState before, KeepingState now, std::string_view why) {
+    const std::string name = run_.file.filename().string();
+    if (now == KeepingState::writeFailed) modules_.log.red(name + ": " + std::string(why));
+    if (before == KeepingState::writeFailed && now == KeepingState::kept)
+        modules_.log.black(name + " is being written again");
 }
 
 void ScanLoop::showProgress() {

@@ -40,6 +40,7 @@ class ScanLoop {
     void store(KeptScanView& shown);
     void explainNotKept();
     void say(KeepingState state, std::string_view why);
+    void logWriting(KeepingState before, KeepingState now, std::string_view why);
     void showProgress();
     void end(std::string_view title, std::string_view why);
     [[nodiscard]] double speedInFileUnits() const;

@@ -47,14 +47,10 @@ void Acquisition::setDepth(double metres) {
 }
 
 void Acquisition::setDepthNow(double metres) {
-    if (setWinchDepth(program_.lcu, program_.log, metres)) {
-        screen_.side().instrument().showDepth(metres);
-    } else {
-        program_.frame.operatorSide.message("Winch depth",
-                                            "The LCU did not report the depth back.\n"
-                                            "Stop the winch and set the depth again.",
-                                            Icon::exclamation);
-    }
+    const DepthSetting outcome = setWinchDepth(program_.lcu, program_.log, metres);
+    if (outcome == DepthSetting::done) screen_.side().instrument().showDepth(metres);
+    if (const std::string remedy = depthSettingRemedy(outcome); !remedy.empty())
+        program_.frame.operatorSide.message("Winch depth", remedy, Icon::exclamation);
     gate_.exchangeEnded();
 }
 

@@ -351,6 +351,10 @@ TEST(LoggingRun, AFullDiskCostsNoScan) {
     EXPECT_EQ(rig.startLogging(), RunResult::finished);
     expectFirstScansOf(expected(rig), rig.scansOnFile(), 30);
     EXPECT_THAT(rig.view.states, ElementsAre(KeepingState::writeFailed, KeepingState::kept));
+    EXPECT_THAT(
+        rig.runLines(),
+        testing::IsSupersetOf({"2H1_K215_01.kvx: the run file cannot be written; scans are held until it can",
+                               "0H1_K215_01.kvx is being written again"}));
     EXPECT_EQ(rig.view.written, 30);
 
     RunRig full;

@@ -50,16 +50,24 @@ TEST_P(SimulatedLcu, AnswersTheCommands) {
 TEST_P(SimulatedLcu, SetsTheWinchDepthOnlyWhereTheBoxAgrees) {
     start();
     bench.lines.take();
-    EXPECT_TRUE(setWinchDepth(bench.lcu, bench.log, -12.345)); // a tie goes to the even centimetre
+    EXPECT_EQ(setWinchDepth(bench.lcu, bench.log, -12.345),
+              DepthSetting::done); // a tie goes to the even centimetre
     EXPECT_EQ(bench.lcu.LCU_getdepth(), -1234);
     EXPECT_EQ(bench.lines.lines, Lines{"0Depth successfully set to -12.345 metres"});
-    EXPECT_TRUE(setWinchDepth(bench.lcu, bench.log, 83886.07));
-    EXPECT_FALSE(setWinchDepth(bench.lcu, bench.log, 83886.08)); // would come back as the other end
+    EXPECT_EQ(setWinchDepth(bench.lcu, bench.log, 83886.07), DepthSetting::done);
+    EXPECT_EQ(setWinchDepth(bench.lcu, bench.log, 83886.08),
+              DepthSetting::outOfReach); // would come back as the other end
     EXPECT_EQ(bench.lines.lines.back(), "2Unable to set depth - 83886.08 metres is beyond the depth counter");
-    EXPECT_FALSE(setWinchDepth(bench.lcu, bench.log, std::nan("")));
+    EXPECT_EQ(setWinchDepth(bench.lcu, bench.log, std::nan("")), DepthSetting::outOfReach);
     bench.lcu.sendPlain("V"); // the drum turns
-    EXPECT_FALSE(setWinchDepth(bench.lcu, bench.log, 5));
-    EXPECT_EQ(bench.lines.lines.back(), "2Unable to set depth - is winch running ??");
+    const std::string failed = "2Unable to set depth - is winch running ??";
+    EXPECT_EQ(setWinchDepth(bench.lcu, bench.log, 5), DepthSetting::otherDepth);
+    EXPECT_EQ(bench.lines.lines.back(), failed);
+    bench.serial.failNext("ComStatus", portGone, 9); // unplugged
+    bench.lines.take();
+    EXPECT_EQ(setWinchDepth(bench.lcu, bench.log, 5), DepthSetting::noAnswer);
+    EXPECT_EQ(bench.lines.lines,
+              (Lines{failed, "2No depth came back from the LCU - check its power, the cable and the port"}));
 }
 
 INSTANTIATE_TEST_SUITE_P(BothModels, SimulatedLcu,

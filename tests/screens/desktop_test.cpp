@@ -51,6 +51,28 @@ TEST(DesktopTest, AnIdleBoxThatStopsAnsweringIsCalledLostUntilItAnswers) {
     EXPECT_TRUE(start.isEnabled());
 }
 
+TEST(DesktopTest, ADepthThatIsNotSetSaysWhereToLook) {
+    Truck truck;
+    truck.acquire();
+    const auto setDepth = [&] {
+        std::string said;
+        whenModal([&](QWidget& box) {
+            said = plain(dynamic_cast<QMessageBox&>(box).text());
+            box.close();
+        });
+        control<QLineEdit>(truck.screen(), "txtsetdepth").setText("12.5");
+        click(truck.screen(), "comsetdepth");
+        return said;
+    };
+    EXPECT_EQ(setDepth(), "");
+    truck.p().lcu.sendPlain("V"); // the drum turns
+    EXPECT_NE(setDepth().find("Stop the winch"), std::string::npos);
+    truck.serial.failNext("ComStatus", -5, 9); // unplugged
+    const std::string unplugged = setDepth();
+    EXPECT_NE(unplugged.find("cable and the port"), std::string::npos) << unplugged;
+    EXPECT_EQ(unplugged.find("Stop the winch"), std::string::npos) << unplugged;
+}
+
 TEST(DesktopTest, TheStopKeyWorksInAnyWindow) {
     Truck truck;
     truck.acquire();
