@@ -91,8 +91,7 @@ class LasDataLoader {
         LasDataLines lines(ahead, unsaid, {});
         std::vector<LasWrapLine> first;
         for (LasLine line; first.size() < learnLines(columns_) && lines.next(line);) {
-            splitLasRow(line.text, row_);
-            first.push_back({row_.tokens, row_.values[0]});
+            first.push_back(wrapLineOf(line.text));
         }
         LasWrapForm form = learnWrapForm(first, columns_, header_.facts.step);
         if (form.rows == 0)

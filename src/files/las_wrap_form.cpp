@@ -1,5 +1,8 @@
 #include "files/las_wrap_form.h"
 
+#include "files/las_commas.h"
+#include "files/las_row.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -64,6 +67,17 @@ std::size_t rowsThatGoOn(double step, const LasWrapForm& form, Lines lines, std:
 }
 
 } // namespace
+
+LasWrapLine wrapLineOf(std::string_view line) {
+    LasRow row;
+    splitLasRow(line, row);
+    if (row.tokens == 0 || !std::isnan(row.values[0])) return {row.tokens, row.values[0]};
+    const std::size_t begin = line.find_first_not_of(" \t");
+    std::string first(line.substr(begin, line.find_first_of(" \t", begin) - begin));
+    LasRow mended;
+    if (mendDecimalCommas(first)) splitLasRow(first, mended);
+    return {row.tokens, mended.tokens == 1 ? mended.values[0] : row.values[0]};
+}
 
 bool LasWrapForm::fits(std::size_t at, std::size_t values, std::size_t sum, std::size_t columns) const {
     if (!layout.empty()) return at < layout.size() && values == layout[at];

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace tarvik {
@@ -16,6 +17,9 @@ struct LasWrapLine {
     std::size_t values = 0;
     double first = 0; ///< its first value; not a number where that is none
 };
+
+/// A decimal comma in the first value counts as a point: whatever commas are in the file, it can be a depth.
+[[nodiscard]] LasWrapLine wrapLineOf(std::string_view line);
 
 struct LasWrapForm {
     /// Values on each line of a row. Empty: the depth alone, then lines of two values and more, the last one

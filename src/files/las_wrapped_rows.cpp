@@ -1,7 +1,5 @@
 #include "files/las_wrapped_rows.h"
 
-#include "files/las_row.h"
-
 #include <cmath>
 
 namespace tarvik {
@@ -35,10 +33,9 @@ bool LasWrappedRows::next(LasLine& row) {
 bool LasWrappedRows::readLine() {
     LasLine line;
     if (!lines_.next(line)) return false;
-    LasRow values;
-    splitLasRow(line.text, values);
+    const LasWrapLine values = wrapLineOf(line.text);
     text_.append(line.text) += ' ';
-    pieces_.push_back({values.tokens, line.number, text_.size(), values.values[0], line.ended});
+    pieces_.push_back({values.values, line.number, text_.size(), values.first, line.ended});
     return true;
 }
 

@@ -16,6 +16,7 @@ struct Form {
     const char* what;
     std::vector<std::vector<std::size_t>> layouts; ///< values on the lines of a row, taken in turn
     bool secondIsDepth = false;                    ///< a curve repeats the depth
+    bool decimalCommas = false;
 };
 
 const std::vector<Form> forms{
@@ -23,6 +24,8 @@ const std::vector<Form> forms{
     {"ends with one value", {{1, 4, 1}}},
     {"one value, then more, then one", {{1, 1, 3, 1}}},
     {"lines of 80 characters", {{1, 4, 2}, {1, 3, 3}, {1, 5, 1}, {1, 6}}},
+    {"lines of 80 characters, decimal commas", {{1, 4, 2}, {1, 3, 3}, {1, 5, 1}, {1, 6}}, false, true},
+    {"depth alone, decimal commas", {{1, 5}}, false, true},
     {"depth among others", {{3, 3, 1}}},
     {"all lines alike", {{3, 3}}},
     {"each value alone", {{1, 1, 1, 1, 1, 1}}},
@@ -39,7 +42,8 @@ std::size_t columnsOf(const Form& form) {
 std::vector<std::string> linesOf(const Form& form, std::size_t rows) {
     std::vector<std::string> lines;
     for (std::size_t row = 0; row < rows; ++row) {
-        const std::string depth = std::to_string(100 + static_cast<double>(row) * step);
+        std::string depth = std::to_string(100 + static_cast<double>(row) * step);
+        if (form.decimalCommas) std::ranges::replace(depth, '.', ',');
         std::size_t column = 0;
         for (const std::size_t values : form.layouts[row % form.layouts.size()]) {
             std::string line;
@@ -64,8 +68,7 @@ std::vector<std::string> rowsOf(const Form& form, const std::vector<std::string>
     LasFindings findings;
     LasDataLines dataLines(lines, findings, {});
     std::vector<LasWrapLine> first;
-    for (const std::string& line : text)
-        first.push_back({static_cast<std::size_t>(std::ranges::count(line, ' ')) + 1, std::stod(line)});
+    for (const std::string& line : text) first.push_back(wrapLineOf(line));
     const std::size_t columns = columnsOf(form);
     LasWrappedRows wrapped(dataLines, learnWrapForm(first, columns, step), columns, findings);
     std::vector<std::string> rows;
