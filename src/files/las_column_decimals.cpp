@@ -23,17 +23,37 @@ std::optional<int> decimalsOf(std::string_view number) {
 
 } // namespace
 
+template <class Use>
+void LasColumnDecimals::forEachToken(std::string_view row, Use&& use) {
+    std::size_t column = 0;
+    for (std::size_t at = row.find_first_not_of(" \t"); at < row.size(); ++column) {
+        const std::size_t end = std::min(row.find_first_of(" \t", at), row.size());
+        if (!use(row.substr(at, end - at), column)) return;
+        at = row.find_first_not_of(" \t", end);
+    }
+}
+
 void LasColumnDecimals::learn(std::string_view row, std::size_t columns) {
     decimals_.resize(columns, unknown);
-    std::size_t column = 0;
-    for (std::size_t at = row.find_first_not_of(" \t"); at < row.size() && column < columns; ++column) {
-        const std::size_t end = std::min(row.find_first_of(" \t", at), row.size());
-        const std::string_view token = row.substr(at, end - at);
+    forEachToken(row, [&](std::string_view token, std::size_t column) {
+        if (column >= columns) return false;
         const auto here = decimalsOf(token);
         int& known = decimals_[column];
         if (here && !isNull(token)) known = known == unknown || known == *here ? *here : various;
-        at = row.find_first_not_of(" \t", end);
-    }
+        return true;
+    });
+}
+
+std::size_t LasColumnDecimals::firstMisfit(std::string_view row) const {
+    std::size_t misfit = std::string_view::npos;
+    forEachToken(row, [&](std::string_view token, std::size_t column) {
+        if (column >= decimals_.size()) return false;
+        const auto here = decimalsOf(token);
+        const int known = decimals_[column];
+        if (here && known >= 0 && *here != known && !isNull(token)) misfit = column;
+        return misfit == std::string_view::npos;
+    });
+    return misfit;
 }
 
 /// The header writes it with a point, data with decimal commas with a comma.

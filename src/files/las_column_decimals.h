@@ -22,7 +22,14 @@ class LasColumnDecimals {
     /// the decimals, at least one, that the column has everywhere.
     [[nodiscard]] bool fit(std::string_view piece, std::size_t column) const;
 
+    /// The first token of a row with too few that has other decimals than its column has everywhere: numbers
+    /// have run together there. npos: none.
+    [[nodiscard]] std::size_t firstMisfit(std::string_view row) const;
+
   private:
+    /// Calls `use` with each token and its column, until it says false.
+    template <class Use>
+    static void forEachToken(std::string_view row, Use&& use);
     [[nodiscard]] bool isNull(std::string_view token) const;
 
     static constexpr int unknown = -1;

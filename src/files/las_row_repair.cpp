@@ -1,6 +1,7 @@
 #include "files/las_row_repair.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace tarvik {
 
@@ -80,7 +81,14 @@ bool LasRowRepair::mend(const LasLine& line, LasRow& row, LasFindings& findings)
         if (commas) findings.add(LasOddity::decimalComma, line.number);
         return true;
     }
+    if (row.tokens < columns_) keepWhatIsSure(line.text, row);
     return !anyCommas || row.tokens == columns_;
+}
+
+/// Behind numbers that have run together nobody knows the column of a value.
+void LasRowRepair::keepWhatIsSure(std::string_view line, LasRow& row) const {
+    row.tokens = std::min(row.tokens, decimals_.firstMisfit(line));
+    if (row.tokens == 0) row.values[0] = std::numeric_limits<double>::quiet_NaN();
 }
 
 bool LasRowRepair::mendColumnCommas(const LasLine& line, LasRow& row, LasFindings& findings) {

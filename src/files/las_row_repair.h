@@ -29,6 +29,7 @@ class LasRowRepair {
     [[nodiscard]] bool mend(const LasLine& line, LasRow& row, LasFindings& findings);
 
   private:
+    void keepWhatIsSure(std::string_view line, LasRow& row) const;
     bool mendColumnCommas(const LasLine& line, LasRow& row, LasFindings& findings);
     bool take(LasRow& row);
     bool takeApart(std::string_view line);
