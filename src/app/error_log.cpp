@@ -28,9 +28,7 @@ void ErrorLog::report(const ErrorReport& error) {
     const Busy busy(reporting_);
     try {
         const std::string when = dateTime();
-        ErrorReport shown = error;
-        shown.description += append(entry(error, when));
-        operator_.showError(shown, when, path().string());
+        operator_.showError(error, when, append(entry(error, when)));
     } catch (...) { // the dialog failed: the error has nobody left to go to
     }
 }
@@ -39,7 +37,7 @@ bool ErrorLog::file(const ErrorReport& error) {
     if (reporting_) return false;
     const Busy busy(reporting_);
     try {
-        return append(entry(error, dateTime())).empty();
+        return append(entry(error, dateTime())).problem.empty();
     } catch (...) { // no memory for the entry
         return false;
     }
@@ -51,10 +49,8 @@ void ErrorLog::reportOverflow(const ErrorPlace& place, const BufferOverflow& ove
     try {
         std::string text = entryHead(dateTime(), place.form, place.routine);
         for (const std::string& line : overflowAnalysis(overflow)) text.append(line).append(lineEnd);
-
-        std::vector<std::string> shown = overflowFormLines(overflow);
-        if (std::string problem = append(text); !problem.empty()) shown.push_back(std::move(problem));
-        operator_.showOverflow(shown);
+        const ErrorFiling filed = append(text);
+        operator_.showOverflow(overflowFormLines(overflow), filed);
     } catch (...) { // the form failed
     }
 }
@@ -91,16 +87,17 @@ std::string ErrorLog::entry(const ErrorReport& error, std::string_view dateTime)
     return text;
 }
 
-std::string ErrorLog::append(std::string_view entry) {
+ErrorFiling ErrorLog::append(std::string_view entry) {
+    ErrorFiling filed{path().string(), {}};
     try {
         files_.createFolder(folder_);
         std::string text = files_.exists(path()) ? std::string() : newFileHead();
         text.append(entry);
         files_.append(path(), asBytes(toAnsi(text)));
-        return {};
     } catch (const std::exception& problem) {
-        return std::string(" (not in the error file: ") + problem.what() + ")";
+        filed.problem = problem.what();
     }
+    return filed;
 }
 
 } // namespace tarvik

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "app/buffer_overflow.h"
+#include "app/error_filing.h"
 #include "app/error_trap.h"
 #include "app/operator_side.h"
 #include "app/system_information.h"
@@ -47,8 +48,7 @@ class ErrorLog final : public ErrorReporter {
         bool& flag_;
     };
 
-    /// Empty when written, else a remark for the dialog.
-    std::string append(std::string_view entry);
+    ErrorFiling append(std::string_view entry);
     [[nodiscard]] std::string dateTime() const;
     [[nodiscard]] std::string newFileHead() const;
     [[nodiscard]] std::string entryHead(std::string_view dateTime, std::string_view form,

@@ -2,6 +2,7 @@
 // command line and the tests each bring their own.
 #pragma once
 
+#include "app/error_filing.h"
 #include "app/error_trap.h"
 
 #include <span>
@@ -23,12 +24,11 @@ class OperatorSide {
 
     /// Shown without blocking; the same notice again is counted, not shown twice.
     virtual void notice(std::string_view title, std::string_view text, Icon icon) = 0;
-    /// The error dialog's content; `errorFile` is the full path of the error file.
-    virtual void showError(const ErrorReport& error, std::string_view dateTime,
-                           std::string_view errorFile) = 0;
+    /// The error dialog's content.
+    virtual void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) = 0;
 
     /// The buffer-overflow form's content, without blocking; unless shown otherwise, a notice.
-    virtual void showOverflow(std::span<const std::string> lines) {
+    virtual void showOverflow(std::span<const std::string> lines, const ErrorFiling&) {
         std::string text;
         for (const std::string& line : lines) text.append(text.empty() ? 0 : 1, '\n').append(line);
         notice("Buffer overflow", text, Icon::exclamation);

@@ -4,6 +4,7 @@
 #include "base/rounding.h"
 #include "base/text.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <variant>
@@ -28,6 +29,7 @@ struct Key {
     std::string_view defaultText;
     Member member;
     Saving saving = Saving::always;
+    std::array<std::string_view, 2> words = {}; ///< the only texts that it can hold; empty: any
 };
 
 /// In the order in which keys are read and written.
@@ -57,10 +59,10 @@ constexpr std::array keys{
     Key{"WinchTool", "CurrentWinchSerial", "", &Settings::currentWinchSerial, Saving::whenUsed},
     Key{"WinchTool", "DepthUnits", "Metres", &Settings::depthUnits},
     Key{"WinchTool", "LogInches", "1", &Settings::logInches, Saving::never},
-    Key{"WinchTool", "SamplingMethod", "TIME", &Settings::samplingMethod},
+    Key{"WinchTool", "SamplingMethod", "TIME", &Settings::samplingMethod, Saving::always, {"TIME", "DEPTH"}},
     Key{"WinchTool", "SamplingInterval", "0.5", &Settings::samplingInterval},
     Key{"WinchTool", "WinchScaleFactor", "1.0", &Settings::winchScaleFactor},
-    Key{"WinchTool", "LogDirection", "DOWN", &Settings::logDirection},
+    Key{"WinchTool", "LogDirection", "DOWN", &Settings::logDirection, Saving::always, {"DOWN", "UP"}},
     Key{"WinchTool", "AllowLogging", "1", &Settings::allowLogging},
     Key{"WinchTool", "Magnetic Marker", "0", &Settings::magneticMarker},
     Key{"Deviation", "Declination", "0", &Settings::declination, Saving::whenUsed},
@@ -103,9 +105,18 @@ struct Writer {
     std::string operator()(bool Settings::*at) const { return settings.*at ? "True" : "False"; }
 };
 
+/// A word is one of the two or refused: half the program would take any other text for the one, half for the other.
+std::string known(const Key& key, const std::string& text) {
+    if (key.words.front().empty()) return text;
+    std::string word = upperCase(trimmed(text));
+    if (std::ranges::find(key.words, word) != key.words.end()) return word;
+    throw Failure(ErrorNumber::typeMismatch, "neither of the two words");
+}
+
 void read(const Key& key, const SettingsStore& store, Settings& settings) {
-    const std::string text = store.get(key.section, key.name).value_or(std::string(key.defaultText));
+    std::string text = store.get(key.section, key.name).value_or(std::string(key.defaultText));
     try {
+        text = known(key, text);
         std::visit(Reader{settings, text}, key.member);
     } catch (const Failure& failure) {
         throw unreadableSetting(failure.number(), store, key.section, key.name, text, key.defaultText);

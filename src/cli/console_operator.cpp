@@ -35,14 +35,15 @@ void ConsoleOperator::notice(std::string_view title, std::string_view text, Icon
     if (notices_.insert(std::string(title) + "\n" + std::string(text)).second) message(title, text, icon);
 }
 
-void ConsoleOperator::showError(const ErrorReport& error, std::string_view, std::string_view errorFile) {
+void ConsoleOperator::showError(const ErrorReport& error, std::string_view, const ErrorFiling& filed) {
     errorShown_ = true;
     notice("Error " + std::to_string(error.number),
-           error.description + " (" + error.routine + ", see " + std::string(errorFile) + ")",
+           error.description + " (" + error.routine +
+               (filed.problem.empty() ? ", see " : ", not recorded in ") + filed.file + ")",
            Icon::critical);
 }
 
-void ConsoleOperator::showOverflow(std::span<const std::string> lines) {
+void ConsoleOperator::showOverflow(std::span<const std::string> lines, const ErrorFiling&) {
     for (const std::string& line : lines) lines_.line(line);
 }
 

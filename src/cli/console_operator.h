@@ -25,8 +25,8 @@ class ConsoleOperator final : public OperatorSide {
     void message(std::string_view title, std::string_view text, Icon icon) override;
     Answer ask(std::string_view title, std::string_view text, Icon icon) override;
     void notice(std::string_view title, std::string_view text, Icon icon) override;
-    void showError(const ErrorReport& error, std::string_view dateTime, std::string_view errorFile) override;
-    void showOverflow(std::span<const std::string> lines) override;
+    void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) override;
+    void showOverflow(std::span<const std::string> lines, const ErrorFiling& filed) override;
     void beep() override {}
     void statusText(std::string_view text) override;
     void linkPanel(std::string_view text) override;

@@ -235,7 +235,7 @@ std::optional<std::int32_t> LcuCommands::depth() {
     return errors_.run("LCUFunctions-LCU_getdepth", Depth(), [&](Level& level) {
         Depth result;
         const std::int32_t came = port_.ask("D", depthWaitMs);
-        depthAnswered_ = came > 0;
+        depthAnswered_ = came >= 4; // a torn answer tells no depth, as none does
         if (came == 4) {
             level = 1;
             std::ignore = port_.next(); // echo of the command

@@ -206,7 +206,13 @@ WrittenScans LoggingRun::written() const {
 }
 
 bool LoggingRun::writeHeld() {
-    if (modules_.writer.writeHeld()) return true;
+    const std::string held = std::to_string(modules_.writer.held());
+    if (modules_.writer.writeHeld()) {
+        if (held != "0")
+            modules_.log.black(run_.file.filename().string() + ": " + held +
+                               " scans that were held are written");
+        return true;
+    }
     const std::string lost =
         std::to_string(modules_.writer.held()) + " scans could not be written to " + run_.file.string();
     modules_.log.red(lost);

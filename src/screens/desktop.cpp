@@ -8,6 +8,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <utility>
+
 namespace tarvik {
 
 namespace {
@@ -117,8 +119,9 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
     screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *demonstration_, events_);
     operator_.setReports(
         {.error = [this](const ErrorReport& error, std::string_view dateTime,
-                         std::string_view file) { screens_->showError(error, dateTime, file); },
-         .overflow = [this](std::span<const std::string> lines) { screens_->showOverflow(lines); }});
+                         const ErrorFiling& filed) { showError(error, dateTime, filed); },
+         .overflow = [this](std::span<const std::string> lines,
+                            const ErrorFiling& filed) { screens_->showOverflow(lines, filed); }});
     operator_.attach(screen.get(), &program_.clock);
     program_.lcu.setWatcher(&screen->side());
     return screen;
@@ -141,11 +144,23 @@ RunViewParts Desktop::runViewParts() {
         .ended = [this] { runEnded(); }};
 }
 
+/// While a run goes on nothing may lie over its plot: a notice says it, and the form opens when the run is
+/// over.
+void Desktop::showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) {
+    if (!acquisition_->running()) return screens_->showError(error, dateTime, filed);
+    operator_.notice("Error in " + error.routine, error.description + "\n" + errorFileAdvice(filed),
+                     Icon::critical);
+    errorOfRun_ = [this, error, when = std::string(dateTime), filed] {
+        screens_->showError(error, when, filed);
+    };
+}
+
 /// The plot of the whole run stays; what the operator has set in it belongs to the tool. A run that was only
 /// played may be of another tool.
 void Desktop::runEnded() {
     screen().live().follow(runShown()->ring);
     screen().live().showDisplay({});
+    if (const auto show = std::exchange(errorOfRun_, {})) show();
     if (program_.state.mode == programMode::demo) return;
     for (const LogCurve& curve : screen().live().rescaled()) keepToolScale(program_.equipment, curve);
     loadNotes();

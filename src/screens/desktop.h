@@ -41,6 +41,7 @@ class Desktop {
     [[nodiscard]] std::unique_ptr<IntroScreen> makeScreen();
     [[nodiscard]] RunViewParts runViewParts();
     static void connectScales(IntroScreen& screen);
+    void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
     void runEnded();
     void setControls(bool on);
     void connectHooks();
@@ -70,6 +71,7 @@ class Desktop {
     std::unique_ptr<Demonstration> demonstration_;
     std::unique_ptr<ReviewSession> review_;
     std::unique_ptr<ScreenOpener> screens_;
+    std::function<void()> errorOfRun_; ///< shows the latest one when the run is over
     QTimer mainTimer_;
     bool searchCancelled_ = false;
     bool ended_ = false;

@@ -15,7 +15,8 @@ namespace tarvik {
 frmBufferOverflow::frmBufferOverflow(DesktopMemory& memory, QWidget* parent)
     : ScreenDialog("frmBufferOverflow", "Buffer overflow", memory, parent),
       when_(roleLabel("warning")),
-      analysis_(new QPlainTextEdit) {
+      analysis_(new QPlainTextEdit),
+      file_(roleLabel("quiet")) {
     setModal(false);
     setAttribute(Qt::WA_ShowWithoutActivating); // the keys stay with the run
     when_->setObjectName("lboverflowcount");
@@ -28,7 +29,9 @@ frmBufferOverflow::frmBufferOverflow(DesktopMemory& memory, QWidget* parent)
     analysis_->setFont(font);
     body()->addWidget(when_);
     body()->addWidget(analysis_, 1);
-    body()->addWidget(roleLabel("quiet", "The run goes on. The same text is in the error file."));
+    file_->setObjectName("lboverflowfile");
+    file_->setWordWrap(true);
+    body()->addWidget(file_);
     connect(addSideButton("comcopyoverflow", "&Copy text"), &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(analysis_->toPlainText()); });
     connect(addPrimaryButton("comcloseoverflow", "Close"), &QPushButton::clicked, this, [this] { accept(); });
@@ -36,12 +39,16 @@ frmBufferOverflow::frmBufferOverflow(DesktopMemory& memory, QWidget* parent)
     resize(640, 440);
 }
 
-void frmBufferOverflow::showOverflow(std::span<const std::string> lines, const CivilTime& now) {
+void frmBufferOverflow::showOverflow(std::span<const std::string> lines, const ErrorFiling& filed,
+                                     const CivilTime& now) {
     count_.add(now);
     QStringList texts;
     for (const std::string& line : lines) texts.append(qt(line));
     when_->setText("\u25b2  Buffer overflow " + qt(count_.text()));
     analysis_->setPlainText(texts.join('\n'));
+    file_->setText("The run goes on. " + (filed.problem.empty()
+                                              ? QString("The same text is in the error file.")
+                                              : "The error file could not be written: " + qt(filed.problem)));
     show();
 }
 

@@ -2,6 +2,7 @@
 // to be read: a further overflow replaces the text and is counted.
 #pragma once
 
+#include "app/error_filing.h"
 #include "app/repeat_count.h"
 #include "screens/screen_dialog.h"
 
@@ -18,7 +19,7 @@ class frmBufferOverflow final : public ScreenDialog {
     explicit frmBufferOverflow(DesktopMemory& memory, QWidget* parent = nullptr);
 
     /// Shows the form without blocking.
-    void showOverflow(std::span<const std::string> lines, const CivilTime& now);
+    void showOverflow(std::span<const std::string> lines, const ErrorFiling& filed, const CivilTime& now);
 
     /// Once it is closed the count begins afresh.
     void done(int result) override;
@@ -27,6 +28,7 @@ class frmBufferOverflow final : public ScreenDialog {
     RepeatCount count_;
     QLabel* when_;
     QPlainTextEdit* analysis_;
+    QLabel* file_;
 };
 
 } // namespace tarvik

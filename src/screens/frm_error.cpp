@@ -40,7 +40,7 @@ frmERROR::frmERROR(DesktopMemory& memory, QWidget* parent)
     });
 }
 
-void frmERROR::showError(const ErrorReport& error, std::string_view dateTime, std::string_view errorFile) {
+void frmERROR::showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) {
     const QString facts = "Form : " + qt(error.form) + "\nRoutine : " + qt(error.routine) +
                           "\nError number : " + QString::number(error.number) +
                           "\nLevel : " + QString::number(error.level);
@@ -48,8 +48,7 @@ void frmERROR::showError(const ErrorReport& error, std::string_view dateTime, st
     shown_ = facts;
     what_->setText(qt(error.description));
     facts_->setText(facts + "\n" + qt(dateTime));
-    file_->setText("The error is recorded in\n" + qt(errorFile) +
-                   "\nPlease send this file to the support address for analysis.");
+    file_->setText(qt(errorFileAdvice(filed)));
     times_->setText(count_ > 1 ? QString("%1 times").arg(count_) : QString());
     times_->setVisible(count_ > 1);
     show();

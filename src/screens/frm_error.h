@@ -2,6 +2,7 @@
 // again is counted.
 #pragma once
 
+#include "app/error_filing.h"
 #include "app/error_trap.h"
 #include "screens/screen_dialog.h"
 
@@ -13,7 +14,7 @@ class frmERROR final : public ScreenDialog {
   public:
     explicit frmERROR(DesktopMemory& memory, QWidget* parent = nullptr);
 
-    void showError(const ErrorReport& error, std::string_view dateTime, std::string_view errorFile);
+    void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
 
   private:
     QLabel* what_;

@@ -214,15 +214,14 @@ std::vector<AppendRow> ScreenOpener::comparison(const LoggingRuns& runs) const {
     });
 }
 
-void ScreenOpener::showOverflow(std::span<const std::string> lines) {
+void ScreenOpener::showOverflow(std::span<const std::string> lines, const ErrorFiling& filed) {
     if (!overflow_) overflow_ = std::make_unique<frmBufferOverflow>(memory_, &parent_);
-    overflow_->showOverflow(lines, program_.clock.now());
+    overflow_->showOverflow(lines, filed, program_.clock.now());
 }
 
-void ScreenOpener::showError(const ErrorReport& error, std::string_view dateTime,
-                             std::string_view errorFile) {
+void ScreenOpener::showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) {
     if (!error_) error_ = std::make_unique<frmERROR>(memory_, &parent_);
-    error_->showError(error, dateTime, errorFile);
+    error_->showError(error, dateTime, filed);
 }
 
 } // namespace tarvik

@@ -34,8 +34,8 @@ class ScreenOpener {
     /// Asked before the stream starts.
     [[nodiscard]] RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText);
     /// Without blocking.
-    void showError(const ErrorReport& error, std::string_view dateTime, std::string_view errorFile);
-    void showOverflow(std::span<const std::string> lines);
+    void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
+    void showOverflow(std::span<const std::string> lines, const ErrorFiling& filed);
 
   private:
     struct Screen;

@@ -63,14 +63,14 @@ void ScreenOperator::notice(std::string_view title, std::string_view text, Icon 
 }
 
 void ScreenOperator::showError(const ErrorReport& error, std::string_view dateTime,
-                               std::string_view errorFile) {
-    if (reports_.error) return reports_.error(error, dateTime, errorFile);
-    notice("Error in " + error.routine, error.description + " See " + std::string(errorFile), Icon::critical);
+                               const ErrorFiling& filed) {
+    if (reports_.error) return reports_.error(error, dateTime, filed);
+    notice("Error in " + error.routine, error.description + "\n" + errorFileAdvice(filed), Icon::critical);
 }
 
-void ScreenOperator::showOverflow(std::span<const std::string> lines) {
-    if (reports_.overflow) return reports_.overflow(lines);
-    OperatorSide::showOverflow(lines);
+void ScreenOperator::showOverflow(std::span<const std::string> lines, const ErrorFiling& filed) {
+    if (reports_.overflow) return reports_.overflow(lines, filed);
+    OperatorSide::showOverflow(lines, filed);
 }
 
 void ScreenOperator::beep() {

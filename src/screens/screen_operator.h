@@ -15,8 +15,8 @@ class IntroScreen;
 
 /// What is shown in screens of its own, without blocking.
 struct ReportScreens {
-    std::function<void(const ErrorReport&, std::string_view dateTime, std::string_view errorFile)> error;
-    std::function<void(std::span<const std::string> lines)> overflow;
+    std::function<void(const ErrorReport&, std::string_view dateTime, const ErrorFiling&)> error;
+    std::function<void(std::span<const std::string> lines, const ErrorFiling&)> overflow;
 };
 
 class ScreenOperator final : public OperatorSide {
@@ -28,8 +28,8 @@ class ScreenOperator final : public OperatorSide {
     void message(std::string_view title, std::string_view text, Icon icon) override;
     Answer ask(std::string_view title, std::string_view text, Icon icon) override;
     void notice(std::string_view title, std::string_view text, Icon icon) override;
-    void showError(const ErrorReport& error, std::string_view dateTime, std::string_view errorFile) override;
-    void showOverflow(std::span<const std::string> lines) override;
+    void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) override;
+    void showOverflow(std::span<const std::string> lines, const ErrorFiling& filed) override;
     void beep() override;
     void statusText(std::string_view text) override;
     void linkPanel(std::string_view text) override;

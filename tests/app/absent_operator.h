@@ -10,7 +10,7 @@ class AbsentOperator : public OperatorSide {
     void message(std::string_view, std::string_view, Icon) override {}
     Answer ask(std::string_view, std::string_view, Icon) override { return Answer::no; }
     void notice(std::string_view, std::string_view, Icon) override {}
-    void showError(const ErrorReport&, std::string_view, std::string_view) override {}
+    void showError(const ErrorReport&, std::string_view, const ErrorFiling&) override {}
     void beep() override {}
     void statusText(std::string_view) override {}
     void linkPanel(std::string_view) override {}

@@ -28,8 +28,9 @@ struct WritingOperator : OperatorSide {
     void notice(std::string_view title, std::string_view text, Icon) override {
         write("notice ", title, "|", text);
     }
-    void showError(const ErrorReport& error, std::string_view dateTime, std::string_view file) override {
-        write("error ", error.routine, "|", error.description, "|", dateTime, "|", file);
+    void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) override {
+        write("error ", error.routine, "|", error.description, "|", dateTime, "|", filed.file,
+              filed.problem.empty() ? "" : "|not there: ", filed.problem);
     }
     void beep() override { write("beep"); }
     void statusText(std::string_view text) override { write("status ", text); }

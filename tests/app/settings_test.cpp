@@ -163,6 +163,16 @@ TEST_F(SettingsInStore, AValueThatDoesNotConvertCostsOnlyItself) {
     EXPECT_EQ(kept.errors[1].number, static_cast<int>(ErrorNumber::overflow));
 }
 
+TEST_F(SettingsInStore, AWordIsOneOfItsTwo) {
+    store.set("WinchTool", "SamplingMethod", "BOGUS");
+    store.set("WinchTool", "LogDirection", " up");
+    const Settings settings = load();
+    EXPECT_EQ(settings.samplingMethod, "TIME");
+    EXPECT_EQ(settings.logDirection, "UP");
+    ASSERT_EQ(kept.errors.size(), 1U);
+    EXPECT_THAT(kept.errors[0].description, HasSubstr("[WinchTool] SamplingMethod=\"BOGUS\""));
+}
+
 TEST_F(SettingsInStore, TextsOfBooleansAndPorts) {
     for (const auto& [text, value] : std::vector<std::pair<const char*, bool>>{
              {"True", true}, {"true", true}, {"-1", true}, {"1", true}, {"False", false}, {"0", false}}) {

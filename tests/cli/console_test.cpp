@@ -38,9 +38,11 @@ TEST(ConsoleOperator, SaysANoticeOnceOnOneLineAndRemembersErrors) {
     console.notice("T", "a\r\nb", Icon::none);
     EXPECT_EQ(console.ask("Warning", "Is this OK ? ", Icon::critical), Answer::yes);
     EXPECT_FALSE(console.hasShownErrors());
-    console.showError({"", "routine", 0, 61, "full"}, "", "/e.txt");
+    console.showError({"", "routine", 0, 61, "full"}, "", {"/e.txt", {}});
+    console.showError({"", "routine", 0, 61, "full"}, "", {"/e.txt", "no room"});
     EXPECT_TRUE(console.hasShownErrors());
-    EXPECT_EQ(out.str(), "T: a b\nWarning: Is this OK ? -> yes\nError 61: full (routine, see /e.txt)\n");
+    EXPECT_EQ(out.str(), "T: a b\nWarning: Is this OK ? -> yes\nError 61: full (routine, see /e.txt)\n"
+                         "Error 61: full (routine, not recorded in /e.txt)\n");
 }
 
 TEST(RedLines, ShowsTheRedTextsOfTheStatusLogOnce) {

@@ -42,7 +42,7 @@ class Operator final : public OperatorSide {
         return answer;
     }
     void notice(std::string_view title, std::string_view text, Icon) override { add("?", title, text); }
-    void showError(const ErrorReport&, std::string_view, std::string_view) override {}
+    void showError(const ErrorReport&, std::string_view, const ErrorFiling&) override {}
     void beep() override {}
     void statusText(std::string_view text) override { add("s", "", text); }
     void linkPanel(std::string_view text) override { add("p", "", text); }

@@ -134,6 +134,16 @@ TEST(LcuCommands, StatusAnswers) {
     }
 }
 
+TEST(LcuCommands, ATornDepthIsNoAnswerToBlameTheWinchFor) {
+    LcuBench bench;
+    bench.connect(lcu4);
+    bench.serial.answer("D", {{{std::string("D\0\x01", 3)}}, {{std::string("D\0\x01\x02\x03", 5)}}});
+    EXPECT_FALSE(bench.lcu.LCU_getdepth());
+    EXPECT_FALSE(bench.lcu.depthAnswered());
+    EXPECT_FALSE(bench.lcu.LCU_getdepth());
+    EXPECT_TRUE(bench.lcu.depthAnswered()); // scans in between: the winch runs
+}
+
 TEST(LcuCommands, APortThatHasGoneIsAnErrorNotAHang) {
     LcuBench bench;
     bench.connect(lcu4);

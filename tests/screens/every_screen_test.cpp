@@ -136,10 +136,11 @@ TEST(EveryScreen, ThatReports) {
     MemorySettingsStore store;
     DesktopMemory memory(store);
     frmERROR error(memory);
-    error.showError({}, "Monday 23-Nov-26 07:00:02", "/home/crew/C/Tarvik_RunHistory/Tarvik_Errors.txt");
+    error.showError({}, "Monday 23-Nov-26 07:00:02",
+                    {"/home/crew/C/Tarvik_RunHistory/Tarvik_Errors.txt", "no room on the disk"});
     expectSoundDialog(error);
     frmBufferOverflow overflow(memory);
-    overflow.showOverflow(std::vector<std::string>{"type 2", "   Byte values 001"},
+    overflow.showOverflow(std::vector<std::string>{"type 2", "   Byte values 001"}, {},
                           {.hour = 14, .minute = 3});
     expectSoundDialog(overflow);
     frmDataFileExists exists(

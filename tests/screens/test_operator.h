@@ -16,7 +16,7 @@ class TestOperator final : public OperatorSide {
         return answer;
     }
     void notice(std::string_view title, std::string_view text, Icon) override { keep("?", title, text); }
-    void showError(const ErrorReport& error, std::string_view, std::string_view) override {
+    void showError(const ErrorReport& error, std::string_view, const ErrorFiling&) override {
         keep("E", error.routine, error.description);
     }
     void beep() override { ++beeps; }
