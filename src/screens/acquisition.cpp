@@ -81,11 +81,15 @@ void Acquisition::show() {
                       samplingText(settings));
     screen_.side().showLink(program_.link);
     if (running()) return;
-    const bool ready = program_.link.open() && !program_.link.model.empty() && !program_.link.lost;
+    const bool ready = boxIsThere();
     panel().setState(ready ? RunPanel::State::ready : RunPanel::State::noLcu);
-    instrument.showIdle(ready                ? "Ready"
-                        : program_.link.lost ? "The LCU was lost. Acquire searches again"
-                                             : "No LCU is connected");
+    if (!ready) instrument.clear(); // the last depth is not that of now
+    if (program_.link.lost) return instrument.showIdle("The LCU was lost", "Acquire searches for it again.");
+    instrument.showIdle(ready ? "Ready" : "No LCU is connected");
+}
+
+bool Acquisition::boxIsThere() const {
+    return program_.link.open() && !program_.link.model.empty() && !program_.link.lost;
 }
 
 std::optional<RunOrder> Acquisition::order() {

@@ -26,6 +26,8 @@ class Acquisition {
     /// The order and the buttons as settings and link are now.
     void show();
 
+    /// An LCU answers on the open port.
+    [[nodiscard]] bool boxIsThere() const;
     [[nodiscard]] bool running() const { return view_ != nullptr; }
     /// The run that goes on or the last one; null before the first.
     [[nodiscard]] const RunState* run() const { return run_ ? &run_->state() : nullptr; }

@@ -20,6 +20,10 @@ bool isDisplayToggle(std::string_view key) {
     return key == "MB-Bullseye" || key == "MB-Fluid" || key == "MB-Sonic";
 }
 
+bool isExit(std::string_view key) {
+    return key == "MB-Exit" || key == "File-exit";
+}
+
 } // namespace
 
 Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
@@ -32,7 +36,10 @@ Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
     program_.log.addViewer(events_);
     connectHooks();
     mainTimer_.setInterval(mainTimerMs);
-    QObject::connect(&mainTimer_, &QTimer::timeout, [this] { acquisition_->watchDepth(); });
+    QObject::connect(&mainTimer_, &QTimer::timeout, [this] {
+        acquisition_->watchDepth();
+        closeWhenFree();
+    });
 }
 
 /// Notices that come from here on have no screen any more.
@@ -50,7 +57,6 @@ bool Desktop::startUp() {
     review_->show();
     operator_.statusText("Data review mode");
     mainTimer_.start();
-    if (auto* const open = screen().findChild<QPushButton*>("comopenrun")) open->setFocus(); // not the scale
     return true;
 }
 
@@ -86,6 +92,7 @@ void Desktop::toolClick(std::string_view key) {
         program_.commands.toolClick(key);
         return;
     }
+    if (isExit(key) && program_.state.searching) return closeRequested();
     gate_.pass([this, key] { program_.commands.toolClick(key); });
 }
 
@@ -197,6 +204,8 @@ void Desktop::connectHooks() {
         if (window_.screen() == nullptr) return;
         acquisition_->show();
         demonstration_->show();
+        if (request.screen == "frmSetup") allowAcquire();
+        screen().handFocusOn();
     };
     hooks.searchForLcu = [this, search = hooks.searchForLcu] { return searchForLcu(search); };
     hooks.endProcess = [this] { endProcess(); };
@@ -207,11 +216,22 @@ void Desktop::connectHooks() {
 bool Desktop::searchForLcu(const std::function<bool()>& search) {
     searchCancelled_ = false;
     screen().status().showSearch(true);
+    screen().status().showTimes({}, {}); // of a run before
+    screen().side().showLink(program_.link);
     const bool found = search();
     screen().status().showSearch(false);
-    operator_.statusText(program_.state.mode == programMode::acquire ? "Acquire" : "Calibrate / test mode");
+    if (!found) operator_.linkPanel("");
+    const bool acquire = program_.state.mode == programMode::acquire;
+    operator_.statusText(acquire ? "Acquire" : "Calibrate / test mode");
+    if (acquire) showAcquire();
     acquisition_->show();
     return found;
+}
+
+/// Whether logging is allowed may have been changed in the set-up.
+void Desktop::allowAcquire() {
+    screen().bars().setEnabled("MB-Acquire", program_.settings.allowLogging != 0);
+    if (program_.state.mode == programMode::review) review_->show();
 }
 
 void Desktop::loadNotes() {
@@ -220,12 +240,22 @@ void Desktop::loadNotes() {
 
 void Desktop::modeShown() {
     const std::string& mode = program_.state.mode;
+    screen().status().showTimes({}, {});
+    if (mode != programMode::review) {
+        for (const char* key : {"MB-Close", "MB-Details", "MB-Print", "MB-Paint"})
+            screen().bars().setEnabled(key, false);
+    }
     if (mode == programMode::acquire) showAcquire();
+    if (mode == programMode::calibTest) showCalibTest();
     if (mode == programMode::demo) showDemo();
-    if (mode == programMode::review) operator_.linkPanel(""); // the port is closed from here on
+    if (mode == programMode::review) { // the port is closed from here on
+        operator_.linkPanel("");
+        screen().status().showInterface({});
+    }
     if (mode == programMode::review && review_) review_->show();
     if (acquisition_) acquisition_->show();
     if (demonstration_) demonstration_->show();
+    screen().handFocusOn();
 }
 
 const RunState* Desktop::runShown() const {
@@ -234,12 +264,31 @@ const RunState* Desktop::runShown() const {
 
 void Desktop::showAcquire() {
     operator_.statusText("Acquire");
+    if (!acquisition_ || !acquisition_->boxIsThere()) {
+        screen().logs().showEmpty("No LCU is connected",
+                                  "Switch the LCU on and look at its cable, then search again. Under Setup, "
+                                  "System test, each port is "
+                                  "named to the program.",
+                                  {{"Search for the LCU", [this] { toolClick("MB-Acquire"); }},
+                                   {"Ports and folders\u2026", [this] { toolClick("Setup-systemtest"); }},
+                                   {"Diagnostics console\u2026", [this] { toolClick("Help-diagnostics"); }}});
+        return;
+    }
     screen().logs().showEmpty(
         "Ready for a run",
         "Choose tool and winch under Equipment, set the winch depth, then press Start. The logs appear here "
         "with the first scans.",
         {{"Equipment\u2026", [this] { openScreen("frmEquipment"); }},
          {"Project and hole\u2026", [this] { toolClick("Setup-hole"); }}});
+}
+
+void Desktop::showCalibTest() {
+    screen().logs().showEmpty(
+        "Calibrate and test",
+        "The calibrations in use can be looked at here. The LCU is tested by hand in the "
+        "diagnostics console.",
+        {{"Calibrations\u2026", [this] { openScreen("frmCalibrations"); }},
+         {"Diagnostics console\u2026", [this] { toolClick("Help-diagnostics"); }}});
 }
 
 void Desktop::showDemo() {
@@ -250,9 +299,19 @@ void Desktop::showDemo() {
 // ---- The way out.
 
 void Desktop::closeRequested() {
+    if (program_.state.searching) {
+        searchCancelled_ = closeAfterSearch_ = true;
+        return;
+    }
     if (acquisition_->running()) return offerToStop();
     if (demonstration_->running()) return stopDemonstrationAndClose();
     toolClick("MB-Exit");
+}
+
+/// Asked to close in a search: that has been cancelled, and ends within a second.
+void Desktop::closeWhenFree() {
+    if (program_.state.searching || QApplication::activeModalWidget() != nullptr) return;
+    if (std::exchange(closeAfterSearch_, false)) closeRequested();
 }
 
 /// Without waiting for the answer: the run goes on behind the box.

@@ -56,6 +56,9 @@ class Desktop {
     void showAcquire();
     void showDemo();
     void closeRequested();
+    void closeWhenFree();
+    void allowAcquire();
+    void showCalibTest();
     void offerToStop();
     void stopDemonstrationAndClose();
     void endProcess();
@@ -74,6 +77,7 @@ class Desktop {
     std::function<void()> errorOfRun_; ///< shows the latest one when the run is over
     QTimer mainTimer_;
     bool searchCancelled_ = false;
+    bool closeAfterSearch_ = false;
     bool ended_ = false;
 };
 

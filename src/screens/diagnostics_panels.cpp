@@ -176,12 +176,15 @@ QWidget* DiagnosticsStatePanel::acquisitionCard() {
 void DiagnosticsStatePanel::show(const DiagnosticsConsole& console, const LinkState& link) {
     lcu_->setText(qt(lcuText(link)));
     bits_->setText(qt(console.statusBits()));
-    meaning_->setText(qt(link.open() ? statusMeaning(console.status())
-                                     : "As it was last: the port is closed"));
+    meaning_->setText(
+        qt(link.open() ? statusMeaning(console.status()) : "As it was last: the port is closed"));
     meaning_->setToolTip(meaning_->text());
     clearToSend_->setText(qt(clearToSendText(console.clearToSend())));
-    setRole(*meaning_, !link.open() || console.status() < 1 ? "quiet" : modelWithStatus(console.status()) ? "good" : "bad");
-    depth_->setText(link.open() && console.depth() ? qt(formatPicture(*console.depth(), "###0.00") + " m") : "-.-- m");
+    setRole(*meaning_, !link.open() || console.status() < 1 ? "quiet"
+                       : modelWithStatus(console.status())  ? "good"
+                                                            : "bad");
+    depth_->setText(link.open() && console.depth() ? qt(formatPicture(*console.depth(), "###0.00") + " m")
+                                                   : "-.-- m");
     winchTest->setText(qt(console.winchTestCaption()));
     state_->setText(console.acquiring() ? "Running" : "Stopped");
     setRole(*state_, console.acquiring() ? "good" : "quiet");

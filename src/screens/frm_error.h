@@ -1,12 +1,15 @@
-// A run-time error: where it happened, its number, and the file to send to support. Not modal; the same error
-// again is counted.
+// Run-time errors: where each happened, its number, and the file to send to support. Not modal: errors that
+// have not been read wait in the order in which they came, the same one again is counted.
 #pragma once
 
 #include "app/error_filing.h"
 #include "app/error_trap.h"
 #include "screens/screen_dialog.h"
 
+#include <vector>
+
 class QLabel;
+class QPushButton;
 
 namespace tarvik {
 
@@ -14,15 +17,37 @@ class frmERROR final : public ScreenDialog {
   public:
     explicit frmERROR(DesktopMemory& memory, QWidget* parent = nullptr);
 
+    /// Over the dialog that is open, if any: the form can be read and closed before it.
     void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
+    /// All of them are read then.
+    void done(int result) override;
 
   private:
+    struct Unread {
+        QString what;
+        QString facts; ///< form, routine, number and level
+        QString dateTime;
+        QString advice;
+        int times = 1;
+
+        /// The same error, whenever it came.
+        [[nodiscard]] bool sameAs(const Unread& other) const {
+            return what == other.what && facts == other.facts;
+        }
+    };
+
+    void showCurrent();
+    void showNext();
+    void comeForward();
+    void makeRoom();
+
+    std::vector<Unread> unread_;
+    std::size_t current_ = 0;
     QLabel* what_;
     QLabel* facts_;
     QLabel* file_;
     QLabel* times_;
-    QString shown_;
-    int count_ = 0;
+    QPushButton* next_;
 };
 
 } // namespace tarvik

@@ -29,17 +29,36 @@ QPixmap drawn(QByteArray svg, const QColor& colour, int scale) {
     return pixmap;
 }
 
+QByteArray svgOf(const QString& name) {
+    openResources();
+    QFile file(":/icons/" + name + ".svg");
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 } // namespace
 
 void openIcons() {
     openResources();
 }
 
+QIcon menuIcon(const QString& name) {
+    const QByteArray svg = svgOf(name);
+    if (svg.isEmpty()) return {};
+    const ThemeColours& colours = coloursOf(appliedTheme());
+    QIcon result;
+    for (const int scale : {1, 2}) {
+        for (const QIcon::State state : {QIcon::Off, QIcon::On}) {
+            result.addPixmap(drawn(svg, colours.text, scale), QIcon::Normal, state);
+            result.addPixmap(drawn(svg, colours.onAccent, scale), QIcon::Active, state);
+            result.addPixmap(drawn(svg, colours.faded, scale), QIcon::Disabled, state);
+        }
+    }
+    return result;
+}
+
 QIcon icon(const QString& name) {
-    openResources();
-    QFile file(":/icons/" + name + ".svg");
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    const QByteArray svg = file.readAll();
+    const QByteArray svg = svgOf(name);
+    if (svg.isEmpty()) return {};
     const ThemeColours& colours = coloursOf(appliedTheme());
     QIcon result;
     for (const int scale : {1, 2}) {

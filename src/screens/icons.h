@@ -8,6 +8,8 @@ namespace tarvik {
 
 /// data/icons/NAME.svg; an empty icon when there is none.
 [[nodiscard]] QIcon icon(const QString& name);
+/// The same for an entry of a menu, whose ground changes when it is chosen and not when it is checked.
+[[nodiscard]] QIcon menuIcon(const QString& name);
 
 /// The style sheet names icons too: they must be there before it is read.
 void openIcons();

@@ -96,7 +96,7 @@ InstrumentPanel::InstrumentPanel()
     voltage_->setAccessibleName("Tool voltage");
 
     auto* const grid = new QGridLayout(this);
-    grid->setContentsMargins(16, 8, 16, 8);
+    grid->setContentsMargins(16, 6, 16, 6);
     grid->setHorizontalSpacing(8);
     grid->setVerticalSpacing(2);
     grid->addWidget(roleLabel("quiet", "DEPTH"), 0, 0);
@@ -196,8 +196,8 @@ void InstrumentPanel::showKeeping(KeepingState state, std::string_view words) {
     showState(look.role, QString("%1  %2").arg(QString::fromUtf8(look.shape), look.words), qt(words));
 }
 
-void InstrumentPanel::showIdle(const QString& words) {
-    showState("quiet", words, {});
+void InstrumentPanel::showIdle(const QString& words, const QString& remedy) {
+    showState("quiet", words, remedy);
 }
 
 void InstrumentPanel::showScans(long scans, const QString& fileSize) {

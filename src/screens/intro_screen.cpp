@@ -39,6 +39,8 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     review_->setUsesScrollButtons(false); // two tabs have room
     review_->addTab(picture_, "Lo&gs");
     review_->addTab(values_, "&Values");
+    review_->setFocusProxy(picture_);
+    live_->setFocusProxy(&live_->plot());
     logs_->addPage(review_);
     logs_->addPage(live_);
     auto* const middle = new MiddleOfScreen;
@@ -55,9 +57,19 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     setCentralWidget(middle);
 }
 
+void IntroScreen::handFocusOn() {
+    const QWidget* const holder = focusWidget();
+    if (holder == nullptr || holder == &bars_.scales() || !holder->isVisible()) logs_->takeFocus();
+}
+
 void IntroScreen::unload() {
     unloading_ = true;
     close();
+}
+
+void IntroScreen::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    bars_.fit(width());
 }
 
 void IntroScreen::closeEvent(QCloseEvent* event) {

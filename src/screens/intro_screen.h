@@ -44,11 +44,15 @@ class IntroScreen final : public QMainWindow {
     [[nodiscard]] LiveDisplay& live() { return *live_; }
     [[nodiscard]] NotesPanel& notes() { return *notes_; }
 
+    /// The keyboard goes to what is shown, unless the operator works elsewhere. Where the widget that had it
+    /// has gone, the toolkit gives it to the scale list: one turn of the wheel would change the scale.
+    void handFocusOn();
     /// Lets the window go for good.
     void unload();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     IntroScreenActions actions_;

@@ -91,18 +91,18 @@ QWidget* LiveDisplay::makeBar() {
     scales_->setObjectName("cmblivescale");
     scales_->setAccessibleName("Scale of the live plot");
     auto* const bar = new QWidget;
-    bar->setStyleSheet("QToolButton { border: 1px solid palette(mid); padding: 4px 12px; }");
+    bar->setStyleSheet("QToolButton { border: 1px solid palette(mid); padding: 4px 8px; }");
     auto* const row = new QHBoxLayout(bar);
-    row->setContentsMargins(8, 6, 8, 6);
+    row->setContentsMargins(4, 6, 4, 6);
     row->setSpacing(4);
     row->addWidget(depth_);
     row->addWidget(time_);
-    row->addSpacing(measure::gap);
+    row->addSpacing(4);
     row->addWidget(scales_);
     row->addSpacing(4);
     scaleWords_->setMinimumWidth(1); // the first to give way in a narrow window
     row->addWidget(scaleWords_);
-    row->addSpacing(measure::gap);
+    row->addSpacing(4);
     row->addWidget(paint_);
     row->addWidget(curves_);
     row->addStretch(1);

@@ -75,6 +75,11 @@ void LogArea::showEmpty(const QString& headline, const QString& text, std::vecto
     pages_->setCurrentIndex(0);
 }
 
+void LogArea::takeFocus() {
+    if (pages_->currentIndex() > 0) return pages_->currentWidget()->setFocus();
+    if (steps_->count() > 0) steps_->itemAt(0)->widget()->setFocus();
+}
+
 void LogArea::printLine(const QString& text) {
     line_->setText(text);
     line_->setVisible(!text.isEmpty());

@@ -25,6 +25,8 @@ class LogArea final : public QFrame {
     void addPage(QWidget* page);
     void showPage(QWidget* page);
     void showEmpty(const QString& headline, const QString& text, std::vector<NextStep> steps);
+    /// The keyboard goes to the logs, or to the first step while there are none.
+    void takeFocus();
     /// A line at the foot, such as that errors are not trapped.
     void printLine(const QString& text);
 

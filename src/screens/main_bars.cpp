@@ -31,8 +31,12 @@ void addSpace(QToolBar& bar) {
     bar.addWidget(space);
 }
 
+QIcon iconOf(const CommandLook& look) {
+    return look.place == CommandPlace::toolBar ? icon(qt(look.icon)) : menuIcon(qt(look.icon));
+}
+
 QAction* makeAction(const CommandLook& look, QObject* owner) {
-    auto* const made = new QAction(icon(qt(look.icon)), qt(look.caption), owner);
+    auto* const made = new QAction(iconOf(look), qt(look.caption), owner);
     made->setObjectName(qt(look.key));
     made->setCheckable(look.checkable);
     made->setVisible(look.shownAtFirst);
@@ -99,6 +103,14 @@ void MainBars::makeToolBar(QMainWindow& window) {
     scales_->setToolTip("Scale of the logs");
 }
 
+void MainBars::fit(int width) {
+    const bool words = bar_->toolButtonStyle() == Qt::ToolButtonTextUnderIcon;
+    if (!words && width < widthWithWords_) return;
+    bar_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    widthWithWords_ = bar_->sizeHint().width();
+    if (width < widthWithWords_) bar_->setToolButtonStyle(Qt::ToolButtonIconOnly);
+}
+
 QAction* MainBars::action(std::string_view key) const {
     if (key == scaleKey) return scalesAction_;
     if (const auto menu = menus_.find(key); menu != menus_.end()) return menu->second->menuAction();
@@ -113,6 +125,8 @@ void MainBars::setEnabled(std::string_view key, bool enabled) {
 
 void MainBars::setShown(std::string_view key, bool shown) {
     if (QAction* const found = action(key)) found->setVisible(shown);
+    widthWithWords_ = 0; // to be measured afresh
+    fit(bar_->width());
 }
 
 void MainBars::setChecked(std::string_view key, bool checked) {
@@ -131,7 +145,7 @@ void MainBars::setCaption(std::string_view key, std::string_view caption) {
 void MainBars::setSearchPicture(bool searching) {
     constexpr std::string_view key = "Setup-LCUsearch";
     setChecked(key, searching);
-    action(key)->setIcon(icon(qt(searching ? searchOnIcon : searchOffIcon)));
+    action(key)->setIcon(menuIcon(qt(searching ? searchOnIcon : searchOffIcon)));
 }
 
 void MainBars::whenScaleChosen(std::function<void(double scale)> act) {

@@ -37,6 +37,8 @@ class MainBars {
     void whenScaleChosen(std::function<void(double scale)> act);
     /// The scale as it is, 200 for 1:200; nobody is told.
     void showScale(double scale);
+    /// Pictures without words where the window has no room for both.
+    void fit(int width);
     [[nodiscard]] QComboBox& scales() { return *scales_; }
 
   private:
@@ -51,6 +53,7 @@ class MainBars {
     QToolBar* bar_ = nullptr;
     QComboBox* scales_ = nullptr;
     QAction* scalesAction_ = nullptr;
+    int widthWithWords_ = 0; ///< of the bar, when they were last shown
 };
 
 } // namespace tarvik

@@ -19,15 +19,16 @@ namespace tarvik {
 ReviewBar::ReviewBar(std::function<void(double depth)> jump)
     : jump_(std::move(jump)), depth_(lineEdit("txtgotodepth")), scale_(roleLabel("quiet")) {
     setObjectName("reviewbar");
+    setStyleSheet("QToolButton { padding: 2px 6px; }");
     auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 8, 0);
-    row->setSpacing(4);
+    row->setContentsMargins(0, 0, 4, 0);
+    row->setSpacing(2);
     scale_->setObjectName("lbshownscale");
     scale_->setMinimumWidth(scale_->fontMetrics().horizontalAdvance("1:2000"));
     depth_->setPlaceholderText("Depth");
     depth_->setAccessibleName("Go to depth");
     depth_->setToolTip("A depth of the log, then Enter (Ctrl+G)");
-    depth_->setFixedWidth(92); // beside the notes there is no room for more
+    depth_->setFixedWidth(76); // beside the notes there is no room for more
     depth_->setStyleSheet("QLineEdit { padding: 1px 6px; min-height: 20px; }"); // no higher than the tabs
     row->addWidget(scale_);
     row->addWidget(depth_);

@@ -4,6 +4,7 @@
 #include "screens/qt_text.h"
 #include "screens/styles.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -68,8 +69,11 @@ ReviewPanel::ReviewPanel(ReviewPanelActions actions)
     column->addWidget(heading_);
     column->addWidget(facts_);
     column->addWidget(button("comopenrun", "&Open a run or LAS file\u2026", actions_.open));
-    column->addWidget(details_);
-    column->addWidget(export_);
+    auto* const ofTheRun = new QHBoxLayout;
+    ofTheRun->setSpacing(8);
+    ofTheRun->addWidget(details_);
+    ofTheRun->addWidget(export_, 1);
+    column->addLayout(ofTheRun);
     column->addStretch(1);
     column->addWidget(button("comcalibrations", "&Calibrations\u2026", actions_.calibrations));
     showRun(nullptr, {});

@@ -74,6 +74,7 @@ void ReviewSession::show() {
     if (!log_) return showEmpty();
     program_.state.exitConfirmation = true;
     screen_.logs().showPage(&screen_.reviewPages());
+    screen_.handFocusOn();
 }
 
 void ReviewSession::showEquallySpaced() {
@@ -94,14 +95,20 @@ std::vector<DepthMark> ReviewSession::notes() const {
 
 void ReviewSession::showEmpty() {
     const auto command = [this](const char* key) {
-        return [this, key] { program_.commands.toolClick(key); };
+        return [this, key] { gate_.pass([this, key] { program_.commands.toolClick(key); }); };
     };
+    std::vector<NextStep> steps{{"Open a run or LAS file\u2026", command("MB-Open")},
+                                {"Acquire: search for the LCU", command("MB-Acquire")},
+                                {"Play a run as a demonstration", command("Help-demo")}};
+    const bool mayLog = program_.settings.allowLogging != 0;
+    if (!mayLog) steps.erase(steps.begin() + 1);
     screen_.logs().showEmpty(
         "No run is open",
-        "Open a finished run or a LAS file to see its logs, or go to Acquire to log a hole.",
-        {{"Open a run or LAS file\u2026", command("MB-Open")},
-         {"Acquire: search for the LCU", command("MB-Acquire")},
-         {"Play a run as a demonstration", command("Help-demo")}});
+        mayLog ? "Open a finished run or a LAS file to see its logs, or go to Acquire to "
+                 "log a hole."
+               : "Open a finished run or a LAS file to see its logs. Logging is not allowed "
+                 "in the set-up.",
+        std::move(steps));
 }
 
 } // namespace tarvik

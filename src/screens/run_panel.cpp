@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -84,15 +85,15 @@ RunPanel::RunPanel(RunPanelActions actions)
     column->addWidget(makeLimits());
     column->addWidget(makeDepthSetting());
     column->addStretch(1);
-    auto* const scrolled = new QScrollArea;
+    auto* const scrolled = scrolled_ = new QScrollArea;
     scrolled->setWidget(fields);
     scrolled->setWidgetResizable(true);
     scrolled->setFrameShape(QFrame::NoFrame);
     scrolled->setFocusPolicy(Qt::NoFocus); // it follows the focus within
     scrolled->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scrolled->setMinimumHeight(120);
+    scrolled->setMinimumHeight(48);
     auto* const whole = new QVBoxLayout(this);
-    whole->setContentsMargins(16, 12, 16, 12);
+    whole->setContentsMargins(16, 8, 16, 8);
     whole->setSpacing(8);
     whole->addWidget(scrolled, 1);
     whole->addWidget(record_);
@@ -171,6 +172,7 @@ void RunPanel::setState(State state) {
     setDepth_->setEnabled(state == State::ready);
     equipment_->setEnabled(idle);
     for (QLineEdit* const edit : {top_, bottom_, endDistance_, depthToSet_}) edit->setEnabled(idle);
+    if (!idle) scrolled_->verticalScrollBar()->setValue(0); // the hole, not the fields that are locked
 }
 
 std::optional<RunLimits> RunPanel::limits() {

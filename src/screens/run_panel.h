@@ -14,6 +14,7 @@ class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QScrollArea;
 
 namespace tarvik {
 
@@ -62,6 +63,7 @@ class RunPanel final : public QFrame {
     QCheckBox* record_;
     QPushButton* start_;
     QPushButton* stop_;
+    QScrollArea* scrolled_ = nullptr; ///< the order and its fields, on a small screen
 };
 
 } // namespace tarvik

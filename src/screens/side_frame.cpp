@@ -94,8 +94,9 @@ void SideFrame::showLink(const LinkState& link) {
         boxLamp_->setText(QString::fromUtf8("\u2716 ") + qt(link.model) + " lost");
         return setLamp(*powerLamp_, false, "Tool power unknown");
     }
-    const bool well = model != nullptr && link.status == model->healthyStatus;
-    setLamp(*boxLamp_, well, model == nullptr ? "No LCU" : qt(link.model) + (well ? " ready" : " not ready"));
+    const bool there = model != nullptr && link.open();
+    const bool well = there && link.status == model->healthyStatus;
+    setLamp(*boxLamp_, well, !there ? "No LCU" : qt(link.model) + (well ? " ready" : " not ready"));
     if (link.powerDoubtful) return setLamp(*powerLamp_, false, "Tool power unknown");
     setLamp(*powerLamp_, link.toolPower, link.toolPower ? "Tool power on" : "Tool power off");
 }

@@ -18,7 +18,7 @@ namespace {
 QLabel* panel(const char* objectName, const char* role) {
     auto* const label = roleLabel(role);
     label->setObjectName(objectName);
-    label->setContentsMargins(8, 2, 8, 2);
+    label->setContentsMargins(8, 0, 8, 0);
     return label;
 }
 
@@ -33,10 +33,13 @@ StatusPanels::StatusPanels(QStatusBar& bar, std::function<void()> cancelSearch)
       interface_(panel("lbinterface", "quiet")),
       version_(panel("lbversion", "quiet")) {
     bar.setSizeGripEnabled(false);
+    for (QLabel* const label : {text_, link_, times_}) label->setMinimumWidth(1); // cut before the window is
     progress_->setObjectName("pgsearch");
     progress_->setFixedWidth(160);
     progress_->setTextVisible(false);
     cancel_->setObjectName("comcancelsearch");
+    cancel_->setStyleSheet(
+        "padding: 0 12px; min-height: 20px;"); // hidden, it still makes the bar as high as itself
     QObject::connect(cancel_, &QPushButton::clicked, cancel_,
                      [cancelled = std::move(cancelSearch)] { cancelled(); });
     bar.addWidget(text_);

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QTest>
+#include <QToolButton>
 
 namespace tarvik::test {
 
@@ -157,6 +158,25 @@ TEST(DesktopTest, ClosingDuringARunAsksWithoutStoppingItAndThenEndsItInOrder) {
     EXPECT_NE(std::string(asText(log)).find("Tarvik program closed"), std::string::npos);
 }
 
+TEST(DesktopTest, ClosingDuringASearchCancelsItAndThenCloses) {
+    Truck truck;
+    truck.atWait = [&] {
+        if (truck.p().state.searching) truck.screen().close();
+    };
+    truck.acquire();
+    EXPECT_FALSE(truck.desktop->ended()) << "not from within the search";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return truck.desktop->ended(); }, 20'000));
+    EXPECT_FALSE(truck.p().link.open());
+}
+
+TEST(DesktopTest, LoggingThatIsNotAllowedHasNoWayIn) {
+    Truck truck;
+    truck.p().settings.allowLogging = 0;
+    truck.desktop->review().show();
+    for (const QPushButton* const step : truck.screen().logs().findChildren<QPushButton*>())
+        EXPECT_FALSE(!step->isHidden() && step->text().startsWith("Acquire"));
+}
+
 TEST(DesktopTest, NoClickDuringAWaitStartsASecondExchange) {
     Truck truck;
     std::size_t clicks = 0;
@@ -165,6 +185,9 @@ TEST(DesktopTest, NoClickDuringAWaitStartsASecondExchange) {
             const QString name = button->objectName();
             if (name == "comstoplogging" || name == "comcancelsearch" || name == "chkrecord") continue;
             if (!button->isVisible() || !button->isEnabled()) continue;
+            if (const auto* const tool = qobject_cast<QToolButton*>(button);
+                tool != nullptr && tool->defaultAction() == truck.screen().findChild<QAction*>("MB-Exit"))
+                continue; // ends a search and the program
             button->click();
             ++clicks;
         }

@@ -9,12 +9,16 @@ namespace {
 
 /// 1280 x 800 at 100 % without the window's frame; the rest is room for a panel of the window manager.
 constexpr QSize smallest{1270, 740};
+/// 1920 x 1080 at 200 %, in the same way.
+constexpr QSize magnified{958, 514};
 
-void expectFits(IntroScreen& screen, const char* when) {
+void expectFits(IntroScreen& screen, QSize room, const char* when) {
+    QCoreApplication::processEvents();
+    screen.resize(room);
     QCoreApplication::processEvents();
     const QSize least = screen.layout()->totalMinimumSize();
-    EXPECT_LE(least.width(), smallest.width()) << when;
-    EXPECT_LE(least.height(), smallest.height()) << when;
+    EXPECT_LE(least.width(), room.width()) << when;
+    EXPECT_LE(least.height(), room.height()) << when;
 }
 
 } // namespace
@@ -28,19 +32,23 @@ TEST(WindowFits, WithNoticesNotesAndTheLogsOfARun) {
     truck.log([&] {
         if (truck.kept() < 5) return;
         if (!std::exchange(seen, true)) {
+            expectFits(screen, magnified, "in a run");
             const std::string words = "The port has gone. Check the cable; logging goes on when it is back.";
             for (const char* title : {"First", "Second", "Third", "Fourth"})
                 screen.notices().show(title, words, Icon::critical, "06:29");
-            expectFits(screen, "in a run");
+            expectFits(screen, smallest, "in a run, with notices");
         }
         truck.desktop->acquisition().stop();
     });
     EXPECT_TRUE(seen);
     truck.p().commands.toolClick("MB-Notes");
-    expectFits(screen, "after a run, with the notes");
+    expectFits(screen, smallest, "after a run, with the notes");
     truck.p().modes.Utilities_setprogrammode("REVIEW");
     ASSERT_TRUE(truck.desktop->review().open(truck.runFile("DH-1_K240_01.kvx")));
-    expectFits(screen, "in review, with the notes");
+    expectFits(screen, smallest, "in review, with the notes");
+    truck.p().commands.toolClick("MB-Notes");
+    screen.notices().clear();
+    expectFits(screen, magnified, "in review");
 }
 
 } // namespace tarvik::test
