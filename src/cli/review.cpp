@@ -6,7 +6,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr std::int64_t longLoadingMs = 300; ///< a shorter one shows no progress
+constexpr std::int64_t longWorkMs = 300; ///< what takes less shows no progress
 
 ProgramOptions reviewOptions(const Arguments& arguments) {
     ProgramOptions options = programOptions(arguments);
@@ -31,16 +31,18 @@ Review::~Review() {
     program_.log.removeViewer(red_);
 }
 
-std::optional<ReviewLog> Review::open(const Path& file) {
-    const std::int64_t start = program_.clock.tickMs();
-    const Progress progress = [&, start](int percent, std::string_view text) {
+Progress Review::progress() {
+    return [this, start = program_.clock.tickMs()](int percent, std::string_view text) {
         const std::int64_t now = program_.clock.tickMs();
-        if (now - start < longLoadingMs) return;
+        if (now - start < longWorkMs) return;
         terminal_.lines().progress(std::string(text) + "  " + std::to_string(percent) + " %", now);
     };
-    auto log = isLasFile(program_.files, file) ? openLas(file, progress)
-                                               : program_.runReader.Tarvikfileopen(file, progress);
-    terminal_.lines().endProgress();
+}
+
+std::optional<ReviewLog> Review::open(const Path& file) {
+    auto log = isLasFile(program_.files, file) ? openLas(file, progress())
+                                               : program_.runReader.Tarvikfileopen(file, progress());
+    done();
     return log;
 }
 

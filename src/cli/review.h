@@ -19,6 +19,10 @@ class Review {
     /// Nothing when the file cannot be opened; standard error says why. A long loading shows its progress.
     [[nodiscard]] std::optional<ReviewLog> open(const Path& file);
 
+    /// A line of progress for what begins now, unless it is done at once. `done` takes the line away.
+    [[nodiscard]] Progress progress();
+    void done() { terminal_.lines().endProgress(); }
+
     [[nodiscard]] Program& program() { return program_; }
 
   private:

@@ -6,7 +6,15 @@
 
 namespace tarvik {
 
-void writePlot(const LogSheet& sheet, const PlotTarget& target) {
+namespace {
+
+int halfOf(std::size_t page, std::size_t pages) {
+    return static_cast<int>((2 * page + 1) * 100 / (2 * pages));
+}
+
+} // namespace
+
+void writePlot(const LogSheet& sheet, const PlotTarget& target, const Progress& progress) {
     Paper paper = target.paper;
     if (!hasPages(target.file)) paper.height = 0;
     const PagePlan plan = planOf(sheet, paper);
@@ -16,6 +24,7 @@ void writePlot(const LogSheet& sheet, const PlotTarget& target) {
                  sheet.heading.hole + " " + sheet.heading.title,
                  [&](QPainter& painter, std::size_t page, double unitsPerMillimetre, bool vectors) {
                      pages.paint(painter, sheet, plan, page, unitsPerMillimetre, vectors);
+                     if (progress) progress(halfOf(page, plan.pages.size()), "Drawing and writing the log");
                  });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawing/page_painter.h"
+#include "files/progress.h"
 #include "platform/files.h"
 
 namespace tarvik {
@@ -12,7 +13,7 @@ struct PlotTarget {
     double dotsPerInch = 150; ///< of a PNG
 };
 
-/// Throws a Failure that names the file and the remedy.
-void writePlot(const LogSheet& sheet, const PlotTarget& target);
+/// Throws a Failure that names the file and the remedy. A page that is drawn is half of the work on it.
+void writePlot(const LogSheet& sheet, const PlotTarget& target, const Progress& progress = {});
 
 } // namespace tarvik

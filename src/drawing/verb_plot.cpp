@@ -55,7 +55,8 @@ int runPlot(const Arguments& arguments) {
     if (upperCase(arguments.text("--deviation").value_or("")) == upperCase(bullseyeCaption)) {
         writePlan(sheet, target);
     } else {
-        writePlot(sheet, target);
+        writePlot(sheet, target, review.progress());
+        review.done();
     }
     std::cout << target.file.string() << "\n";
     return exitDone;
