@@ -98,7 +98,7 @@ std::optional<RunOrder> Acquisition::order() {
     try {
         RunOrder ordered = runOrderFrom(program_.settings, program_.places, *limits);
         if (ordered.setup.sampling == Sampling::depth) // the time plot has no log scale
-            ordered.screenScale = plain(screen_.bars().scales().currentText());
+            ordered.screenScale = plain(scaleText(screen_.live().scale()));
         return ordered;
     } catch (const BadOrder& bad) {
         program_.frame.operatorSide.message("Tarvik", bad.what(), Icon::exclamation);

@@ -241,6 +241,8 @@ void Desktop::loadNotes() {
 void Desktop::modeShown() {
     const std::string& mode = program_.state.mode;
     screen().status().showTimes({}, {});
+    screen().bars().showScale(mode == programMode::review ? screen().picture().scale()
+                                                          : screen().live().scale());
     if (mode != programMode::review) {
         for (const char* key : {"MB-Close", "MB-Details", "MB-Print", "MB-Paint"})
             screen().bars().setEnabled(key, false);

@@ -174,7 +174,7 @@ void LiveDisplay::showState() {
     paint_->setChecked(view.view().equallySpaced);
     follow_->setChecked(view.following());
     follow_->setText(view.following() ? "Following" : followWords);
-    scales_->setCurrentText("1:" + QString::number(view.scale()));
+    scales_->setCurrentText(scaleText(view.scale()));
     scaleWords_->setText(scaleWords(view));
     scales_->setToolTip("Scale of the plot: " + scaleWords(view));
 }

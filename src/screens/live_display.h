@@ -29,6 +29,7 @@ class LiveDisplay final : public QWidget {
     /// What the tool's button says: "Bullseye", "Gauges", "Logs" …
     void showDisplay(std::string_view caption);
     void setScale(double scale);
+    [[nodiscard]] double scale() const { return plot_->liveView().scale(); }
     void setAxis(Axis axis);
     void setEquallySpaced(bool spaced);
 

@@ -154,7 +154,9 @@ void MainBars::whenScaleChosen(std::function<void(double scale)> act) {
 }
 
 void MainBars::showScale(double scale) {
-    scales_->setCurrentText("1:" + QString::number(scale));
+    const QString text = scaleText(scale);
+    scales_->setPlaceholderText(text); // of a scale between those of the list
+    scales_->setCurrentIndex(scales_->findText(text));
 }
 
 void MainBars::fillScales(std::span<const std::string_view> scales) {

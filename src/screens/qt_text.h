@@ -1,6 +1,8 @@
 // Between the texts of the core (UTF-8) and those of the toolkit.
 #pragma once
 
+#include "base/number_picture.h"
+
 #include <QString>
 
 #include <string>
@@ -19,6 +21,11 @@ namespace tarvik {
 
 [[nodiscard]] inline std::string plain(const QString& text) {
     return text.toStdString();
+}
+
+/// A scale as it is spoken of, 200 as "1:200"; small ones with a tenth.
+[[nodiscard]] inline QString scaleText(double scale) {
+    return "1:" + qt(formatPicture(scale, scale < 10 ? "0.#" : "0"));
 }
 
 } // namespace tarvik

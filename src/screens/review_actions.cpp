@@ -70,6 +70,8 @@ void ReviewActions::showState() {
     undo_->setEnabled(picture.canUndo());
     redo_->setEnabled(picture.canRedo());
     bar_->setEnabled(log != nullptr);
+    if (log != nullptr && program_.state.mode == programMode::review)
+        screen_.bars().showScale(picture.scale());
     bar_->showScale(picture.scale(), log == nullptr ? QString() : qt(log->depthUnit()));
 }
 

@@ -1,6 +1,5 @@
 #include "screens/review_bar.h"
 
-#include "base/number_picture.h"
 #include "base/text.h"
 #include "screens/field.h"
 #include "screens/qt_text.h"
@@ -87,7 +86,7 @@ void ReviewBar::follow(QWidget* before) {
 }
 
 void ReviewBar::showScale(double scale, const QString& depthUnit) {
-    scale_->setText("1:" + qt(formatPicture(scale, scale < 10 ? "0.#" : "0")));
+    scale_->setText(scaleText(scale));
     const QString unit = depthUnit.toLower();
     depth_->setPlaceholderText("Depth, " + (unit == "metres" ? "m" : unit == "feet" ? "ft" : unit));
 }

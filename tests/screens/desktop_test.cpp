@@ -34,6 +34,17 @@ TEST(DesktopTest, ARunFromTheMainScreenIsOnFileAndTheToolIsPoweredDown) {
     const auto review = truck.p().runReader.Tarvikfileopen(truck.runFile("DH-1_K215_01.kvx"));
     ASSERT_TRUE(review);
     EXPECT_GE(review->steps(), 20U);
+
+    const QComboBox& scales = truck.screen().bars().scales();
+    const auto scale = [&] {
+        return plain(scales.currentIndex() < 0 ? scales.placeholderText() : scales.currentText());
+    };
+    truck.p().modes.Utilities_setprogrammode("REVIEW");
+    ASSERT_TRUE(truck.desktop->review().open(truck.runFile("DH-1_K215_01.kvx")));
+    truck.screen().picture().setScale(137);
+    EXPECT_EQ(scale(), "1:137") << "the list follows the picture";
+    truck.p().modes.Utilities_setprogrammode("CALIB-TEST");
+    EXPECT_EQ(scale(), "1:200") << "that of the live plot";
 }
 
 TEST(DesktopTest, AnIdleBoxThatStopsAnsweringIsCalledLostUntilItAnswers) {
