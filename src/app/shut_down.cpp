@@ -18,7 +18,7 @@ void ShutDown::exit() {
             return;
         }
         level = 1; // leaving
-        frame_.store.Utilities_saveregsettings(frame_.settings);
+        if (!frame_.store.Utilities_saveregsettings(frame_.settings) && !leaveUnsaved()) return;
         window_.stopMainTimer();
         closeOpenPort(frame_);
         level = 2;
@@ -27,6 +27,15 @@ void ShutDown::exit() {
         window_.unload();
         closeProgram();
     });
+}
+
+/// The error window that says why would go with the program, unread.
+bool ShutDown::leaveUnsaved() {
+    return frame_.operatorSide.ask(
+               "Tarvik",
+               "The settings could not be saved: what was chosen since the start, such as "
+               "project, tool and sampling, will be as before.\nLeave all the same?",
+               Icon::exclamation) == Answer::yes;
 }
 
 void ShutDown::closeProgram() {

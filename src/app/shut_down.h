@@ -18,6 +18,8 @@ class ShutDown {
     void closeProgram();
 
   private:
+    [[nodiscard]] bool leaveUnsaved();
+
     Frame& frame_;
     MainWindow& window_;
     Display& display_;

@@ -23,7 +23,7 @@ class SettingsStore {
     [[nodiscard]] virtual std::string where() const = 0;
 };
 
-class MemorySettingsStore final : public SettingsStore {
+class MemorySettingsStore : public SettingsStore {
   public:
     [[nodiscard]] std::optional<std::string> get(std::string_view section,
                                                  std::string_view key) const override {

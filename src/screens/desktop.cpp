@@ -123,7 +123,8 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
     demonstration_ = std::make_unique<Demonstration>(program_, *screen, gate_, runViewParts());
     review_ = std::make_unique<ReviewSession>(program_, *screen, gate_, memory_);
-    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *demonstration_, events_);
+    screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *demonstration_, events_,
+                                              [this] { searchCancelled_ = true; });
     operator_.setReports(
         {.error = [this](const ErrorReport& error, std::string_view dateTime,
                          const ErrorFiling& filed) { showError(error, dateTime, filed); },

@@ -1,5 +1,6 @@
 #include "screens/frm_file.h"
 
+#include "base/failure.h"
 #include "screens/qt_text.h"
 #include "screens/styles.h"
 
@@ -34,6 +35,21 @@ FileChooser anyRunFile(Path startFolder) {
     return chooser(std::move(startFolder), "Play a run", "Runs (*.kvx *.KVX)");
 }
 
+namespace {
+
+/// A folder that cannot be read must not keep the operator from the files elsewhere.
+auto filesOrWhyNot(const Files& files, const Path& folder, std::string& why) {
+    decltype(reviewableFiles(files, folder)) found;
+    try {
+        found = reviewableFiles(files, folder);
+    } catch (const Failure& failure) {
+        why = failure.what();
+    }
+    return found;
+}
+
+} // namespace
+
 frmFile::frmFile(const Files& files, const Path& projectFolder, FileChooser chooser, DesktopMemory& memory,
                  QWidget* parent)
     : ScreenDialog("frmFile", "Open a run", memory, parent), chooser_(std::move(chooser)) {
@@ -45,11 +61,13 @@ frmFile::frmFile(const Files& files, const Path& projectFolder, FileChooser choo
     open->setEnabled(false);
     connect(open, &QPushButton::clicked, this, [this] { choose(list_->selected()); });
 
-    auto found = reviewableFiles(files, projectFolder);
-    auto* const remark =
-        roleLabel("quiet", found.empty() ? "No runs yet in " + qt(projectFolder.string()) +
-                                               ". Browse for a file, or log a run under Acquire."
-                                         : "Project folder " + qt(projectFolder.string()));
+    std::string unread;
+    auto found = filesOrWhyNot(files, projectFolder, unread);
+    auto* const remark = roleLabel(unread.empty() ? "quiet" : "warning",
+                                   !unread.empty() ? qt(unread) + "\nBrowse for a file elsewhere."
+                                   : found.empty() ? "No runs yet in " + qt(projectFolder.string()) +
+                                                         ". Browse for a file, or log a run under Acquire."
+                                                   : "Project folder " + qt(projectFolder.string()));
     remark->setWordWrap(true);
     list_ = new RunList(files, std::move(found), memory, "frmFile",
                         {.selected = [open](bool is) { open->setEnabled(is); },

@@ -22,11 +22,10 @@ QString portsText(int lcuComms) {
 
 } // namespace
 
-frmNoLCUFound::frmNoLCUFound(int lcuComms, bool searched, NoLcuActions actions, DesktopMemory& memory,
-                             QWidget* parent)
+frmNoLCUFound::frmNoLCUFound(bool searched, NoLcuActions actions, DesktopMemory& memory, QWidget* parent)
     : ScreenDialog("frmNoLCUFound", "No LCU found", memory, parent),
-      lcuComms_(lcuComms),
       actions_(std::move(actions)),
+      searchedPorts_(actions_.ports()),
       headline_(roleLabel("title")) {
     headline_->setObjectName("lbheadline");
     body()->addWidget(headline_);
@@ -38,7 +37,8 @@ frmNoLCUFound::frmNoLCUFound(int lcuComms, bool searched, NoLcuActions actions, 
     body()->addWidget(roleLabel("quiet", "The event log says for each port what was received."));
     connect(addSideButton("comsetup", "Set up &ports\u2026"), &QPushButton::clicked, this,
             [this] { actions_.setUpPorts(); });
-    connect(addButton("comclose", "&Close"), &QPushButton::clicked, this, &QDialog::reject);
+    close_ = addButton("comclose", "&Close");
+    connect(close_, &QPushButton::clicked, this, [this] { reject(); });
     search_ = addPrimaryButton("comsearch", "&Search again");
     connect(search_, &QPushButton::clicked, this, [this] { searchAgain(); });
     showOutcome(searched);
@@ -54,14 +54,15 @@ void frmNoLCUFound::showOutcome(bool searched) {
     if (!searched) {
         headline_->setText("No search has been made");
         return addRow(
-            {"The automatic search is off", "Search now on " + plain(portsText(lcuComms_)) +
+            {"The automatic search is off", "Search now on " + plain(portsText(actions_.ports())) +
                                                 ", or switch the automatic search on under Setup."});
     }
     const bool cancelled = actions_.cancelled();
     headline_->setText(cancelled ? QString("The search was cancelled")
-                                 : "No LCU answered on " + portsText(lcuComms_));
-    for (const PortReport& port : actions_.report()) addRow(port);
-    if (rows_->isEmpty()) addRow({"No port was tried to its end", "Search again to find the LCU."});
+                                 : "No LCU answered on " + portsText(searchedPorts_));
+    const std::vector<PortReport> tried = actions_.report();
+    for (const PortReport& port : tried) addRow(port);
+    if (tried.empty()) addRow({"No port was tried to its end", "Search again to find the LCU."});
 }
 
 void frmNoLCUFound::addRow(const PortReport& port) {
@@ -79,14 +80,27 @@ void frmNoLCUFound::addRow(const PortReport& port) {
     remedy->setTextInteractionFlags(Qt::TextSelectableByMouse); // it may hold a command to copy
     column->addWidget(remedy);
     rows_->addWidget(row);
+    row->show();
 }
 
 void frmNoLCUFound::searchAgain() {
     search_->setEnabled(false);
     search_->setText("Searching\u2026");
-    if (actions_.search()) return accept();
-    showOutcome(true);
+    close_->setText("&Cancel search");
+    searchedPorts_ = actions_.ports();
+    searching_ = true;
+    const bool found = actions_.search();
+    searching_ = false;
+    close_->setText("&Close");
     search_->setEnabled(true);
+    if (found) return accept();
+    showOutcome(true);
+    adjustSize(); // another port may have more to say
+}
+
+void frmNoLCUFound::reject() {
+    if (searching_) return actions_.cancel();
+    ScreenDialog::reject();
 }
 
 } // namespace tarvik

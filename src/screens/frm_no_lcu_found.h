@@ -17,24 +17,30 @@ struct NoLcuActions {
     std::function<void()> setUpPorts;
     std::function<std::vector<PortReport>()> report; ///< of the last search
     std::function<bool()> cancelled;                 ///< the last search
+    std::function<int()> ports;                      ///< those of the next search, as the setting
+    std::function<void()> cancel;                    ///< the search that goes on
 };
 
 class frmNoLCUFound final : public ScreenDialog {
   public:
-    /// `lcuComms` as the setting; `searched`: false when the automatic search is off and none was made.
-    frmNoLCUFound(int lcuComms, bool searched, NoLcuActions actions, DesktopMemory& memory,
-                  QWidget* parent = nullptr);
+    /// `searched`: false when the automatic search is off and none was made.
+    frmNoLCUFound(bool searched, NoLcuActions actions, DesktopMemory& memory, QWidget* parent = nullptr);
+
+    /// While a search goes on it is what is given up.
+    void reject() override;
 
   private:
     void searchAgain();
     void showOutcome(bool searched);
     void addRow(const PortReport& port);
 
-    int lcuComms_;
     NoLcuActions actions_;
+    int searchedPorts_; ///< those of the last search, as the setting
     QLabel* headline_;
     QVBoxLayout* rows_;
+    QPushButton* close_;
     QPushButton* search_;
+    bool searching_ = false;
 };
 
 } // namespace tarvik

@@ -95,16 +95,17 @@ void ScreenOpener::openEventLog(const ScreenRequest&) {
 }
 
 void ScreenOpener::openNoLcuFound(const ScreenRequest&) {
-    const NoLcuActions actions{.search = [this] { return program_.modes.searchForLcu(); },
-                               .setUpPorts =
-                                   [this] {
-                                       openSetup({"frmSetup", 5});
-                                   },
-                               .report = [this] { return program_.search.report(); },
-                               .cancelled = [this] { return program_.search.cancelled(); }};
-    frmNoLCUFound(program_.options.searchedPorts.value_or(program_.settings.lcuComms),
-                  program_.settings.searchAutomatically, actions, memory_, &parent_)
-        .exec();
+    const NoLcuActions actions{
+        .search = [this] { return program_.modes.searchForLcu(); },
+        .setUpPorts =
+            [this] {
+                openSetup({"frmSetup", 5});
+            },
+        .report = [this] { return program_.search.report(); },
+        .cancelled = [this] { return program_.search.cancelled(); },
+        .ports = [this] { return program_.options.searchedPorts.value_or(program_.settings.lcuComms); },
+        .cancel = cancelSearch_};
+    frmNoLCUFound(program_.settings.searchAutomatically, actions, memory_, &parent_).exec();
 }
 
 void ScreenOpener::openExit(const ScreenRequest&) {

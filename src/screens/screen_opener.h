@@ -13,21 +13,24 @@
 #include "screens/intro_screen.h"
 #include "screens/review_session.h"
 
+#include <functional>
 #include <memory>
 #include <span>
+#include <utility>
 
 namespace tarvik {
 
 class ScreenOpener {
   public:
     ScreenOpener(Program& program, IntroScreen& parent, DesktopMemory& memory, ReviewSession& review,
-                 Demonstration& demonstration, EventLogModel& events)
+                 Demonstration& demonstration, EventLogModel& events, std::function<void()> cancelSearch)
         : program_(program),
           parent_(parent),
           memory_(memory),
           review_(review),
           demonstration_(demonstration),
-          events_(events) {}
+          events_(events),
+          cancelSearch_(std::move(cancelSearch)) {}
 
     /// Returns when the screen is closed, if it is modal.
     void open(const ScreenRequest& request);
@@ -65,6 +68,7 @@ class ScreenOpener {
     ReviewSession& review_;
     Demonstration& demonstration_;
     EventLogModel& events_;
+    std::function<void()> cancelSearch_;
     std::unique_ptr<frmERROR> error_;
     std::unique_ptr<frmBufferOverflow> overflow_;
     std::unique_ptr<HelpWindow> help_;

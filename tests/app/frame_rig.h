@@ -90,6 +90,13 @@ struct WritingDisplay final : Display {
 };
 
 /// A search finds `found` on COM2; closing writes its line as the link does.
+struct BreakableStore final : MemorySettingsStore {
+    void commit() override {
+        if (broken) throw Failure(ErrorNumber::diskFull, "no room");
+    }
+    bool broken = false;
+};
+
 struct FrameRig : testing::Test, StatusViewer {
     explicit FrameRig(bool trapErrors = true) : errors(errorLog, trapErrors) {
         log.addViewer(*this);
@@ -133,7 +140,7 @@ struct FrameRig : testing::Test, StatusViewer {
 
     MemoryFiles files;
     VirtualClock clock;
-    MemorySettingsStore memory;
+    BreakableStore memory;
     Places places = [] {
         Places made;
         made.programFolder = "/p";

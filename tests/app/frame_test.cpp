@@ -6,9 +6,12 @@
 #include <gmock/gmock.h>
 
 using namespace tarvik;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
 
 namespace {
 
@@ -207,6 +210,12 @@ TEST_F(FrameTest, ExitSavesClosesAndEnds) {
                                                 "messages", "unload", "log \\b\\0Port COM0 already closed",
                                                 "log \\b\\0Tarvik program closed", "task bar on", "end"));
     EXPECT_EQ(memory.get("Project", "Current_project"), "P");
+}
+
+TEST_F(FrameTest, SettingsThatCannotBeSavedAreNotLostWithoutAWord) {
+    memory.broken = true;
+    EXPECT_THAT(click("File-exit").back(), StartsWith("ask The settings could not be saved")); // answered no
+    EXPECT_THAT(click("File-exit"), Not(Contains("end")));
 }
 
 TEST_F(FrameTest, CloseWithoutExitClosesAnOpenPort) {
