@@ -24,6 +24,16 @@ std::size_t learnLines(std::size_t columns) {
     return std::clamp<std::size_t>(4 * columns, 400, 4000);
 }
 
+std::vector<LasWrapLine> firstLines(LasLines ahead, std::size_t columns) {
+    LasFindings unsaid;
+    LasDataLines lines(ahead, unsaid, {});
+    std::vector<LasWrapLine> first;
+    for (LasLine line; first.size() < learnLines(columns) && lines.next(line);) {
+        first.push_back(wrapLineOf(line.text));
+    }
+    return first;
+}
+
 class LasDataLoader {
   public:
     LasDataLoader(const LasHeader& header, bool tolerant, ReviewLog& review, LasFindings& findings)
@@ -39,7 +49,7 @@ class LasDataLoader {
 
     void load(LasLines& lines, const Progress& progress) {
         std::optional<LasWrapForm> form;
-        if (tolerant_ && header_.wrapped) form = learnForm(lines.ahead(learnBytes));
+        if (tolerant_ && (header_.wrapped || unsaidWrap(lines))) form = learnForm(lines.ahead(learnBytes));
         if (tolerant_) learnRepairs(lines.ahead(learnBytes), form);
         withRows(lines, form, findings_, progress, [this](auto& rows) {
             for (LasLine line; rows.next(line);) takeRow(line);
@@ -86,20 +96,28 @@ class LasDataLoader {
         use(rows);
     }
 
+    bool unsaidWrap(const LasLines& lines) {
+        if (!rowsLookWrapped(lines, header_)) return false;
+        findings_.say(0,
+                      "WRAP is not YES, but no line has all values of a row: the rows are read as wrapped");
+        return true;
+    }
+
     LasWrapForm learnForm(LasLines ahead) {
-        LasFindings unsaid;
-        LasDataLines lines(ahead, unsaid, {});
-        std::vector<LasWrapLine> first;
-        for (LasLine line; first.size() < learnLines(columns_) && lines.next(line);) {
-            first.push_back(wrapLineOf(line.text));
-        }
-        LasWrapForm form = learnWrapForm(first, columns_, header_.facts.step);
+        const std::vector<LasWrapLine> first = firstLines(ahead, columns_);
+        LasWrapForm form = learnWrapForm(first, columns_, {header_.facts.start, header_.facts.step});
         if (form.rows == 0)
             findings_.say(0, "no row of the first lines has as many values as there are curves");
-        if (form.uniform() && form.step == 0)
+        if (form.guess)
+            findings_.say(
+                0, "the first row is damaged, and a curve goes on as the depths do: nothing shows which "
+                   "of the two is the depth");
+        if (form.repeats() && form.step == 0)
             findings_.say(0,
                           "the lines of a row are alike and there is no STEP by which the depths go: a lost "
                           "line would go unnoticed");
+        if (form.step * header_.facts.step < 0)
+            findings_.say(0, "the depths go by STEP the other way round, its sign is wrong");
         return form;
     }
 
@@ -213,6 +231,11 @@ class LasDataLoader {
 };
 
 } // namespace
+
+bool rowsLookWrapped(const LasLines& lines, const LasHeader& header) {
+    const std::size_t columns = header.facts.curvesInFile;
+    return !header.wrapped && looksWrapped(firstLines(lines.ahead(learnBytes), columns), columns);
+}
 
 void loadLasData(LasLines& lines, const LasHeader& header, bool tolerant, ReviewLog& review,
                  LasFindings& findings, const Progress& progress) {

@@ -8,6 +8,9 @@
 
 namespace tarvik {
 
+/// Whether the rows that `lines` brings next take several lines each although the header says nothing of it.
+[[nodiscard]] bool rowsLookWrapped(const LasLines& lines, const LasHeader& header);
+
 /// Reads the rows that `lines` brings next. The index is never "no value"; a row without one is dropped. In a
 /// channel the null value (to 1e-4) and what is no number is no value. The first 20 channels are loaded, at
 /// most 80,000 steps; rows behind them are counted only. Decreasing depths are turned round. `tolerant` also

@@ -21,6 +21,14 @@ ReviewLog emptyReview(const LasHeader& header) {
     return review;
 }
 
+void refuseUnsaidWrap(const LasLines& lines, const LasHeader& header) {
+    if (!rowsLookWrapped(lines, header)) return;
+    throw LasRefusal(
+        "line " + std::to_string(header.dataLine + 1) +
+        ": WRAP is not YES, but no line has all values of a row: the rows take several lines each; "
+        "only the tolerant reading joins them");
+}
+
 /// Rows of a wrapped file would each give several depths that are none.
 void refuseWrapped(const LasHeader& header) {
     if (!header.wrapped) return;
@@ -56,6 +64,8 @@ LasOpening LasFileReader::LASfileopen(const Path& file, const Progress& progress
         LasLines lines(files_, file, header.facts.dataStart, header.dataLine);
         LasLine columnNames;
         lines.next(columnNames);
+        opening.tolerantMayHelp = !opened(file, [&] { refuseUnsaidWrap(lines, header); });
+        if (opening.tolerantMayHelp) return LasOpening{.log = {}, .tolerantMayHelp = true};
         if (!scanLASdatavalues(lines, header, false, *opening.log, findings, progress)) return LasOpening();
         opening.tolerantMayHelp = opening.log->steps() == 0;
         if (opening.tolerantMayHelp)

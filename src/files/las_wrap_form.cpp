@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <numeric>
 #include <tuple>
 #include <utility>
 
@@ -13,6 +13,7 @@ namespace tarvik {
 
 namespace {
 
+constexpr std::size_t startCounts = 2;  // rows that go on: a first depth that is the header's start
 constexpr std::size_t mostStarts = 100; // lines at which a first whole row is looked for
 
 using Lines = std::span<const LasWrapLine>;
@@ -55,15 +56,77 @@ std::size_t rowsThatFit(const LasWrapForm& form, Lines lines, std::size_t column
     return rows;
 }
 
-/// Rows whose depth goes on by the step; 0 where the header says none.
+/// Rows that are followed by the row that lies one step on. They are counted wherever they begin: behind a
+/// lost line a layout that repeats in itself stays out of phase.
 std::size_t rowsThatGoOn(double step, const LasWrapForm& form, Lines lines, std::size_t columns) {
     if (!(std::abs(step) > 0)) return 0;
     std::size_t rows = 0;
-    double before = std::numeric_limits<double>::quiet_NaN();
-    forEachRow(form, lines, columns, [&](const LasWrapLine& first) {
-        rows += goesOnBy(step, std::exchange(before, first.first), first.first, 1) ? 1 : 0;
-    });
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const std::size_t length = rowLength(form, lines.subspan(i), columns);
+        if (length == 0 || i + length >= lines.size()) continue;
+        rows += goesOnBy(step, lines[i].first, lines[i + length].first, 1) ? 1 : 0;
+    }
     return rows;
+}
+
+std::vector<double> depthsOf(const LasWrapForm& form, Lines lines, std::size_t columns) {
+    std::vector<double> depths;
+    forEachRow(form, lines, columns, [&](const LasWrapLine& first) { depths.push_back(first.first); });
+    return depths;
+}
+
+/// Depths that go the way of most: values that are none go up and down.
+std::size_t steady(std::span<const double> depths) {
+    std::size_t up = 0;
+    std::size_t down = 0;
+    for (std::size_t i = 1; i < depths.size(); ++i) {
+        up += depths[i] > depths[i - 1] ? 1 : 0;
+        down += depths[i] < depths[i - 1] ? 1 : 0;
+    }
+    return std::max(up, down);
+}
+
+struct LasWrapStep {
+    double step = 0;
+    std::size_t goOn = 0; ///< rows that go on by it
+};
+
+/// The header's step counts when half of the rows go on by it, the way that most do. Without one, the step
+/// from the first depth, which must be the header's start, to the second counts when three in four rows go on
+/// by it. With lines that are all alike there is nothing else to go by.
+LasWrapStep stepOf(const LasWrapForm& form, double ofHeader, std::span<const double> fromStart, Lines lines,
+                   std::size_t columns) {
+    LasWrapStep ahead{ofHeader, rowsThatGoOn(ofHeader, form, lines, columns)};
+    const LasWrapStep back{-ofHeader, rowsThatGoOn(-ofHeader, form, lines, columns)};
+    if (back.goOn > ahead.goOn) ahead = back;
+    if (std::abs(ofHeader) > 0 && (form.rows < 2 || 2 * ahead.goOn >= form.rows - 1)) return ahead;
+    LasWrapStep own{fromStart.size() < 2 ? 0 : fromStart[1] - fromStart[0]};
+    own.goOn = rowsThatGoOn(own.step, form, lines, columns);
+    if (own.step != 0 && 4 * own.goOn >= 3 * (form.rows - 1)) return own;
+    const bool keep = form.period() == 1 && std::abs(ofHeader) > 0;
+    return {keep ? ahead.step : 0, ahead.goOn};
+}
+
+/// Whether one of the first rows may lie at the start or a few steps behind it.
+bool onGridEarly(const LasWrapForm& form, Lines lines, double start) {
+    if (form.step == 0) return false;
+    const std::size_t early = std::min(lines.size(), 2 * form.layout.size());
+    return std::ranges::any_of(lines.first(early), [&](const LasWrapLine& line) {
+        return goesOnBy(form.step, start - form.step, line.first, 3);
+    });
+}
+
+/// As the first row shows; empty where it does not go on: lines of it were lost.
+std::vector<bool> nextDepthLines(const LasWrapForm& form, Lines lines, std::size_t columns) {
+    const std::size_t length = rowLength(form, lines, columns);
+    if (length == 0 || length >= lines.size()) return {};
+    const auto isNext = [&](std::size_t i) {
+        return goesOnBy(form.step, lines.front().first, lines[i].first, 1);
+    };
+    if (!isNext(length)) return {};
+    std::vector<bool> held(length);
+    for (std::size_t i = 1; i < length; ++i) held[i] = isNext(i);
+    return held;
 }
 
 } // namespace
@@ -85,8 +148,13 @@ bool LasWrapForm::fits(std::size_t at, std::size_t values, std::size_t sum, std:
     return sum == columns || (sum < columns && values > 1);
 }
 
-bool LasWrapForm::uniform() const {
-    return layout.size() > 1 && std::ranges::adjacent_find(layout, std::not_equal_to()) == layout.end();
+std::size_t LasWrapForm::period() const {
+    for (std::size_t period = 1; period < layout.size(); ++period) {
+        if (layout.size() % period != 0) continue;
+        const auto begin = layout.begin();
+        if (std::equal(begin + static_cast<std::ptrdiff_t>(period), layout.end(), begin)) return period;
+    }
+    return layout.size();
 }
 
 bool LasWrapForm::beginMayMislead() const {
@@ -99,17 +167,38 @@ bool goesOnBy(double step, double from, double to, std::size_t most) {
            std::abs(steps - std::round(steps)) < 0.25;
 }
 
-LasWrapForm learnWrapForm(Lines lines, std::size_t columns, double step) {
+bool looksWrapped(Lines lines, std::size_t columns) {
+    std::vector<double> firsts;
+    std::size_t values = 0;
+    for (const LasWrapLine& line : lines) {
+        if (line.values >= columns) return false;
+        values += line.values;
+        firsts.push_back(line.first);
+    }
+    if (firsts.size() < 4 || 10 * steady(firsts) >= 9 * (firsts.size() - 1)) return false;
+    const LasWrapForm form = learnWrapForm(lines, columns, {});
+    return 10 * form.rows * columns >= 8 * values;
+}
+
+LasWrapForm learnWrapForm(Lines lines, std::size_t columns, const LasDepthFacts& header) {
+    const std::size_t values =
+        std::accumulate(lines.begin(), lines.end(), std::size_t{0},
+                        [](std::size_t sum, const LasWrapLine& line) { return sum + line.values; });
     LasWrapForm best;
-    std::tuple<std::size_t, std::size_t, bool> bestFit;
+    std::tuple<std::size_t, std::size_t, std::size_t, bool> bestFit;
     const auto consider = [&](LasWrapForm form, bool depthAlone) {
         form.rows = rowsThatFit(form, lines, columns);
-        const std::size_t goOn = rowsThatGoOn(step, form, lines, columns);
-        if (std::tuple fit(goOn, form.rows, depthAlone); fit > bestFit) {
-            // Many a file names a step by which its depths do not go. With lines that are all alike there is
-            // nothing else to go by.
-            const bool holds = form.rows < 2 || 2 * goOn >= form.rows - 1 || form.uniform();
-            form.step = std::abs(step) > 0 && holds ? step : 0;
+        const std::vector<double> depths = depthsOf(form, lines, columns);
+        const bool begins = !depths.empty() && std::abs(depths.front() - header.start) < 1e-6;
+        const LasWrapStep step =
+            stepOf(form, header.step, begins ? depths : std::vector<double>(), lines, columns);
+        const bool most = 2 * form.rows * columns >= values;
+        const std::size_t shown = step.goOn + (begins && most ? startCounts : 0);
+        if (std::tuple fit(shown, steady(depths), form.rows, depthAlone); fit > bestFit) {
+            form.step = step.step;
+            form.start = onGridEarly(form, lines, header.start) ? header.start : noStart;
+            if (form.repeats() && form.step != 0) form.nextDepth = nextDepthLines(form, lines, columns);
+            form.guess = form.repeats() && form.nextDepth.empty() && 10 * step.goOn > 14 * form.rows;
             best = std::move(form);
             bestFit = fit;
         }

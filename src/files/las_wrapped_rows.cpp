@@ -1,5 +1,6 @@
 #include "files/las_wrapped_rows.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarvik {
@@ -27,6 +28,7 @@ bool LasWrappedRows::next(LasLine& row) {
         passOver(unsure);
         lost_ = unsure == 1;
     }
+    settleDropped(rowLines_);
     return false;
 }
 
@@ -62,28 +64,39 @@ std::size_t LasWrappedRows::rowLength(std::size_t at) {
 /// is sure when what follows fits too. The first row behind lost lines, if its own first line may be another
 /// one, only shows where the rows behind it begin.
 std::size_t LasWrappedRows::unsureLines(std::size_t lines) {
+    if (form_.guess) return 1;
     if (form_.endsAsItBegins() && readUpTo(lines + 1)) {
         const std::size_t next = piece(lines).values;
         const bool fits = form_.layout.empty() ? form_.fits(0, next, next, columns_) : rowLength(lines) > 0;
         if (!fits) return 1;
     }
     if (std::abs(form_.step) > 0 && !depthsGoOn(lines)) return 1;
-    return lost_ && form_.beginMayMislead() && !form_.uniform() ? lines : 0;
+    if (lost_ && form_.repeats()) return form_.step == 0 ? 1 : 0; // without a step it would be a guess
+    return lost_ && form_.beginMayMislead() && !comesNext(lines) ? lines : 0;
 }
 
 /// The depth goes on by the step from row to row; where it does not, lines of both may be lost, and what is
 /// left of the two looks like one row. With lines that are all alike only the depth shows where a row begins:
-/// a row that holds the next depth among its own values has lost a line.
+/// a row that holds the next depth among its own values has lost a line, unless a curve always holds it.
 bool LasWrappedRows::depthsGoOn(std::size_t lines) {
     const double depth = piece(0).first;
-    if (form_.uniform()) {
-        const std::size_t most = lost_ ? 2 + passed_ / lines : 1;
-        if (depthKnown_ && !goesOnBy(form_.step, depthBefore_, depth, most)) return false;
+    if (form_.repeats()) {
+        const bool known = depthKnown_ || !std::isnan(form_.start);
+        if (known && !comesNext(lines)) return false;
         for (std::size_t i = 1; i < lines; ++i) {
-            if (goesOnBy(form_.step, depth, piece(i).first, 1)) return false;
+            const bool next = goesOnBy(form_.step, depth, piece(i).first, 1);
+            const bool usual = form_.holdsNextDepth(i);
+            if (usual ? lost_ && !next : next) return false;
         }
     }
     return !readUpTo(lines + 1) || goesOnBy(form_.step, depth, piece(lines).first, 1);
+}
+
+/// Whether the depth of the row that waits is one of those that come next, the lines passed over counted.
+bool LasWrappedRows::comesNext(std::size_t lines) const {
+    const double before = depthKnown_ ? depthBefore_ : form_.start - form_.step;
+    const std::size_t most = lost_ ? 2 + passed_ / lines : 1;
+    return form_.step != 0 && goesOnBy(form_.step, before, piece(0).first, most);
 }
 
 void LasWrappedRows::give(std::size_t lines, LasLine& row) {
@@ -97,13 +110,19 @@ void LasWrappedRows::give(std::size_t lines, LasLine& row) {
     depthKnown_ = !std::isnan(depthBefore_);
     given_ = lines;
     lost_ = false;
+    settleDropped(lines);
+}
+
+/// As many rows as the lines passed over make.
+void LasWrappedRows::settleDropped(std::size_t linesOfARow) {
+    if (passed_ > 0) dropped_ += std::max<std::size_t>(1, (passed_ + linesOfARow / 2) / linesOfARow);
     passed_ = 0;
+    rowLines_ = linesOfARow;
 }
 
 void LasWrappedRows::passOver(std::size_t lines) {
     for (std::size_t i = 0; i < lines; ++i) findings_.add(LasOddity::damagedWrap, piece(i).number);
     passed_ += lines;
-    if (!lost_ || lines > 1) ++dropped_;
     forget(lines);
 }
 

@@ -8,6 +8,7 @@
 #include "files/las_data_lines.h"
 #include "files/las_wrap_form.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,13 +18,15 @@ namespace tarvik {
 class LasWrappedRows {
   public:
     LasWrappedRows(LasDataLines& lines, LasWrapForm form, std::size_t columns, LasFindings& findings)
-        : lines_(lines), form_(std::move(form)), columns_(columns), findings_(findings) {}
+        : lines_(lines), form_(std::move(form)), columns_(columns), findings_(findings) {
+        rowLines_ = std::max<std::size_t>(1, form_.layout.size());
+    }
 
     /// The next row as one line; its text is valid until the next call. What the file ends in counts as a
     /// line without an end.
     bool next(LasLine& row);
 
-    /// Rows dropped since it was asked last.
+    /// Rows dropped since it was asked last, as many as the lines make that were passed over.
     [[nodiscard]] std::size_t takeDropped() { return std::exchange(dropped_, 0) + lines_.takeDropped(); }
 
   private:
@@ -42,8 +45,10 @@ class LasWrappedRows {
     std::size_t rowLength(std::size_t at);
     std::size_t unsureLines(std::size_t lines);
     bool depthsGoOn(std::size_t lines);
+    [[nodiscard]] bool comesNext(std::size_t lines) const;
     void give(std::size_t lines, LasLine& row);
     void passOver(std::size_t lines);
+    void settleDropped(std::size_t linesOfARow);
     void forget(std::size_t lines);
 
     LasDataLines& lines_;
@@ -56,8 +61,9 @@ class LasWrappedRows {
     std::size_t given_ = 0; ///< lines of the row given last, still waiting
     double depthBefore_ = 0;
     bool depthKnown_ = false;
-    bool lost_ = false;      ///< nobody knows where the next row begins
-    std::size_t passed_ = 0; ///< lines passed over since the last row
+    bool lost_ = false;        ///< nobody knows where the next row begins
+    std::size_t passed_ = 0;   ///< lines passed over since the last row
+    std::size_t rowLines_ = 1; ///< of the last row
     std::size_t dropped_ = 0;
 };
 

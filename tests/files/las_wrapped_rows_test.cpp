@@ -17,6 +17,10 @@ struct Form {
     std::vector<std::vector<std::size_t>> layouts; ///< values on the lines of a row, taken in turn
     bool secondIsDepth = false;                    ///< a curve repeats the depth
     bool decimalCommas = false;
+    bool lastIsNext = false; ///< a curve holds the depth of the next row
+    bool saysStep = true;
+
+    [[nodiscard]] bool hasTwin() const { return secondIsDepth || lastIsNext; }
 };
 
 const std::vector<Form> forms{
@@ -30,6 +34,11 @@ const std::vector<Form> forms{
     {"all lines alike", {{3, 3}}},
     {"each value alone", {{1, 1, 1, 1, 1, 1}}},
     {"each value alone, a curve equal to the depth", {{1, 1, 1, 1, 1, 1}}, true},
+    {"each value alone, a curve equal to the next depth", {{1, 1, 1, 1, 1, 1}}, false, false, true},
+    {"each value alone, no step said", {{1, 1, 1, 1, 1, 1}}, false, false, false, false},
+    {"half rows alike", {{1, 2, 1, 2}}},
+    {"half rows alike, no step said", {{1, 2, 1, 2}}, false, false, false, false},
+    {"depth among others, no step said", {{4, 1}}, false, false, false, false},
 };
 
 std::size_t columnsOf(const Form& form) {
@@ -49,8 +58,11 @@ std::vector<std::string> linesOf(const Form& form, std::size_t rows) {
             std::string line;
             for (std::size_t i = 0; i < values; ++i, ++column) {
                 const bool isDepth = column == 0 || (column == 1 && form.secondIsDepth);
-                line += (i > 0 ? " " : "") +
-                        (isDepth ? depth : std::to_string(1000 + row * 37 % 50 * 20 + column * 7));
+                const bool isNext = form.lastIsNext && column + 1 == columnsOf(form);
+                line +=
+                    (i > 0 ? " " : "") + (isDepth  ? depth
+                                          : isNext ? std::to_string(100 + static_cast<double>(row + 1) * step)
+                                                   : std::to_string(1000 + row * 37 % 50 * 20 + column * 7));
             }
             lines.push_back(line);
         }
@@ -70,7 +82,8 @@ std::vector<std::string> rowsOf(const Form& form, const std::vector<std::string>
     std::vector<LasWrapLine> first;
     for (const std::string& line : text) first.push_back(wrapLineOf(line));
     const std::size_t columns = columnsOf(form);
-    LasWrappedRows wrapped(dataLines, learnWrapForm(first, columns, step), columns, findings);
+    LasWrappedRows wrapped(dataLines, learnWrapForm(first, columns, {100, form.saysStep ? step : 0}), columns,
+                           findings);
     std::vector<std::string> rows;
     for (LasLine row; wrapped.next(row);) {
         if (row.ended) rows.emplace_back(row.text);
@@ -90,12 +103,19 @@ TEST(LasWrappedRows, NoLostLinesMakeARowThatWasNotThere) {
         for (std::size_t gap = 1; gap <= 2; ++gap) {
             // Of two lines lost between the last two rows nothing behind them tells.
             const std::size_t end = gap == 1 ? whole.size() : whole.size() - 2 * form.layouts[0].size();
-            for (std::size_t lost = 0; lost + gap <= end; ++lost) {
+            // A step that is not said is known from the first two depths.
+            // Beside a twin of the depth a line lost in the first row makes one file look like the other.
+            const std::size_t begin = !form.saysStep   ? 2 * form.layouts[0].size()
+                                      : form.hasTwin() ? form.layouts[0].size()
+                                                       : 0;
+            for (std::size_t lost = begin; lost + gap <= end; ++lost) {
                 std::vector<std::string> text = whole;
                 const auto first = text.begin() + static_cast<std::ptrdiff_t>(lost);
                 text.erase(first, first + static_cast<std::ptrdiff_t>(gap));
                 const std::vector<std::string> left = rowsOf(form, text);
                 EXPECT_THAT(rows, ::testing::IsSupersetOf(left)) << gap << " lost from line " << lost + 1;
+                if (lost < 4 * form.layouts[0].size() && form.hasTwin())
+                    continue; // none is better than a guess
                 EXPECT_GE(left.size(), rowCount - 5) << gap << " lost from line " << lost + 1;
             }
         }
