@@ -151,9 +151,10 @@ class LasDataLoader {
         for (std::size_t i = 1; i < loaded_; ++i) {
             const float value = i < sure ? valueOf(row.values[i], noNumber) : noValue();
             review_.channels[i - 1].values[stored_] = value;
+            // The null text may have decimals of its own.
+            if (!std::isnan(value)) review_.las->decimals = std::max(review_.las->decimals, row.decimals[i]);
         }
         if (noNumber) findings_.add(LasOddity::noNumber, line);
-        review_.las->decimals = std::max(review_.las->decimals, row.decimals);
         ++stored_;
     }
 

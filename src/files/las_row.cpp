@@ -84,15 +84,14 @@ Token readToken(const char* begin, const char* end) {
 void LasRow::clear() {
     tokens = 0;
     firstBad = none;
-    decimals = 0;
 }
 
 void LasRow::append(const LasRow& line) {
     for (std::size_t i = 0; i < std::min(line.tokens, lasColumns) && tokens + i < lasColumns; ++i) {
         values[tokens + i] = line.values[i];
+        decimals[tokens + i] = line.decimals[i];
     }
     if (line.firstBad != none) firstBad = std::min(firstBad, tokens + line.firstBad);
-    decimals = std::max(decimals, line.decimals);
     tokens += line.tokens;
 }
 
@@ -110,7 +109,7 @@ void splitLasRow(std::string_view line, LasRow& row) {
         }
         const Token token = readToken(at, end);
         if (std::isnan(token.value)) row.firstBad = std::min(row.firstBad, row.tokens);
-        if (row.tokens > 0) row.decimals = std::max(row.decimals, token.decimals);
+        row.decimals[row.tokens] = token.decimals;
         row.values[row.tokens++] = token.value;
         at = token.end;
     }

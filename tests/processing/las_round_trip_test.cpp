@@ -79,6 +79,7 @@ TEST(LasRoundTrip, IsStableToTheByteFromTheFirstFileOn) {
         {},
         {.decimals = 5},
         {.nullText = "-9999", .decimals = 3, .holeAzimuth = "12.5", .holeInclination = "3"},
+        {.nullText = "-999.2500"}, // more decimals than the values have
         {.step = 0.05},
         {.start = 11, .stop = 14.33, .step = 0.125, .decimals = 4}, // depths are rounded to hundredths
         {.start = 12.5, .stop = 900},
