@@ -117,6 +117,23 @@ TEST(LasRoundTrip, WhatAnImportedFileSaysHoldsUnlessAskedOtherwise) {
     EXPECT_NE(text.find("Speed - 5 pt"), std::string::npos) << "filtered values stay filtered";
 }
 
+TEST(LasRoundTrip, AnExponentCountsAmongTheDecimals) {
+    const struct {
+        const char* value;
+        int decimals;
+    } table[]{{"2.5E-04", 5},    {"2.E-03", 3},      {"25e-4", 4},
+              {"1.2345E+02", 2}, {"1.23456E+01", 4}, {"5E+30", 2}};
+    for (const auto& [value, decimals] : table) {
+        Road road;
+        std::string text = road.exported(run(DepthUnits::metres, 1), {.channels = {"Speed"}});
+        road.files.put("out.las",
+                       text.replace(text.rfind("       "), std::string::npos, std::string(" ") + value));
+        const auto log = road.reader.LASfileopen("out.las").log;
+        ASSERT_TRUE(log);
+        EXPECT_EQ(lasOptionsFor(*log).decimals, decimals) << value;
+    }
+}
+
 /// Found by a fuzzer: a name that reads as a section once what stood before it is cleaned away.
 TEST(LasRoundTrip, NoNameTurnsIntoASectionOrAComment) {
     Road road;
