@@ -6,6 +6,7 @@
 #include "files/las_wrapped_rows.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -22,6 +23,14 @@ constexpr std::uint64_t learnBytes = std::uint64_t{1} << 23; ///< and how far at
 /// Lines looked at for how rows are wrapped: a few rows even with each value on a line of its own.
 std::size_t learnLines(std::size_t columns) {
     return std::clamp<std::size_t>(4 * columns, 400, 4000);
+}
+
+/// The review keeps singles. What shows is more than half of the last decimal, of the five that an export
+/// writes at most; an export rounds up to half of it itself.
+bool losesDigits(double read, float kept, int decimals) {
+    constexpr std::array<double, 6> shows{0.51, 0.51e-1, 0.51e-2, 0.51e-3, 0.51e-4, 0.51e-5};
+    const auto most = static_cast<std::size_t>(std::min(decimals, 5));
+    return std::abs(read - static_cast<double>(kept)) > shows[most];
 }
 
 class LasDataLoader {
@@ -148,13 +157,17 @@ class LasDataLoader {
         // Where the columns do not add up, nobody knows which one a value behind an odd token belongs to.
         const std::size_t sure = row.tokens == columns_ ? loaded_ : std::min(row.firstBad, row.tokens);
         bool noNumber = row.firstBad < loaded_;
+        bool rounded = false;
         for (std::size_t i = 1; i < loaded_; ++i) {
             const float value = i < sure ? valueOf(row.values[i], noNumber) : noValue();
             review_.channels[i - 1].values[stored_] = value;
             // The null text may have decimals of its own.
-            if (!std::isnan(value)) review_.las->decimals = std::max(review_.las->decimals, row.decimals[i]);
+            if (std::isnan(value)) continue;
+            review_.las->decimals = std::max(review_.las->decimals, row.decimals[i]);
+            rounded = rounded || losesDigits(row.values[i], value, row.decimals[i]);
         }
         if (noNumber) findings_.add(LasOddity::noNumber, line);
+        if (rounded) findings_.add(LasOddity::rounded, line);
         ++stored_;
     }
 
