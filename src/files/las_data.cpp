@@ -6,6 +6,7 @@
 #include "files/las_wrapped_rows.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -32,6 +33,14 @@ std::vector<LasWrapLine> firstLines(LasLines ahead, std::size_t columns) {
         first.push_back(wrapLineOf(line.text));
     }
     return first;
+}
+
+/// The review keeps singles. What shows is more than half of the last decimal, of the five that an export
+/// writes at most; an export rounds up to half of it itself.
+bool losesDigits(double read, float kept, int decimals) {
+    constexpr std::array<double, 6> shows{0.51, 0.51e-1, 0.51e-2, 0.51e-3, 0.51e-4, 0.51e-5};
+    const auto most = static_cast<std::size_t>(std::min(decimals, 5));
+    return std::abs(read - static_cast<double>(kept)) > shows[most];
 }
 
 class LasDataLoader {
@@ -166,12 +175,17 @@ class LasDataLoader {
         // Where the columns do not add up, nobody knows which one a value behind an odd token belongs to.
         const std::size_t sure = row.tokens == columns_ ? loaded_ : std::min(row.firstBad, row.tokens);
         bool noNumber = row.firstBad < loaded_;
+        bool rounded = false;
         for (std::size_t i = 1; i < loaded_; ++i) {
             const float value = i < sure ? valueOf(row.values[i], noNumber) : noValue();
             review_.channels[i - 1].values[stored_] = value;
+            // The null text may have decimals of its own.
+            if (std::isnan(value)) continue;
+            review_.las->decimals = std::max(review_.las->decimals, row.decimals[i]);
+            rounded = rounded || losesDigits(row.values[i], value, row.decimals[i]);
         }
         if (noNumber) findings_.add(LasOddity::noNumber, line);
-        review_.las->decimals = std::max(review_.las->decimals, row.decimals);
+        if (rounded) findings_.add(LasOddity::rounded, line);
         ++stored_;
     }
 

@@ -13,6 +13,7 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(LasOddity::count
     "too few columns, the last channels have no value there",
     "more columns than curves, the columns behind the last curve are dropped",
     "what stands for a value is no number, it is read as no value",
+    "value of more digits than the review keeps, rounded to about 7 digits",
     "the file ends inside this row, the row is dropped: its last number may be cut short",
     "the last row has no line end, its last number may be cut short",
     "comment between the data, passed over",

@@ -17,6 +17,7 @@ enum class LasOddity {
     fewColumns,
     manyColumns,
     noNumber,
+    rounded,
     fragment,
     uncertainEnd,
     comment,

@@ -3,6 +3,7 @@
 #include "base/number_picture.h"
 #include "base/text.h"
 #include "files/las_header_line.h"
+#include "files/las_units.h"
 
 #include <algorithm>
 #include <string_view>
@@ -154,9 +155,12 @@ void takeKeys(KeySearch& search, std::string_view block, LasHeader& header, LasF
     facts.depthUnit = plainLasText(fromAnsi(start.unit));
     if (start.unit.find('\t') != npos)
         findings.say(start.line, "a tab stands behind the unit of STRT, which goes on to the next blank");
-    facts.stop = takeNumber(search.find("STOP"), "STOP", findings);
+    const KeySearch::Found stop = search.find("STOP");
+    facts.stop = takeNumber(stop, "STOP", findings);
+    noteOtherLasUnit("STOP", stop.unit, start.unit, stop.line, findings);
     const KeySearch::Found step = search.find("STEP");
     facts.step = takeNumber(step, "STEP", findings);
+    noteOtherLasUnit("STEP", step.unit, start.unit, step.line, findings);
     facts.stepText = plainLasText(fromAnsi(step.value));
     takeNull(search.find("NULL"), facts, findings);
     const auto text = [&](std::string_view key) { return takeText(search.find(key), block, key, findings); };

@@ -64,7 +64,10 @@ std::optional<double> leadingLasNumber(std::string_view text) {
 
 std::optional<double> wholeLasNumber(std::string_view text) {
     text = strippedLasText(text);
-    return parseNumber(text.substr(0, text.find_first_of(blanks)));
+    const std::size_t end = std::min(text.find_first_of(blanks), text.size());
+    const std::string_view behind = strippedLasText(text.substr(end));
+    if (!behind.empty() && behind.front() >= '0' && behind.front() <= '9') return std::nullopt;
+    return parseNumber(text.substr(0, end));
 }
 
 std::optional<std::string> mendedDecimalComma(std::string_view token) {

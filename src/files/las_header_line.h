@@ -30,7 +30,8 @@ struct LasHeaderLine {
 /// The number with which a text begins; nothing where there is none, or one beyond the range of a double.
 [[nodiscard]] std::optional<double> leadingLasNumber(std::string_view text);
 
-/// The same where the number ends at a blank or with the text: of "1000,5" nothing is left out in silence.
+/// The same where the number ends with the text, or at a blank with no digit behind it: of "1000,5" and
+/// "1 000.5" nothing is left out in silence.
 [[nodiscard]] std::optional<double> wholeLasNumber(std::string_view text);
 
 /// "10,25" as "10.25", "-1,5E3" as "-1.5E3"; nothing where the comma is not the only mark between digits.

@@ -36,6 +36,18 @@ struct Token {
     const char* end = nullptr;
 };
 
+/// Of a number as it would be written without its exponent: 4 of "2.5E-03".
+int decimalsOf(const char* begin, const char* end) {
+    const char* const mark = std::find_if(begin, end, [](char c) { return c == 'e' || c == 'E'; });
+    const char* const point = std::find(begin, mark, '.');
+    const auto fraction = point == mark ? 0 : static_cast<int>(mark - point) - 1;
+    if (mark == end) return fraction;
+    const char* const exponent = mark + (mark[1] == '+' ? 2 : 1);
+    int power = 0;
+    std::from_chars(exponent, end, power); // what reads as a number has one that fits, or zeros before it
+    return std::max(fraction - power, 0);
+}
+
 /// Exponents, many digits, and what is no number at all.
 Token readOddToken(const char* begin, const char* end) {
     Token token;
@@ -46,9 +58,7 @@ Token readOddToken(const char* begin, const char* end) {
     const auto [stop, error] = std::from_chars(first, token.end, value);
     if (error != std::errc() || stop != token.end || !std::isfinite(value)) return token;
     token.value = value;
-    const char* const point = std::find(first, token.end, '.');
-    const char* const exponent = std::find_if(first, token.end, [](char c) { return c == 'e' || c == 'E'; });
-    if (point < exponent) token.decimals = static_cast<int>(exponent - point) - 1;
+    token.decimals = decimalsOf(first, token.end);
     return token;
 }
 
@@ -84,15 +94,14 @@ Token readToken(const char* begin, const char* end) {
 void LasRow::clear() {
     tokens = 0;
     firstBad = none;
-    decimals = 0;
 }
 
 void LasRow::append(const LasRow& line) {
     for (std::size_t i = 0; i < std::min(line.tokens, lasColumns) && tokens + i < lasColumns; ++i) {
         values[tokens + i] = line.values[i];
+        decimals[tokens + i] = line.decimals[i];
     }
     if (line.firstBad != none) firstBad = std::min(firstBad, tokens + line.firstBad);
-    decimals = std::max(decimals, line.decimals);
     tokens += line.tokens;
 }
 
@@ -110,7 +119,7 @@ void splitLasRow(std::string_view line, LasRow& row) {
         }
         const Token token = readToken(at, end);
         if (std::isnan(token.value)) row.firstBad = std::min(row.firstBad, row.tokens);
-        if (row.tokens > 0) row.decimals = std::max(row.decimals, token.decimals);
+        row.decimals[row.tokens] = token.decimals;
         row.values[row.tokens++] = token.value;
         at = token.end;
     }

@@ -19,8 +19,8 @@ struct LasRow {
 
     std::size_t tokens = 0;                  ///< all of the line
     std::size_t firstBad = none;             ///< the first loaded token that is no finite number
-    int decimals = 0;                        ///< most of a loaded token behind the index
     std::array<double, lasColumns> values{}; ///< not a number where the token is none; valid below `tokens`
+    std::array<int, lasColumns> decimals{};  ///< as each is written; valid where its value is
 
     void clear();
     /// A wrapped row's next line.

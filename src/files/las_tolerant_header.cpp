@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "files/las_header_line.h"
+#include "files/las_units.h"
 
 #include <algorithm>
 #include <array>
@@ -217,6 +218,8 @@ class TolerantHeader {
         facts.stop = number(stop);
         facts.step = number(step);
         facts.stepText = keys_[step].number;
+        for (const Key key : {stop, step})
+            noteOtherLasUnit(keyNames[key], keys_[key].unit, facts.depthUnit, keys_[key].line, findings_);
         const double noValueNumber = number(null);
         facts.nullText = keys_[null].number;
         facts.hasNull = !std::isnan(noValueNumber);

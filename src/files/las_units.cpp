@@ -86,6 +86,15 @@ std::optional<DepthUnits> lasDepthUnits(std::string_view text) {
     return std::nullopt;
 }
 
+void noteOtherLasUnit(std::string_view key, std::string_view unit, std::string_view ofStart, std::size_t line,
+                      LasFindings& findings) {
+    const auto own = lasDepthUnits(unit);
+    const auto start = lasDepthUnits(ofStart);
+    if (!own || !start || *own == *start) return;
+    findings.say(line, std::string(key) + " is in " + inQuotes(unit) + ", STRT in " + inQuotes(ofStart) +
+                           ": its number is not converted");
+}
+
 void settleLasDepthUnit(const LasHeader& header, ReviewLog& review, LasFindings& findings) {
     const std::string& indexUnit = header.names.front().unit;
     std::string unit = header.facts.depthUnit;

@@ -79,6 +79,7 @@ TEST(LasRoundTrip, IsStableToTheByteFromTheFirstFileOn) {
         {},
         {.decimals = 5},
         {.nullText = "-9999", .decimals = 3, .holeAzimuth = "12.5", .holeInclination = "3"},
+        {.nullText = "-999.2500"}, // more decimals than the values have
         {.step = 0.05},
         {.start = 11, .stop = 14.33, .step = 0.125, .decimals = 4}, // depths are rounded to hundredths
         {.start = 12.5, .stop = 900},
@@ -114,6 +115,23 @@ TEST(LasRoundTrip, WhatAnImportedFileSaysHoldsUnlessAskedOtherwise) {
     EXPECT_NE(text.find("STRT.M            13.00"), std::string::npos);
     EXPECT_NE(text.find("STOP.M            14.56"), std::string::npos) << "the last loaded depth";
     EXPECT_NE(text.find("Speed - 5 pt"), std::string::npos) << "filtered values stay filtered";
+}
+
+TEST(LasRoundTrip, AnExponentCountsAmongTheDecimals) {
+    const struct {
+        const char* value;
+        int decimals;
+    } table[]{{"2.5E-04", 5},    {"2.E-03", 3},      {"25e-4", 4},
+              {"1.2345E+02", 2}, {"1.23456E+01", 4}, {"5E+30", 2}};
+    for (const auto& [value, decimals] : table) {
+        Road road;
+        std::string text = road.exported(run(DepthUnits::metres, 1), {.channels = {"Speed"}});
+        road.files.put("out.las",
+                       text.replace(text.rfind("       "), std::string::npos, std::string(" ") + value));
+        const auto log = road.reader.LASfileopen("out.las").log;
+        ASSERT_TRUE(log);
+        EXPECT_EQ(lasOptionsFor(*log).decimals, decimals) << value;
+    }
 }
 
 /// Found by a fuzzer: a name that reads as a section once what stood before it is cleaned away.
