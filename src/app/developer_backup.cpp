@@ -13,26 +13,33 @@ std::string backupFolderName(const CivilTime& day) {
 DeveloperBackup::DeveloperBackup(Frame& frame, const Clock& clock, Files& files, BackupPlan plan)
     : frame_(frame), clock_(clock), files_(files), plan_(std::move(plan)) {}
 
+/// One copy that cannot be made does not cost the other.
 void DeveloperBackup::run() {
-    frame_.errors.run("developer backup", [&](Level& level) {
-        for (const BackupPlan::Target& target : plan_.targets) {
-            ++level;
-            copyTo(target);
-        }
-    });
+    for (const BackupPlan::Target& target : plan_.targets) {
+        frame_.errors.run("developer backup", [&](Level&) { copyTo(target); });
+    }
+}
+
+/// Without its folder a letter would mean drive C.
+Path DeveloperBackup::mappedDrive(const std::string& letter) const {
+    if (frame_.places.drives.contains(letter.front())) return frame_.places.drive(letter);
+    throw Failure(ErrorNumber::pathNotFound, "Drive " + letter +
+                                                 " has no folder on this machine. Name one under Setup, "
+                                                 "System test, then make the backup again");
 }
 
 void DeveloperBackup::copyTo(const BackupPlan::Target& target) {
-    const Path folder = frame_.places.drive(target.drive) / backupFolderName(clock_.now());
+    const Path source = mappedDrive(plan_.sourceDrive) / plan_.sourceFolder;
+    const Path folder = mappedDrive(target.drive) / backupFolderName(clock_.now());
+    if (!files_.exists(source))
+        throw Failure(ErrorNumber::pathNotFound, source.string() + ": there is no such folder to back up");
     if (!files_.exists(folder)) {
         frame_.operatorSide.message("Tarvik", target.notice, Icon::information);
         files_.createFolder(folder);
     }
-    const std::string command = "xcopy " + plan_.source + " " + folder.string() + R"(\*.* /E /Y /K)";
-    if (!frame_.hooks.startMinimised(command)) {
-        throw Failure(ErrorNumber::fileNotFound,
-                      "The backup could not be started: " + command + "; copy the folder by hand");
-    }
+    if (frame_.hooks.startCopying(source, folder)) return;
+    throw Failure(ErrorNumber::fileNotFound, "The backup could not be started; copy " + source.string() +
+                                                 " to " + folder.string() + " by hand");
 }
 
 } // namespace tarvik

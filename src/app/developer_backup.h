@@ -17,7 +17,8 @@ struct BackupPlan {
         std::string_view notice; ///< when the day's folder is created
     };
 
-    std::string source = R"(D:\"Software Development\"\Tarvik\*.*)";
+    std::string sourceDrive = "D";
+    std::string sourceFolder = "Software Development/Tarvik";
     std::array<Target, 2> targets{{{"F", "Daily backup directory being created"},
                                    {"G", "Second daily backup directory being created"}}};
 };
@@ -33,6 +34,7 @@ class DeveloperBackup {
     void run();
 
   private:
+    [[nodiscard]] Path mappedDrive(const std::string& letter) const;
     void copyTo(const BackupPlan::Target& target);
 
     Frame& frame_;

@@ -49,8 +49,8 @@ struct FrameHooks {
     std::function<void()> fillCalibrationTools = [] {};
     std::function<void()> clearEquipment = [] {}; ///< current tool and winch become blank records
 
-    /// Starts a command line minimised, without waiting; false when it could not be started.
-    std::function<bool(const std::string& commandLine)> startMinimised = [](const std::string&) {
+    /// Copies a folder into another without waiting; false when that could not be started.
+    std::function<bool(const Path& source, const Path& target)> startCopying = [](const Path&, const Path&) {
         return false;
     };
     std::function<void()> endProcess = [] {};

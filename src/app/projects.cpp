@@ -100,6 +100,7 @@ std::vector<HoleRow> Projects::holes(const Path& projectFolder) {
 
 std::string Projects::newNameProblem(const std::vector<ProjectRow>& projects, std::string_view name) {
     if (std::string problem = nameProblem(name); !problem.empty()) return problem;
+    if (!isAnsi(name)) return "The run file keeps Western European letters only.";
     const std::string wanted = upperCase(trimmed(name));
     const auto same =
         std::ranges::find_if(projects, [&](const ProjectRow& row) { return upperCase(row.name) == wanted; });

@@ -26,7 +26,7 @@ std::string nameProblem(std::string_view name) {
     if (text.empty()) return "Enter a name.";
     if (!canStandInFileName(text)) return R"(A name cannot hold any of / \ : * ? " < > |)";
     if (text.starts_with('.') || text.ends_with('.')) return "A name cannot begin or end with a full stop.";
-    if (text.size() > longestName) return "The name is too long: at most 100 characters.";
+    if (text.size() > longestName) return "The name is too long: at most 100 characters, fewer with accents.";
     return {};
 }
 

@@ -140,4 +140,8 @@ double leadingNumber(std::string_view text) {
     return error == std::errc() && std::isfinite(value) ? value : 0;
 }
 
+bool isAnsi(std::string_view utf8) {
+    return std::ranges::count(toAnsi(utf8), '?') == std::ranges::count(utf8, '?');
+}
+
 } // namespace tarvik

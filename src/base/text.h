@@ -20,6 +20,8 @@ void appendUtf8(std::string& text, char32_t point);
 
 /// A character outside the code page becomes "?"; bytes that are no UTF-8 become "?" too.
 [[nodiscard]] std::string toAnsi(std::string_view utf8);
+/// Whether `toAnsi` keeps every character.
+[[nodiscard]] bool isAnsi(std::string_view utf8);
 /// The five codes that the code page leaves undefined read as the control characters of the same number.
 [[nodiscard]] std::string fromAnsi(std::string_view ansi);
 

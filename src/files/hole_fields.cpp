@@ -71,10 +71,6 @@ std::string tooLong(std::size_t length, std::size_t width, const std::string& wh
            std::to_string(length - width) + ".";
 }
 
-bool isAnsi(std::string_view text) {
-    return std::ranges::count(toAnsi(text), '?') == std::ranges::count(text, '?');
-}
-
 std::string roomProblem(const HoleField& field, const HoleDetails& details) {
     for (const Room& room : ownRooms) {
         if (room.value != field.value) continue;

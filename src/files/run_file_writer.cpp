@@ -10,9 +10,10 @@ namespace {
 
 /// The error with the scan's own numbers behind it, each on a line of the error file.
 Failure withScan(const Failure& error, const KeptScan& scan) {
-    return {error.number(), std::string(error.what()) + "\r\n   LCU Current depth " +
-                                shortestNumber(scan.depth) + "\r\n   LCU spped and time  " +
-                                shortestNumber(scan.speed) + "  " + std::to_string(scan.scanTime)};
+    return {error.number(),
+            std::string(error.what()) + "\r\n   LCU Current depth " +
+                shortestNumber(static_cast<float>(scan.depth)) + "\r\n   LCU spped and time  " +
+                shortestNumber(static_cast<float>(scan.speed)) + "  " + std::to_string(scan.scanTime)};
 }
 
 } // namespace

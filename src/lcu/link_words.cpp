@@ -24,6 +24,12 @@ LinkWords linkWords(const LinkState& link) {
     const LcuModel* const model = modelNamed(link.model);
     words.port = link.demo ? "none: this is the demonstration" : link.open() ? comName(link.port) : "closed";
     words.model = model ? std::string(model->label) : "no LCU found yet";
+    if (!link.open() && !link.demo) { // what was there last may be gone
+        if (model != nullptr) words.model = "was " + words.model;
+        words.speed = words.firmware = unknown;
+        words.status = "not asked yet";
+        return words;
+    }
     words.speed = link.open() && link.baud > 0 ? std::to_string(link.baud) + " baud" : unknown;
     words.firmware = trimmed(link.firmware).empty() ? unknown : link.firmware;
     words.status = statusWords(link);

@@ -1,6 +1,7 @@
 #include "program/program.h"
 
 #include "base/failure.h"
+#include "platform/background_copy.h"
 #include "platform/serial_devices.h"
 
 #include <algorithm>
@@ -123,6 +124,7 @@ FrameHooks Program::connectHooks() {
     to.stopDataStream = [this] { lcu.stopStream(); };
     to.closePort = [this] { port.close(); };
     to.loadCalibrationHistory = [this] { calibrations.open(); };
+    to.startCopying = copyInBackground;
     to.sleep = [this](int milliseconds) { sleepAlive(*this, milliseconds); };
     return to;
 }

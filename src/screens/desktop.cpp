@@ -31,6 +31,7 @@ Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
       display_(std::make_unique<ScreenDisplay>()),
       program_(options, shell(), standIns),
       memory_(program_.store),
+      helpKey_(memory_),
       gate_(program_.link, program_.state) {
     applyTheme(*qApp, memory_.theme());
     program_.log.addViewer(events_);

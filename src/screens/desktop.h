@@ -4,6 +4,7 @@
 #include "screens/acquisition.h"
 #include "screens/demonstration.h"
 #include "screens/desktop_memory.h"
+#include "screens/help_key.h"
 #include "screens/intro_window.h"
 #include "screens/review_session.h"
 #include "screens/screen_opener.h"
@@ -68,6 +69,7 @@ class Desktop {
     std::unique_ptr<Display> display_;
     Program program_;
     DesktopMemory memory_;
+    HelpKey helpKey_;
     EventLogModel events_;
     LinkGate gate_;
     std::unique_ptr<Acquisition> acquisition_; ///< with the main screen

@@ -123,8 +123,8 @@ struct FrameRig : testing::Test, StatusViewer {
         hooks.loadCalibrationHistory = [this] { person.write("calibration history"); };
         hooks.fillCalibrationTools = [this] { person.write("calibration tools"); };
         hooks.clearEquipment = [this] { person.write("clear equipment"); };
-        hooks.startMinimised = [this](const std::string& command) {
-            person.write("start ", command);
+        hooks.startCopying = [this](const Path& source, const Path& target) {
+            person.write("copy ", source.string(), " to ", target.string());
             return true;
         };
         hooks.endProcess = [this] { person.write("end"); };
@@ -145,7 +145,7 @@ struct FrameRig : testing::Test, StatusViewer {
         Places made;
         made.programFolder = "/p";
         made.homeDrive = "/c";
-        made.drives = {{'F', "/f"}, {'G', "/g"}};
+        made.drives = {{'D', "/d"}, {'F', "/f"}, {'G', "/g"}};
         return made;
     }();
     Transcript transcript;

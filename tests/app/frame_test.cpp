@@ -253,15 +253,18 @@ TEST_F(FrameTest, TheExitLabelFlashesAndBeepsOnReturn) {
 }
 
 TEST_F(FrameTest, TheBackupFoldersAreNamedByTheDay) {
+    EXPECT_THAT(click("Help-backup"), ElementsAre(HasSubstr("is no such folder to back up"),
+                                                  HasSubstr("is no such folder to back up")));
+    files.createFolder("/d/Software Development/Tarvik");
     files.createFolder("/g/Tarvik-Mon-130306");
-    EXPECT_THAT(
-        click("Help-backup"),
-        ElementsAre(
-            "message Tarvik|Daily backup directory being created|",
-            R"(start xcopy D:\"Software Development\"\Tarvik\*.* /f/Tarvik-Mon-130306\*.* /E /Y /K)",
-            R"(start xcopy D:\"Software Development\"\Tarvik\*.* /g/Tarvik-Mon-130306\*.* /E /Y /K)"));
+    EXPECT_THAT(click("Help-backup"),
+                ElementsAre("message Tarvik|Daily backup directory being created|",
+                            "copy /d/Software Development/Tarvik to /f/Tarvik-Mon-130306",
+                            "copy /d/Software Development/Tarvik to /g/Tarvik-Mon-130306"));
     EXPECT_TRUE(files.exists("/f/Tarvik-Mon-130306"));
-    hooks.startMinimised = [](const std::string&) { return false; };
-    EXPECT_THAT(click("Help-backup").back(),
-                HasSubstr("error developer backup|The backup could not be started"));
+    places.drives.erase('F'); // a letter without a folder would mean drive C
+    EXPECT_THAT(click("Help-backup"), ElementsAre(HasSubstr("Drive F has no folder"), HasSubstr("copy ")));
+    EXPECT_FALSE(files.exists("/c/Tarvik-Mon-130306"));
+    hooks.startCopying = [](const Path&, const Path&) { return false; };
+    EXPECT_THAT(click("Help-backup").back(), HasSubstr("The backup could not be started"));
 }
