@@ -6,7 +6,7 @@ Usage: desktop_road.py --bin DIR --tools DIR [--pictures DIR]
 
 A new project and hole, a tool and a winch; the box is found and the depth set; a run by depth, in the middle of which
 the operator asks to close and goes on, and the box is unplugged and plugged in again; an append; review, LAS, demonstrations,
-exit. The files are then read back.
+exit. Then a second start, and the window closed in the middle of a run. The files are then read back.
 """
 import argparse
 import json
@@ -162,6 +162,33 @@ def a_day(screen, truck, program, pictures):
     check(program.wait(20) == 0, f"the program ended with {program.returncode}")
 
 
+def closes_in_a_run(screen, truck, program):
+    """Of the three ways out the one in a hurry: what is kept is on file, and the tool is powered down."""
+    second = truck.run_file.with_name("DH-104_K240_02.kvx")
+    screen.wait_for_window("Tarvik")
+    screen.key("F7")
+    screen.wait_for_window("Equipment of the next run")
+    screen.key("Return")
+    screen.wait_for_window("Tarvik")
+    screen.key("F9")
+    screen.wait_for_window("Append or start a new run")
+    screen.key("Return")
+    wait_for(lambda: second.exists() and second.stat().st_size > 28_000, "no second run is logged")
+    screen.key("alt+F4")
+    time.sleep(1)
+    screen.key("alt+s")
+    check(program.wait(30) == 0, f"stopped and closed, the program ended with {program.returncode}")
+    last = truck.log_text().rsplit("Logging run finished", 1)[-1]
+    check("Tarvik program closed" in last and "shut down" not in last, f"the run ends with: {last}")
+    info = json.loads(truck.tarvik("info", second, "--json"))
+    check(info["scans"] > 20 and info["partial_bytes"] == 0, f"the second run reads {info}")
+
+
+def starts(options, truck, screen):
+    return subprocess.Popen([options.bin / "tarvik", "--home", truck.home, "--com1", truck.line, "--lcucomms", "1"],
+                            env=screen.environment)
+
+
 def read_back(truck):
     info = json.loads(truck.tarvik("info", truck.run_file, "--json"))
     check(info["scans"] >= 20 and info["hole"] == "DH-104" and info["partial_bytes"] == 0, f"the run reads {info}")
@@ -180,10 +207,11 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         folder = pathlib.Path(folder)
         truck, screen = Truck(options, folder), Screen(folder)
-        program = subprocess.Popen([options.bin / "tarvik", "--home", folder, "--com1", truck.line, "--lcucomms", "1"],
-                                   env=screen.environment)
+        program = starts(options, truck, screen)
         try:
             a_day(screen, truck, program, options.pictures)
+            program = starts(options, truck, screen)
+            closes_in_a_run(screen, truck, program)
         finally:
             program.kill()
             truck.box.kill()
