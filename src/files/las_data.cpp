@@ -43,6 +43,11 @@ bool losesDigits(double read, float kept, int decimals) {
     return std::abs(read - static_cast<double>(kept)) > shows[most];
 }
 
+std::size_t lastTokenLength(std::string_view text) {
+    const auto end = text.find_last_not_of(" \t") + 1;
+    return end - (text.substr(0, end).find_last_of(" \t") + 1);
+}
+
 class LasDataLoader {
   public:
     LasDataLoader(const LasHeader& header, bool tolerant, ReviewLog& review, LasFindings& findings)
@@ -149,9 +154,12 @@ class LasDataLoader {
         const bool readable = !odd || !tolerant_ || repair_.mend(line, row_, findings_);
         if (!line.ended && row_.tokens < columns_) return dropFragment(line.number, line.text.size());
         if (!readable) return dropRow(LasOddity::commaRow, line.number);
-        if (!line.ended && line.text.size() < lengthBefore_)
+        // A depth of one more digit makes up for what the last value lost: the value is measured, too.
+        const std::size_t last = lastTokenLength(line.text);
+        if (!line.ended && (line.text.size() < lengthBefore_ || last < lastBefore_))
             findings_.add(LasOddity::uncertainEnd, line.number);
         lengthBefore_ = line.text.size();
+        lastBefore_ = last;
         if (row_.tokens > columns_) findings_.add(LasOddity::manyColumns, line.number);
         if (row_.tokens < columns_) findings_.add(LasOddity::fewColumns, line.number);
         store(row_, line.number);
@@ -242,6 +250,7 @@ class LasDataLoader {
     LasRowRepair repair_;
     std::size_t stored_ = 0;
     std::size_t lengthBefore_ = 0;
+    std::size_t lastBefore_ = 0; ///< characters of the last value of the row before
 };
 
 } // namespace

@@ -46,9 +46,10 @@ class KeySearch {
 
     KeySearch(std::string_view block, bool wholeFile) : block_(block), wholeFile_(wholeFile) {}
 
-    Found find(std::string_view key) {
+    Found find(std::string_view key, LasFindings& findings) {
         const std::size_t at = block_.find(key, position_);
         if (at == npos) refuseMissing(key);
+        sayPlace(key, at, findings);
         const std::size_t point = following(".", at, key);
         const std::size_t space = following(" ", point, key);
         const std::size_t colon = following(":", space, key);
@@ -72,6 +73,26 @@ class KeySearch {
     [[nodiscard]] std::size_t lineOf(std::size_t at) const { return lineNumber(block_, at); }
 
   private:
+    /// The first place with these letters counts, though it may be another line's description. VERS is not
+    /// told of: it stands in "~VERSION" of every file with capitals, and the value behind is the right one.
+    void sayPlace(std::string_view key, std::size_t at, LasFindings& findings) const {
+        if (key == "VERS") return;
+        const std::size_t end = block_.find_first_of("\r\n", at);
+        const std::size_t begin = block_.find_last_of("\r\n", at) + 1; // 0 in the first line
+        const std::string_view line = block_.substr(begin, std::min(end, block_.size()) - begin);
+        const std::string_view behind = line.substr(at - begin);
+        const std::size_t point = behind.find('.');
+        const std::size_t space = point == npos ? npos : behind.find(' ', point);
+        const std::string_view before = strippedLasText(line.substr(0, at - begin));
+        if (!before.empty() || strippedLasText(behind.substr(0, std::min(point, behind.size()))) != key)
+            findings.say(lineOf(at),
+                         std::string(key) + " is found inside another line, whose value is read for it");
+        else if (space == npos)
+            findings.say(lineOf(at),
+                         std::string(key) +
+                             " has no point and blank in its line, those of a line behind are taken");
+    }
+
     std::size_t following(std::string_view mark, std::size_t at, std::string_view key) const {
         const std::size_t found = block_.find(mark, at);
         if (found == npos) {
@@ -117,6 +138,9 @@ class KeySearch {
 double takeNumber(const KeySearch::Found& found, std::string_view key, LasFindings& findings) {
     const double number = leadingNumber(found.value);
     const std::string name(key);
+    if (found.value.find_first_of("\r\n") != npos)
+        findings.say(found.line,
+                     name + " has no colon in its line, the next key is looked for behind the next colon");
     if (!leadingLasNumber(found.value)) {
         findings.say(found.line, name + " is no number, it is read as 0");
     } else if (!wholeLasNumber(found.value)) {
@@ -149,21 +173,23 @@ void takeNull(const KeySearch::Found& found, LasFacts& facts, LasFindings& findi
 
 void takeKeys(KeySearch& search, std::string_view block, LasHeader& header, LasFindings& findings) {
     LasFacts& facts = header.facts;
-    const KeySearch::Found start = search.find("STRT");
+    const KeySearch::Found start = search.find("STRT", findings);
     header.startLine = start.line;
     facts.start = takeNumber(start, "STRT", findings);
     facts.depthUnit = plainLasText(fromAnsi(start.unit));
     if (start.unit.find('\t') != npos)
         findings.say(start.line, "a tab stands behind the unit of STRT, which goes on to the next blank");
-    const KeySearch::Found stop = search.find("STOP");
+    const KeySearch::Found stop = search.find("STOP", findings);
     facts.stop = takeNumber(stop, "STOP", findings);
     noteOtherLasUnit("STOP", stop.unit, start.unit, stop.line, findings);
-    const KeySearch::Found step = search.find("STEP");
+    const KeySearch::Found step = search.find("STEP", findings);
     facts.step = takeNumber(step, "STEP", findings);
     noteOtherLasUnit("STEP", step.unit, start.unit, step.line, findings);
     facts.stepText = plainLasText(fromAnsi(step.value));
-    takeNull(search.find("NULL"), facts, findings);
-    const auto text = [&](std::string_view key) { return takeText(search.find(key), block, key, findings); };
+    takeNull(search.find("NULL", findings), facts, findings);
+    const auto text = [&](std::string_view key) {
+        return takeText(search.find(key, findings), block, key, findings);
+    };
     header.hole.company = text("COMP");
     header.hole.holeId = text("WELL");
     header.date = text("DATE");
@@ -233,7 +259,7 @@ LasHeader readLasKeys(const Files& files, const Path& file, LasFindings& finding
     const std::string block = asText(files.readPart(file, 0, lasHeaderBlock));
     KeySearch search(block, files.size(file) <= lasHeaderBlock);
     LasHeader header;
-    const KeySearch::Found version = search.find("VERS");
+    const KeySearch::Found version = search.find("VERS", findings);
     header.facts.version = takeNumber(version, "VERS", findings);
     noteVersion(header.facts.version, version.line, findings);
     search.moveTo("~W");

@@ -94,6 +94,7 @@ Token readToken(const char* begin, const char* end) {
 void LasRow::clear() {
     tokens = 0;
     firstBad = none;
+    bad = 0;
 }
 
 void LasRow::append(const LasRow& line) {
@@ -102,6 +103,7 @@ void LasRow::append(const LasRow& line) {
         decimals[tokens + i] = line.decimals[i];
     }
     if (line.firstBad != none) firstBad = std::min(firstBad, tokens + line.firstBad);
+    bad += line.bad;
     tokens += line.tokens;
 }
 
@@ -118,7 +120,10 @@ void splitLasRow(std::string_view line, LasRow& row) {
             continue;
         }
         const Token token = readToken(at, end);
-        if (std::isnan(token.value)) row.firstBad = std::min(row.firstBad, row.tokens);
+        if (std::isnan(token.value)) {
+            row.firstBad = std::min(row.firstBad, row.tokens);
+            ++row.bad;
+        }
         row.decimals[row.tokens] = token.decimals;
         row.values[row.tokens++] = token.value;
         at = token.end;

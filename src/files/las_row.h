@@ -19,6 +19,7 @@ struct LasRow {
 
     std::size_t tokens = 0;                  ///< all of the line
     std::size_t firstBad = none;             ///< the first loaded token that is no finite number
+    std::size_t bad = 0;                     ///< how many of them are none
     std::array<double, lasColumns> values{}; ///< not a number where the token is none; valid below `tokens`
     std::array<int, lasColumns> decimals{};  ///< as each is written; valid where its value is
 

@@ -127,7 +127,7 @@ bool LasRowRepair::takeApart(std::string_view line) {
 /// Only a row that adds up, and in which less is unreadable than before.
 bool LasRowRepair::take(LasRow& row) {
     splitLasRow(text_, mended_);
-    const bool better = row.tokens != columns_ || mended_.firstBad > row.firstBad;
+    const bool better = row.tokens != columns_ || mended_.bad < row.bad;
     if (mended_.tokens != columns_ || !better) return false;
     row = mended_;
     return true;

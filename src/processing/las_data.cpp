@@ -190,6 +190,23 @@ void select(LasData& data, std::span<const double> loaded) {
     }
 }
 
+/// Without a null of its own, an imported file may hold the number that stands for no value here.
+void warnOfNullsAmongValues(const LasData& data, int decimals, const ExportList& list) {
+    constexpr double readAsNull = 1e-4;
+    const double null = parseNumber(data.well.nullText).value_or(0);
+    const double scale = std::pow(10.0, decimals);
+    for (std::size_t i = 0; i < data.columns.size(); ++i) {
+        const auto count = std::ranges::count_if(data.columns[i], [&](float value) {
+            return std::isfinite(value) &&
+                   std::abs(std::round(static_cast<double>(value) * scale) / scale - null) <= readAsNull;
+        });
+        if (count == 0) continue;
+        tell(list, "Warning: " + std::to_string(count) + " values of " + data.curves[i].name +
+                       " are the null value " + std::string(data.well.nullText) +
+                       " and will be read as no value, choose another null value");
+    }
+}
+
 } // namespace
 
 LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options, const ExportList& list) {
@@ -227,6 +244,7 @@ LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options, co
         data.well.step = log.las ? lasHeaderStep(*log.las, data.depth) : evenStep(data.depth);
     }
     warnOfRounding(data.well.step, list);
+    warnOfNullsAmongValues(data, options.decimals, list);
     return data;
 }
 

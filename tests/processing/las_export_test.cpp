@@ -179,6 +179,15 @@ TEST(LasExport, StepsFinerThanTheirTwoDecimalsAreWarnedOf) {
     EXPECT_THAT(las.list, ElementsAre("Interpolate...", "Write", "data to file"));
 }
 
+TEST(LasExport, ValuesThatWillReadAsNoValueAreWarnedOf) {
+    Export las;
+    las.log.channels[0].values = {6, -999.25F, -999.26F, noValue()};
+    ASSERT_TRUE(las.run({}));
+    EXPECT_THAT(las.list,
+                ::testing::Contains("Warning: 1 values of Speed are the null value -999.25 and will "
+                                    "be read as no value, choose another null value"));
+}
+
 TEST(LasExport, TheLastRegularStepIsNotLostToRounding) {
     Export las;
     las.log.depth = {0.1, 0.2, 0.3, 0.4};
