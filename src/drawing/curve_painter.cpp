@@ -1,5 +1,7 @@
 #include "drawing/curve_painter.h"
 
+#include "drawing/off_scale_marks.h"
+
 #include <QList>
 #include <QPolygonF>
 
@@ -11,7 +13,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr int mostBackups = 4;
+constexpr int mostBackups = 4; // widths beyond the track; a mark at its edge tells of what lies further off
 constexpr double fillStrength = 0.22;
 
 /// A curve, a backup of it or a fill has the same few things to know.
@@ -247,6 +249,9 @@ void paintCurve(const Canvas& canvas, const LogCurve& curve, const CurveTrace& t
             forEachPiece(trace, [&](Piece piece) { drawPiece(strand, piece, n, band); });
         }
     }
+    const bool cut = curve.offScale == OffScale::cut;
+    paintOffScaleMarks(canvas, curve, trace, column,
+                       {cut ? 0.F : -mostBackups, cut ? 1.F : mostBackups + 1.F});
     painter.restore();
 }
 

@@ -102,6 +102,10 @@ TEST(LogPainter, GapsStayEmptyAndOffScaleValuesComeRound) {
                                          static_cast<int>(track.left + track.width * 0.28),
                                          static_cast<int>(track.left + track.width * 0.32));
             EXPECT_EQ(backup.empty(), !wrap) << scale;
+            const auto marks = loudRows(easel.image, static_cast<int>(easel.head + 13 * perMetre),
+                                        static_cast<int>(track.left + track.width) - 5,
+                                        static_cast<int>(track.left + track.width));
+            EXPECT_EQ(marks.empty(), wrap) << "what is cut off leaves a mark at the edge, 1:" << scale;
         }
     }
 }
