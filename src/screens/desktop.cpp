@@ -58,6 +58,7 @@ bool Desktop::startUp() {
     review_->show();
     operator_.statusText("Data review mode");
     mainTimer_.start();
+    screen().handFocusOn();
     return true;
 }
 

@@ -77,7 +77,10 @@ void LogArea::showEmpty(const QString& headline, const QString& text, std::vecto
 
 void LogArea::takeFocus() {
     if (pages_->currentIndex() > 0) return pages_->currentWidget()->setFocus();
-    if (steps_->count() > 0) steps_->itemAt(0)->widget()->setFocus();
+    if (steps_->count() == 0) return;
+    QWidget* const first = steps_->itemAt(0)->widget();
+    first->show(); // one that is just made is not yet
+    first->setFocus();
 }
 
 void LogArea::printLine(const QString& text) {

@@ -16,6 +16,7 @@ namespace tarvik::test {
 TEST(DesktopTest, ARunFromTheMainScreenIsOnFileAndTheToolIsPoweredDown) {
     Truck truck;
     ASSERT_TRUE(truck.started);
+    EXPECT_NE(truck.screen().focusWidget(), &truck.screen().bars().scales());
     truck.acquire();
     EXPECT_EQ(truck.screensOpened, std::vector<std::string>{"frmEquipment"});
     EXPECT_EQ(truck.label("lbinterface"), "Interface LCU4");
