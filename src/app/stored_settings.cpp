@@ -105,7 +105,8 @@ struct Writer {
     std::string operator()(bool Settings::*at) const { return settings.*at ? "True" : "False"; }
 };
 
-/// A word is one of the two or refused: half the program would take any other text for the one, half for the other.
+/// A word is one of the two or refused: half the program would take any other text for the one, half for the
+/// other.
 std::string known(const Key& key, const std::string& text) {
     if (key.words.front().empty()) return text;
     std::string word = upperCase(trimmed(text));
