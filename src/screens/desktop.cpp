@@ -157,12 +157,10 @@ RunViewParts Desktop::runViewParts() {
 /// While a run goes on nothing may lie over its plot: a notice says it, and the form opens when the run is
 /// over.
 void Desktop::showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) {
-    if (!acquisition_->running()) return screens_->showError(error, dateTime, filed);
+    screens_->keepError(error, dateTime, filed);
+    if (!acquisition_->running()) return screens_->showUnreadErrors();
     operator_.notice("Error in " + error.routine, error.description + "\n" + errorFileAdvice(filed),
                      Icon::critical);
-    errorOfRun_ = [this, error, when = std::string(dateTime), filed] {
-        screens_->showError(error, when, filed);
-    };
 }
 
 /// The plot of the whole run stays; what the operator has set in it belongs to the tool. A run that was only
@@ -170,7 +168,7 @@ void Desktop::showError(const ErrorReport& error, std::string_view dateTime, con
 void Desktop::runEnded() {
     screen().live().follow(runShown()->ring);
     screen().live().showDisplay({});
-    if (const auto show = std::exchange(errorOfRun_, {})) show();
+    screens_->showUnreadErrors();
     if (program_.state.mode == programMode::demo) return;
     for (const LogCurve& curve : screen().live().rescaled()) keepToolScale(program_.equipment, curve);
     loadNotes();

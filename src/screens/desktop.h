@@ -76,7 +76,6 @@ class Desktop {
     std::unique_ptr<Demonstration> demonstration_;
     std::unique_ptr<ReviewSession> review_;
     std::unique_ptr<ScreenOpener> screens_;
-    std::function<void()> errorOfRun_; ///< shows the latest one when the run is over
     QTimer mainTimer_;
     bool searchCancelled_ = false;
     bool closeAfterSearch_ = false;

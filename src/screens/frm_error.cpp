@@ -44,7 +44,7 @@ frmERROR::frmERROR(DesktopMemory& memory, QWidget* parent)
     connect(addPrimaryButton("comclose", "Close"), &QPushButton::clicked, this, [this] { accept(); });
 }
 
-void frmERROR::showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) {
+void frmERROR::keepError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) {
     Unread come{.what = qt(error.description),
                 .facts = "Form : " + qt(error.form) + "\nRoutine : " + qt(error.routine) +
                          "\nError number : " + QString::number(error.number) +
@@ -58,6 +58,11 @@ void frmERROR::showError(const ErrorReport& error, std::string_view dateTime, co
         come.times = known->times + 1;
         *known = std::move(come);
     }
+    if (isVisible()) showCurrent();
+}
+
+void frmERROR::showUnread() {
+    if (unread_.empty()) return;
     showCurrent();
     comeForward();
 }

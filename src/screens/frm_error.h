@@ -17,8 +17,11 @@ class frmERROR final : public ScreenDialog {
   public:
     explicit frmERROR(DesktopMemory& memory, QWidget* parent = nullptr);
 
-    /// Over the dialog that is open, if any: the form can be read and closed before it.
-    void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
+    /// Among the unread ones; a form that is not open stays so.
+    void keepError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
+    /// Over the dialog that is open, if any: the form can be read and closed before it. Nothing without an
+    /// unread error.
+    void showUnread();
     /// All of them are read then.
     void done(int result) override;
 

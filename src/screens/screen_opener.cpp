@@ -220,9 +220,13 @@ void ScreenOpener::showOverflow(std::span<const std::string> lines, const ErrorF
     overflow_->showOverflow(lines, filed, program_.clock.now());
 }
 
-void ScreenOpener::showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) {
+void ScreenOpener::keepError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) {
     if (!error_) error_ = std::make_unique<frmERROR>(memory_, &parent_);
-    error_->showError(error, dateTime, filed);
+    error_->keepError(error, dateTime, filed);
+}
+
+void ScreenOpener::showUnreadErrors() {
+    if (error_) error_->showUnread();
 }
 
 } // namespace tarvik

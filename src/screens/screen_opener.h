@@ -36,8 +36,10 @@ class ScreenOpener {
     void open(const ScreenRequest& request);
     /// Asked before the stream starts.
     [[nodiscard]] RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText);
+    /// For frmERROR, which is not opened by it.
+    void keepError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
     /// Without blocking.
-    void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
+    void showUnreadErrors();
     void showOverflow(std::span<const std::string> lines, const ErrorFiling& filed);
 
   private:

@@ -48,6 +48,30 @@ TEST(DesktopTest, ARunFromTheMainScreenIsOnFileAndTheToolIsPoweredDown) {
     EXPECT_EQ(scale(), "1:200") << "that of the live plot";
 }
 
+TEST(DesktopTest, ErrorsOfARunOpenTheirFormBehindItsEnd) {
+    Truck truck;
+    truck.acquire();
+    const auto formIsOpen = [&] {
+        const auto* const form = truck.screen().findChild<QWidget*>("frmERROR");
+        return form != nullptr && form->isVisible();
+    };
+    int raised = 0;
+    bool overThePlot = false;
+    truck.log([&] {
+        if (raised == 3) click(truck.screen(), "comstoplogging");
+        if (truck.kept() < 5 || raised == 3) return;
+        const char* const what = raised++ == 0 ? "no room on the disk" : "no such folder";
+        truck.p().errors.run("LCU_SaveScan", [&](Level&) { throw Failure(ErrorNumber::internal, what); });
+        overThePlot |= formIsOpen();
+    });
+    EXPECT_EQ(raised, 3);
+    EXPECT_FALSE(overThePlot);
+    ASSERT_TRUE(formIsOpen());
+    EXPECT_EQ(truck.label("lbwhat"), "no room on the disk");
+    click(truck.screen(), "comnext");
+    EXPECT_EQ(truck.label("lbtimes"), "Error 2 of 2, 2 times");
+}
+
 TEST(DesktopTest, AnIdleBoxThatStopsAnsweringIsCalledLostUntilItAnswers) {
     Truck truck;
     truck.acquire();

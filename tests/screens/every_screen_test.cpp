@@ -136,8 +136,9 @@ TEST(EveryScreen, ThatReports) {
     MemorySettingsStore store;
     DesktopMemory memory(store);
     frmERROR error(memory);
-    error.showError({}, "Monday 23-Nov-26 07:00:02",
+    error.keepError({}, "Monday 23-Nov-26 07:00:02",
                     {"/home/crew/C/Tarvik_RunHistory/Tarvik_Errors.txt", "no room on the disk"});
+    error.showUnread();
     expectSoundDialog(error);
     frmBufferOverflow overflow(memory);
     overflow.showOverflow(std::vector<std::string>{"type 2", "   Byte values 001"}, {},

@@ -18,12 +18,16 @@ TEST(frmERROR, ErrorsWaitUntilTheyAreReadAndRepeatsAreCounted) {
     DesktopMemory memory(store);
     frmERROR screen(memory);
     const auto text = [&](const char* name) { return plain(control<QLabel>(screen, name).text()); };
+    const auto show = [&](const ErrorReport& error, const char* dateTime, const ErrorFiling& filed) {
+        screen.keepError(error, dateTime, filed);
+        screen.showUnread();
+    };
     const ErrorReport full{"Introscreen", "LCU_SaveScan", 2, 61, "no room on the disk"};
-    screen.showError(full, "Monday 23-Nov-26 07:00:02", {"/c/Tarvik_Errors.txt", {}});
+    show(full, "Monday 23-Nov-26 07:00:02", {"/c/Tarvik_Errors.txt", {}});
     EXPECT_EQ(text("lbtimes"), "");
-    screen.showError({"Introscreen", "Utilities_backup", 1, 76, "no folder " + std::string(300, 'x')},
-                     "Monday 23-Nov-26 07:00:09", {"/c/Tarvik_Errors.txt", {}});
-    screen.showError(full, "Monday 23-Nov-26 07:00:10", {"/c/Tarvik_Errors.txt", "no room either"});
+    show({"Introscreen", "Utilities_backup", 1, 76, "no folder " + std::string(300, 'x')},
+         "Monday 23-Nov-26 07:00:09", {"/c/Tarvik_Errors.txt", {}});
+    show(full, "Monday 23-Nov-26 07:00:10", {"/c/Tarvik_Errors.txt", "no room either"});
     EXPECT_EQ(text("lbwhat"), "no room on the disk") << "what is being read stays";
     EXPECT_EQ(text("lbtimes"), "Error 1 of 2, 2 times");
     EXPECT_THAT(text("lbfacts"), HasSubstr("Level : 2\nMonday 23-Nov-26 07:00:10"));
@@ -32,7 +36,7 @@ TEST(frmERROR, ErrorsWaitUntilTheyAreReadAndRepeatsAreCounted) {
     EXPECT_THAT(text("lbwhat"), HasSubstr("no folder"));
     EXPECT_GE(screen.height(), screen.layout()->totalHeightForWidth(screen.width())) << "nothing is cut";
     click(screen, "comclose");
-    screen.showError(full, "Monday 23-Nov-26 07:00:20", {"/c/Tarvik_Errors.txt", {}});
+    show(full, "Monday 23-Nov-26 07:00:20", {"/c/Tarvik_Errors.txt", {}});
     EXPECT_EQ(text("lbtimes"), "");
 }
 
@@ -40,12 +44,13 @@ TEST(frmERROR, ComesBeforeTheDialogThatIsOpen) {
     MemorySettingsStore store;
     DesktopMemory memory(store);
     frmERROR screen(memory);
-    screen.showError({}, "", {});
+    screen.keepError({}, "", {});
+    screen.showUnread();
     EXPECT_FALSE(screen.isModal());
     QDialog dialog;
     dialog.setModal(true);
     dialog.show();
-    screen.showError({}, "", {});
+    screen.showUnread();
     EXPECT_EQ(QApplication::activeModalWidget(), &screen);
 }
 
