@@ -46,9 +46,9 @@ void frmBufferOverflow::showOverflow(std::span<const std::string> lines, const E
     for (const std::string& line : lines) texts.append(qt(line));
     when_->setText("\u25b2  Buffer overflow " + qt(count_.text()));
     analysis_->setPlainText(texts.join('\n'));
-    file_->setText("The run goes on. " + (filed.problem.empty()
-                                              ? QString("The same text is in the error file.")
-                                              : "The error file could not be written: " + qt(filed.problem)));
+    file_->setText("The scans behind it are read as usual. " +
+                   (filed.problem.empty() ? QString("The same text is in the error file.")
+                                          : "The error file could not be written: " + qt(filed.problem)));
     show();
 }
 

@@ -132,6 +132,7 @@ void InstrumentPanel::clear() {
     for (QLabel* const label : {current_, voltage_}) label->setText(unknown);
     currentBar_->setVisible(false);
     scans_->clear();
+    scans_->hide();
     setDirection(std::nullopt);
 }
 
@@ -201,6 +202,7 @@ void InstrumentPanel::showIdle(const QString& words, const QString& remedy) {
 }
 
 void InstrumentPanel::showScans(long scans, const QString& fileSize) {
+    scans_->show();
     scans_->setText(QString("%1 %2, %3").arg(scans).arg(scans == 1 ? "scan" : "scans", fileSize));
 }
 

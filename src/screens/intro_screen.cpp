@@ -12,6 +12,9 @@ namespace tarvik {
 
 namespace {
 
+constexpr int notesWidth = 248;    // pixels, beside the logs
+constexpr int roomForNotes = 1060; // for the side frame, the logs and the notes
+
 /// Takes the height that there is: a notice that wraps makes the logs shorter, never the window taller than
 /// the display.
 class MiddleOfScreen final : public QWidget {
@@ -55,6 +58,27 @@ IntroScreen::IntroScreen(IntroScreenActions actions, const Files& files)
     row->addLayout(right, 1);
     row->addWidget(notes_);
     setCentralWidget(middle);
+    logs_->whenTurned([this] { shareRoom(); });
+}
+
+void IntroScreen::showNotes(bool shown) {
+    notesShown_ = shown;
+    shareRoom();
+    if (!logs_->isVisible()) notes_->setFocus();
+}
+
+/// What goes gives its room first: for a moment of both the window would grow.
+void IntroScreen::shareRoom() {
+    const bool both = width() >= roomForNotes;
+    const bool run = logs_->shows(live_);
+    const bool notes = notesShown_ && (both || !run);
+    const bool logs = both || run || !notesShown_;
+    if (!notes) notes_->hide();
+    logs_->setVisible(logs);
+    notes_->setMaximumWidth(logs ? notesWidth : QWIDGETSIZE_MAX);
+    auto* const row = static_cast<QHBoxLayout*>(centralWidget()->layout());
+    row->setStretchFactor(notes_, logs ? 0 : 1000); // all that the logs leave
+    if (notes) notes_->show();
 }
 
 void IntroScreen::handFocusOn() {
@@ -70,6 +94,7 @@ void IntroScreen::unload() {
 void IntroScreen::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     bars_.fit(width());
+    shareRoom();
 }
 
 void IntroScreen::closeEvent(QCloseEvent* event) {

@@ -44,6 +44,8 @@ class IntroScreen final : public QMainWindow {
     [[nodiscard]] LiveDisplay& live() { return *live_; }
     [[nodiscard]] NotesPanel& notes() { return *notes_; }
 
+    /// Beside the logs; in a narrow window in their place, but never in that of a run that is logged.
+    void showNotes(bool shown);
     /// The keyboard goes to what is shown, unless the operator works elsewhere. Where the widget that had it
     /// has gone, the toolkit gives it to the scale list: one turn of the wheel would change the scale.
     void handFocusOn();
@@ -55,6 +57,8 @@ class IntroScreen final : public QMainWindow {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void shareRoom();
+
     IntroScreenActions actions_;
     MainBars bars_;
     StatusPanels status_;
@@ -66,6 +70,7 @@ class IntroScreen final : public QMainWindow {
     ValueTable* values_;
     LiveDisplay* live_; ///< the run that is being logged
     NotesPanel* notes_;
+    bool notesShown_ = false;
     bool unloading_ = false;
 };
 

@@ -76,7 +76,7 @@ void IntroWindow::hideRunPanels() {
 
 void IntroWindow::showNotesPanel(bool shown) {
     if (shown) parts_.loadNotes();
-    screen_->notes().setVisible(shown);
+    screen_->showNotes(shown);
 }
 
 void IntroWindow::showProgress(int percent) {

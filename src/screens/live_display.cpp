@@ -34,9 +34,17 @@ QToolButton* button(const char* objectName, const QString& text, const QString& 
     return made;
 }
 
-constexpr const char* followWords = "Follow the tool";
 constexpr int roomyBar = 780;     // pixels
 constexpr int wideDisplay = 1300; // pixels: room for larger digits
+
+/// The words of the bar, and the short ones of a narrow window.
+struct BarWords {
+    const char* spaced;
+    const char* follow;
+    const char* following;
+};
+constexpr BarWords wideWords{"Equally spaced", "Follow the tool", "Following"};
+constexpr BarWords narrowWords{"Spaced", "Follow", "Follow"};
 
 double scaleOf(const QString& text) {
     return text.section(':', 1).toDouble();
@@ -68,6 +76,9 @@ LiveDisplay::LiveDisplay()
       note_(roleLabel("quiet", gaugesNote)) {
     setObjectName("livedisplay");
     bar_ = makeBar();
+    writeBar(false);
+    narrowestBar_ = bar_->minimumSizeHint().width();
+    writeBar(true);
     note_->setObjectName("lblivenote");
     note_->setContentsMargins(12, 4, 12, 4);
     note_->setVisible(false);
@@ -99,16 +110,12 @@ QWidget* LiveDisplay::makeBar() {
     row->addWidget(time_);
     row->addSpacing(4);
     row->addWidget(scales_);
-    row->addSpacing(4);
     scaleWords_->setMinimumWidth(1); // the first to give way in a narrow window
     row->addWidget(scaleWords_);
-    row->addSpacing(4);
     row->addWidget(paint_);
     row->addWidget(curves_);
     row->addStretch(1);
     row->addWidget(follow_);
-    follow_->setText(followWords);
-    follow_->setFixedWidth(follow_->sizeHint().width() + 8); // with either text
     connect(depth_, &QToolButton::clicked, this, [this] { setAxis(Axis::depth); });
     connect(time_, &QToolButton::clicked, this, [this] { setAxis(Axis::time); });
     connect(paint_, &QToolButton::clicked, this, [this](bool on) { setEquallySpaced(on); });
@@ -173,10 +180,20 @@ void LiveDisplay::showState() {
     time_->setChecked(view.view().axis == Axis::time);
     paint_->setChecked(view.view().equallySpaced);
     follow_->setChecked(view.following());
-    follow_->setText(view.following() ? "Following" : followWords);
+    writeBar(wideBar_);
     scales_->setCurrentText(scaleText(view.scale()));
     scaleWords_->setText(scaleWords(view));
     scales_->setToolTip("Scale of the plot: " + scaleWords(view));
+}
+
+/// With the words that say more, where they have room.
+void LiveDisplay::writeBar(bool wide) {
+    wideBar_ = wide;
+    const BarWords& words = wide ? wideWords : narrowWords;
+    paint_->setText(words.spaced);
+    follow_->setText(words.follow);
+    follow_->setFixedWidth(follow_->sizeHint().width() + 8); // with either text
+    if (plot_->liveView().following()) follow_->setText(words.following);
 }
 
 /// Where they leave the bar its room; the gauges show the same.
@@ -186,7 +203,7 @@ void LiveDisplay::showDigits() {
 }
 
 QSize LiveDisplay::minimumSizeHint() const {
-    return {bar_->minimumSizeHint().width(), QWidget::minimumSizeHint().height()};
+    return {narrowestBar_, QWidget::minimumSizeHint().height()};
 }
 
 void LiveDisplay::placePanel() {
@@ -195,6 +212,8 @@ void LiveDisplay::placePanel() {
 
 void LiveDisplay::resizeEvent(QResizeEvent*) {
     values_->setColumnWidth(width() > wideDisplay ? 264 : 216);
+    writeBar(true);
+    if (width() < bar_->minimumSizeHint().width()) writeBar(false);
     showDigits();
     scaleWords_->setVisible(width() - values_->width() > roomyBar);
     placePanel();

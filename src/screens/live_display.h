@@ -49,6 +49,7 @@ class LiveDisplay final : public QWidget {
     [[nodiscard]] QWidget* makeBar();
     void openCurves(const std::string& channel);
     void showState();
+    void writeBar(bool wide);
     void showDigits();
     void placePanel();
 
@@ -56,6 +57,8 @@ class LiveDisplay final : public QWidget {
     LiveValues* values_;
     LiveCurvePanel* panel_;
     QWidget* bar_;
+    int narrowestBar_ = 0;
+    bool wideBar_ = true;
     QToolButton* depth_;
     QToolButton* time_;
     QComboBox* scales_;

@@ -38,7 +38,7 @@ LivePlot::LivePlot() : bar_(new QScrollBar(Qt::Vertical, this)) {
     setObjectName("pictlive");
     setAccessibleName("Logs of the run that is being logged");
     setFocusPolicy(Qt::StrongFocus);
-    setMinimumSize(320, 200);
+    setMinimumSize(320, 120);
     setAttribute(Qt::WA_OpaquePaintEvent);
     bar_->setObjectName("livescroll");
     bar_->setFocusPolicy(Qt::NoFocus);

@@ -24,7 +24,8 @@ LogArea::LogArea()
     headline_->setObjectName("lbemptyheadline");
     text_->setAlignment(Qt::AlignCenter);
     text_->setWordWrap(true);
-    text_->setFixedWidth(520);
+    text_->setMinimumWidth(280);
+    text_->setMaximumWidth(520);
     steps_->setSpacing(8);
 
     auto* const empty = new QWidget;
@@ -34,7 +35,7 @@ LogArea::LogArea()
     column->addWidget(headline_);
     auto* const textRow = new QHBoxLayout; // an alignment would cost the label its height for the width
     textRow->addStretch(1);
-    textRow->addWidget(text_);
+    textRow->addWidget(text_, 100);
     textRow->addStretch(1);
     column->addLayout(textRow);
     column->addLayout(steps_);
@@ -54,6 +55,10 @@ void LogArea::addPage(QWidget* page) {
 
 void LogArea::showPage(QWidget* page) {
     pages_->setCurrentWidget(page);
+}
+
+void LogArea::whenTurned(std::function<void()> act) {
+    connect(pages_, &QStackedLayout::currentChanged, this, [act = std::move(act)] { act(); });
 }
 
 void LogArea::showEmpty(const QString& headline, const QString& text, std::vector<NextStep> steps) {

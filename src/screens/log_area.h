@@ -24,6 +24,9 @@ class LogArea final : public QFrame {
     /// One of several pages: the logs of a run, the values that come in. Takes the widget over.
     void addPage(QWidget* page);
     void showPage(QWidget* page);
+    [[nodiscard]] bool shows(const QWidget* page) const { return pages_->currentWidget() == page; }
+    /// Told when another page is shown.
+    void whenTurned(std::function<void()> act);
     void showEmpty(const QString& headline, const QString& text, std::vector<NextStep> steps);
     /// The keyboard goes to the logs, or to the first step while there are none.
     void takeFocus();

@@ -51,7 +51,7 @@ LogPicture::LogPicture() : bar_(new QScrollBar(Qt::Vertical, this)), readings_(n
     setAccessibleName("Logs of the run");
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
-    setMinimumSize(320, 200);
+    setMinimumSize(320, 120);
     bar_->setObjectName("logscroll");
     bar_->setFocusPolicy(Qt::NoFocus);
     readings_->setParent(this);

@@ -23,7 +23,7 @@ NotesPanel::NotesPanel(const Files& files) : files_(files), holes_(new QComboBox
     setObjectName("notespanel");
     setProperty("card", true);
     setMinimumWidth(200);
-    setMaximumWidth(248);
+    setFocusProxy(text_);
     holes_->setObjectName("lbnotes");
     holes_->setAccessibleName("Hole");
     text_->setObjectName("txtnotes");

@@ -39,7 +39,7 @@ ReviewActions::ReviewActions(ReviewSession& session, Program& program, IntroScre
       program_(program),
       screen_(screen),
       memory_(memory),
-      bar_(new ReviewBar([this](double depth) {
+      bar_(new ReviewBar(screen.reviewPages(), [this](double depth) {
           if (const ReviewLog* const log = session_.log()) {
               screen_.picture().jumpTo(toMetres(depth, log->header.setup.units));
               screen_.reviewPages().setCurrentWidget(&screen_.picture());
@@ -72,7 +72,7 @@ void ReviewActions::showState() {
     bar_->setEnabled(log != nullptr);
     if (log != nullptr && program_.state.mode == programMode::review)
         screen_.bars().showScale(picture.scale());
-    bar_->showScale(picture.scale(), log == nullptr ? QString() : qt(log->depthUnit()));
+    bar_->showUnit(log == nullptr ? QString() : qt(log->depthUnit()));
 }
 
 // ---- The display.

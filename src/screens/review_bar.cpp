@@ -5,31 +5,32 @@
 #include "screens/qt_text.h"
 #include "screens/styles.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenu>
 #include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QToolButton>
 
+#include <algorithm>
 #include <utility>
 
 namespace tarvik {
 
-ReviewBar::ReviewBar(std::function<void(double depth)> jump)
-    : jump_(std::move(jump)), depth_(lineEdit("txtgotodepth")), scale_(roleLabel("quiet")) {
+ReviewBar::ReviewBar(QTabWidget& pages, std::function<void(double depth)> jump)
+    : pages_(pages), jump_(std::move(jump)), depth_(lineEdit("txtgotodepth")) {
     setObjectName("reviewbar");
-    setStyleSheet("QToolButton { padding: 2px 6px; }");
+    setStyleSheet("QToolButton { padding: 2px 5px; }");
     auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 4, 0);
+    row->setContentsMargins(0, 0, 2, 0);
     row->setSpacing(2);
-    scale_->setObjectName("lbshownscale");
-    scale_->setMinimumWidth(scale_->fontMetrics().horizontalAdvance("1:2000"));
-    depth_->setPlaceholderText("Depth");
     depth_->setAccessibleName("Go to depth");
     depth_->setToolTip("A depth of the log, then Enter (Ctrl+G)");
-    depth_->setFixedWidth(76); // beside the notes there is no room for more
     depth_->setStyleSheet("QLineEdit { padding: 1px 6px; min-height: 20px; }"); // no higher than the tabs
-    row->addWidget(scale_);
+    showUnit({});
+    pages.installEventFilter(this);
     row->addWidget(depth_);
     connect(depth_, &QLineEdit::returnPressed, this, [this] { go(); });
     connect(depth_, &QLineEdit::textEdited, this, [this] { restyle(*depth_, "wrong", false); });
@@ -55,6 +56,7 @@ QToolButton* ReviewBar::addButton(const char* name, const QString& text, const Q
     button->setToolTip(tip + " (" + keys.toString() + ")");
     button->setMinimumSize(30, 24);
     layout()->addWidget(button);
+    buttons_.push_back(button);
     connect(button, &QToolButton::clicked, this, [act] { act(); });
     auto* const shortcut = new QShortcut(keys, this);
     connect(shortcut, &QShortcut::activated, this, [act = std::move(act)] { act(); });
@@ -85,10 +87,37 @@ void ReviewBar::follow(QWidget* before) {
     }
 }
 
-void ReviewBar::showScale(double scale, const QString& depthUnit) {
-    scale_->setText(scaleText(scale));
+void ReviewBar::showUnit(const QString& depthUnit) {
     const QString unit = depthUnit.toLower();
-    depth_->setPlaceholderText("Depth, " + (unit == "metres" ? "m" : unit == "feet" ? "ft" : unit));
+    const QString sign = unit == "metres" ? "m" : unit == "feet" ? "ft" : unit;
+    const QString words = sign.isEmpty() || sign.size() > 4 ? "Depth" : "Depth, " + sign;
+    constexpr int frame = 24; // padding, border, margins and cursor
+    const QFontMetrics font = depth_->fontMetrics();
+    depth_->setPlaceholderText(words);
+    depth_->setFixedWidth(std::max(font.horizontalAdvance(words), font.horizontalAdvance("-0000.00")) +
+                          frame);
+}
+
+/// Before the pages lay themselves out.
+bool ReviewBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize) fit(pages_.width() - pages_.tabBar()->sizeHint().width());
+    return QWidget::eventFilter(watched, event);
+}
+
+void ReviewBar::fit(int room) {
+    for (QToolButton* const button : buttons_) button->show();
+    const bool all = QWidget::minimumSizeHint().width() <= room;
+    for (QToolButton* const button : buttons_) button->setVisible(all);
+}
+
+QSize ReviewBar::minimumSizeHint() const {
+    QSize least = QWidget::minimumSizeHint();
+    for (const QToolButton* const button : buttons_) {
+        if (button->isHidden()) continue;
+        const int width = button->minimumSizeHint().expandedTo(button->minimumSize()).width();
+        least.rwidth() -= width + layout()->spacing();
+    }
+    return least;
 }
 
 } // namespace tarvik

@@ -1,22 +1,23 @@
-// What is done with the logs under review, in one row over them: go to a depth, undo, and the menus of the
-// display, of comparing and of exporting.
+// What is done with the logs under review, in one row beside their tabs: go to a depth, undo, and the menus
+// of the display, of comparing and of exporting. In a narrow window the buttons give way; their keys stay.
 #pragma once
 
 #include <QWidget>
 
 #include <functional>
+#include <vector>
 
-class QLabel;
 class QLineEdit;
 class QMenu;
+class QTabWidget;
 class QToolButton;
 
 namespace tarvik {
 
 class ReviewBar final : public QWidget {
   public:
-    /// Told the depth in the log's unit.
-    explicit ReviewBar(std::function<void(double depth)> jump);
+    /// The corner of `pages`; `jump` is told the depth in the log's unit.
+    ReviewBar(QTabWidget& pages, std::function<void(double depth)> jump);
 
     /// A menu of the row, filled by the caller.
     QMenu* addMenu(const char* name, const QString& title, const QString& tip);
@@ -25,14 +26,19 @@ class ReviewBar final : public QWidget {
                            const QKeySequence& keys, std::function<void()> act);
     /// The Tab key comes to the bar after `before`, where the eye does.
     void follow(QWidget* before);
-    void showScale(double scale, const QString& depthUnit);
+    void showUnit(const QString& depthUnit);
+    /// Without the buttons.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void go();
+    void fit(int room);
 
+    QTabWidget& pages_;
     std::function<void(double depth)> jump_;
     QLineEdit* depth_;
-    QLabel* scale_;
+    std::vector<QToolButton*> buttons_;
 };
 
 } // namespace tarvik

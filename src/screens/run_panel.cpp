@@ -91,7 +91,7 @@ RunPanel::RunPanel(RunPanelActions actions)
     scrolled->setFrameShape(QFrame::NoFrame);
     scrolled->setFocusPolicy(Qt::NoFocus); // it follows the focus within
     scrolled->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scrolled->setMinimumHeight(48);
+    scrolled->setMinimumHeight(1); // the first to give way in a low window
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins(16, 8, 16, 8);
     whole->setSpacing(8);

@@ -9,8 +9,8 @@ namespace {
 
 /// 1280 x 800 at 100 % without the window's frame; the rest is room for a panel of the window manager.
 constexpr QSize smallest{1270, 740};
-/// 1920 x 1080 at 200 %, in the same way.
-constexpr QSize magnified{958, 514};
+/// 1920 x 1080 at 200 % and 1280 x 800 at 150 %, whichever leaves less.
+constexpr QSize magnified{848, 514};
 
 void expectFits(IntroScreen& screen, QSize room, const char* when) {
     QCoreApplication::processEvents();
@@ -27,16 +27,18 @@ TEST(WindowFits, WithNoticesNotesAndTheLogsOfARun) {
     Truck truck({.tool = "K240"});
     IntroScreen& screen = truck.screen();
     screen.show();
+    expectFits(screen, magnified, "at the start");
     truck.acquire();
+    expectFits(screen, magnified, "ready for a run");
     bool seen = false;
     truck.log([&] {
         if (truck.kept() < 5) return;
         if (!std::exchange(seen, true)) {
-            expectFits(screen, magnified, "in a run");
+            EXPECT_EQ(screen.size(), magnified) << "the prompts of the preparation had room";
             const std::string words = "The port has gone. Check the cable; logging goes on when it is back.";
             for (const char* title : {"First", "Second", "Third", "Fourth"})
                 screen.notices().show(title, words, Icon::critical, "06:29");
-            expectFits(screen, smallest, "in a run, with notices");
+            expectFits(screen, magnified, "in a run, with notices");
         }
         truck.desktop->acquisition().stop();
     });
@@ -46,9 +48,15 @@ TEST(WindowFits, WithNoticesNotesAndTheLogsOfARun) {
     truck.p().modes.Utilities_setprogrammode("REVIEW");
     ASSERT_TRUE(truck.desktop->review().open(truck.runFile("DH-1_K240_01.kvx")));
     expectFits(screen, smallest, "in review, with the notes");
+    EXPECT_TRUE(screen.logs().isVisible());
+    expectFits(screen, magnified, "in review, with the notes in the place of the logs");
+    EXPECT_FALSE(screen.logs().isVisible());
     truck.p().commands.toolClick("MB-Notes");
     screen.notices().clear();
     expectFits(screen, magnified, "in review");
+    truck.p().commands.toolClick("MB-Notes");
+    expectFits(screen, magnified, "in review, when the notes come");
+    EXPECT_EQ(screen.width(), magnified.width());
 }
 
 } // namespace tarvik::test
