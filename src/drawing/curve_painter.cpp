@@ -1,5 +1,6 @@
 #include "drawing/curve_painter.h"
 
+#include "drawing/fine_lines.h"
 #include "drawing/off_scale_marks.h"
 
 #include <QList>
@@ -111,11 +112,13 @@ bool cutTo(TracePoint& one, TracePoint& other, double TracePoint::*coordinate, d
 /// alone: a drawing that keeps lines as lines knows no clip.
 void drawPiece(const Strand& strand, Piece piece, int n, const Band& band) {
     QPolygonF run;
+    const bool exact = strand.canvas.view.vectors;
+    const bool onScreen = !exact && !strand.canvas.view.paper;
     const auto draw = [&] {
-        if (run.size() > 1) strand.canvas.painter.drawPolyline(run);
+        QPainter& painter = strand.canvas.painter;
+        if (run.size() > 1) onScreen ? drawFineLine(painter, run) : painter.drawPolyline(run);
         run.clear();
     };
-    const bool exact = strand.canvas.view.vectors;
     for (std::size_t i = 1; i < piece.size(); ++i) {
         TracePoint one = piece[i - 1];
         TracePoint other = piece[i];
