@@ -5,6 +5,14 @@
 
 namespace tarvik {
 
+namespace {
+
+// Metres (or seconds) to a millimetre.
+constexpr double closest = 0.001;
+constexpr double furthestOut = 1; // 1:1000, which the list of scales has, however short the log is
+
+} // namespace
+
 Extent extentOf(const LogData& data, Axis axis) {
     const auto along = data.along(axis);
     if (along.empty()) return {};
@@ -20,7 +28,7 @@ DisplayView scrolled(const DisplayView& view, double units) {
 
 DisplayView zoomed(const DisplayView& view, double factor, double y) {
     DisplayView nearer = view;
-    nearer.perMillimetre = view.perMillimetre / factor;
+    nearer.perMillimetre = std::max(closest, view.perMillimetre / factor);
     nearer.top = view.positionAt(y) - y / nearer.unitsPer();
     return nearer;
 }
@@ -49,8 +57,10 @@ DisplayView heldInside(const DisplayView& view, const LogData& data, double body
 }
 
 DisplayView heldInside(const DisplayView& view, const Extent& extent, double bodyHeight) {
-    const double furthest = std::max(extent.from, extent.to - bodyHeight / view.unitsPer());
     DisplayView held = view;
+    const double all = 2 * (extent.to - extent.from) * view.unitsPerMillimetre / std::max(1.0, bodyHeight);
+    held.perMillimetre = std::clamp(view.perMillimetre, closest, std::max(furthestOut, all));
+    const double furthest = std::max(extent.from, extent.to - bodyHeight / held.unitsPer());
     held.top = std::clamp(view.top, extent.from, furthest);
     return held;
 }

@@ -27,8 +27,8 @@ struct Extent {
 /// The whole log in the body.
 [[nodiscard]] DisplayView showingAll(const DisplayView& view, const LogData& data, double bodyHeight);
 [[nodiscard]] DisplayView showingAll(const DisplayView& view, const Extent& extent, double bodyHeight);
-/// Never further than the ends of the log at the edges of the body; a log shorter than the body starts at
-/// its top.
+/// Between 1:1 and twice the whole log in the body, and never further than the ends of the log at its edges;
+/// a log shorter than the body starts at its top.
 [[nodiscard]] DisplayView heldInside(const DisplayView& view, const LogData& data, double bodyHeight);
 [[nodiscard]] DisplayView heldInside(const DisplayView& view, const Extent& extent, double bodyHeight);
 

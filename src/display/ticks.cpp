@@ -2,6 +2,7 @@
 
 #include "base/number_picture.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -9,7 +10,8 @@ namespace tarvik {
 
 namespace {
 
-constexpr double closest = 3; // mm between fine lines
+constexpr double closest = 3;        // mm between fine lines
+constexpr double mostCounted = 1e15; // beyond it numbers do not tell a line from the next
 
 // At 1:200 a line every metre (5 mm), a stronger one every 5 and the strongest every 10.
 constexpr std::array<TickSpacing, 3> decade{{{1, 5, 10}, {2, 10, 50}, {5, 10, 50}}};
@@ -31,6 +33,13 @@ TickSpacing times(const TickSpacing& spacing, double factor) {
 
 bool isMultiple(double position, double of) {
     return std::abs(position / of - std::round(position / of)) < 1e-6;
+}
+
+/// ".00": as many as tell one numbered line from the next.
+std::string decimalsFor(const TickSpacing& spacing) {
+    if (spacing.medium >= 1) return {};
+    const auto decimals = static_cast<std::size_t>(std::ceil(-std::log10(spacing.medium) - 1e-9));
+    return "." + std::string(decimals, '0');
 }
 
 } // namespace
@@ -56,8 +65,10 @@ TickSpacing timeTickSpacing(double secondsPerMillimetre) {
 std::vector<Tick> ticksBetween(double from, double to, const TickSpacing& spacing) {
     std::vector<Tick> ticks;
     // Counted, not added up: the thousandth line stands as exactly as the first.
+    const double first = std::ceil(from / spacing.fine - 1e-6);
     const double last = std::floor(to / spacing.fine + 1e-6);
-    for (double i = std::ceil(from / spacing.fine - 1e-6); i <= last; ++i) {
+    if (!(last < mostCounted && first > -mostCounted)) return ticks;
+    for (double i = first; i <= last; ++i) {
         const double position = i * spacing.fine;
         const auto strength = isMultiple(position, spacing.heavy)    ? TickStrength::heavy
                               : isMultiple(position, spacing.medium) ? TickStrength::medium
@@ -68,16 +79,18 @@ std::vector<Tick> ticksBetween(double from, double to, const TickSpacing& spacin
 }
 
 std::string depthTickText(double position, const TickSpacing& spacing) {
-    const int decimals = spacing.medium >= 1 ? 0 : static_cast<int>(std::ceil(-std::log10(spacing.medium)));
-    return formatPicture(position,
-                         decimals == 0 ? "0" : "0." + std::string(static_cast<size_t>(decimals), '0'));
+    return formatPicture(position, "0" + decimalsFor(spacing));
 }
 
-std::string timeTickText(double seconds) {
-    const auto whole = static_cast<long>(std::round(seconds));
-    const std::string tail = formatPicture(whole % 60, "00");
-    if (whole < 3600) return std::to_string(whole / 60) + ":" + tail;
-    return std::to_string(whole / 3600) + ":" + formatPicture(whole / 60 % 60, "00") + ":" + tail;
+std::string timeTickText(double seconds, const TickSpacing& spacing) {
+    const double finest = std::min(1.0, spacing.medium); // 59.9996 s is a minute, not 0:60
+    const double rounded = std::round(seconds / finest) * finest;
+    const double minutes = std::floor(rounded / 60 + 1e-9);
+    const auto whole = static_cast<long>(minutes);
+    const std::string tail =
+        formatPicture(std::max(0.0, rounded - minutes * 60), "00" + decimalsFor(spacing));
+    if (whole < 60) return std::to_string(whole) + ":" + tail;
+    return std::to_string(whole / 60) + ":" + formatPicture(whole % 60, "00") + ":" + tail;
 }
 
 } // namespace tarvik

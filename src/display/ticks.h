@@ -31,7 +31,7 @@ struct TickSpacing {
 
 /// As many decimals as the spacing of the numbered lines needs.
 [[nodiscard]] std::string depthTickText(double position, const TickSpacing& spacing);
-/// "4:30", "1:02:00".
-[[nodiscard]] std::string timeTickText(double seconds);
+/// "4:30", "1:02:00"; "0:01.5" where the numbered lines are less than a second apart.
+[[nodiscard]] std::string timeTickText(double seconds, const TickSpacing& spacing);
 
 } // namespace tarvik

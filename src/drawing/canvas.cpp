@@ -27,6 +27,13 @@ QFont letters(const Canvas& canvas, double millimetres, bool bold) {
     return lettersOf(canvas.mm(millimetres), bold);
 }
 
+QFont lettersFor(const Canvas& canvas, const QString& text, double width, double millimetres, bool bold) {
+    const QFont usual = letters(canvas, millimetres, bold);
+    const double wanted = QFontMetricsF(usual).horizontalAdvance(text);
+    if (wanted <= width || wanted <= 0) return usual;
+    return lettersOf(std::floor(canvas.mm(millimetres) * std::max(0.0, width) / wanted), bold);
+}
+
 QPen line(const Canvas& canvas, const Colour& colour, double millimetres) {
     QPen pen(qColour(colour));
     const double width = std::max(1.0, canvas.mm(millimetres));

@@ -32,6 +32,10 @@ struct Canvas {
 [[nodiscard]] QFont letters(const Canvas& canvas, double millimetres, bool bold = false);
 [[nodiscard]] QFont lettersOf(double painterUnits, bool bold = false);
 
+/// The same, smaller where the text would be wider than `width`.
+[[nodiscard]] QFont lettersFor(const Canvas& canvas, const QString& text, double width, double millimetres,
+                               bool bold = false);
+
 /// A line of a number of millimetres, of at least one painter unit (a hairline is invisible on paper).
 [[nodiscard]] QPen line(const Canvas& canvas, const Colour& colour, double millimetres);
 

@@ -78,8 +78,21 @@ std::vector<Tick> ticksOf(const DisplayView& view, const AxisUnits& axis, double
     return ticksBetween(view.positionAt(top) / axis.unit, view.positionAt(bottom) / axis.unit, axis.spacing);
 }
 
+/// The lines belong to the numbers between them, whatever unit the log counts in.
+DepthUnits numberedUnits(const Canvas& canvas, DepthUnits units) {
+    switch (canvas.display.depthTrack.numbers) {
+    case DepthNumbers::metres:
+        return DepthUnits::metres;
+    case DepthNumbers::feet:
+        return DepthUnits::feet;
+    case DepthNumbers::both:
+        break;
+    }
+    return units;
+}
+
 void addDepthLines(GridLines& lines, const Canvas& canvas, DepthUnits units, const Band& band) {
-    const AxisUnits axis = axisUnits(canvas.view, units);
+    const AxisUnits axis = axisUnits(canvas.view, numberedUnits(canvas, units));
     for (const Tick& tick : ticksOf(canvas.view, axis, band.top - 2, band.bottom + 2)) {
         const double y = crisp(canvas.view, canvas.view.yOf(tick.position * axis.unit));
         for (const Column& column : canvas.columns.tracks) {
@@ -132,8 +145,8 @@ void paintNumber(const Canvas& canvas, const NumberColumn& column, const Tick& t
     const Scheme& scheme = canvas.display.scheme;
     const bool heavy = tick.strength == TickStrength::heavy;
     const double size = canvas.display.depthTrack.numbers == DepthNumbers::both ? 2.3 : 2.9;
-    const QFont font = letters(canvas, size, heavy);
     const double tickLength = std::min(canvas.mm(1.6), column.width / 8);
+    const QFont font = lettersFor(canvas, text, column.width - 2 * tickLength, size, heavy);
     canvas.painter.setPen(line(canvas, scheme.text, heavy ? 0.3 : 0.2));
     const QLineF left{column.left, y, column.left + tickLength, y};
     const QLineF right{column.left + column.width - tickLength, y, column.left + column.width, y};
@@ -147,13 +160,16 @@ void paintNumber(const Canvas& canvas, const NumberColumn& column, const Tick& t
 void paintNumbers(const Canvas& canvas, const NumberColumn& column, const Band& band) {
     const DisplayView& view = canvas.view;
     const AxisUnits axis = axisUnits(view, column.units);
+    TickSpacing numbered = axis.spacing;
+    const bool few = view.height < 2 * numbered.medium * axis.unit * view.unitsPer();
+    if (few) numbered.medium = numbered.fine;
     const double margin = canvas.mm(3);
     for (const Tick& tick : ticksOf(view, axis, band.top - margin, band.bottom + margin)) {
         if (view.axis == Axis::time && tick.position < 0) continue;
         const double y = crisp(view, view.yOf(tick.position * axis.unit));
         const double half = canvas.mm(1.5);
         if (view.paper && (y < band.top + half || y > band.bottom - half)) continue;
-        if (tick.strength == TickStrength::fine) {
+        if (tick.strength == TickStrength::fine && !few) {
             const double length = std::min(canvas.mm(0.9), column.width / 12);
             canvas.painter.setPen(line(canvas, canvas.display.scheme.quietText, 0.12));
             canvas.painter.drawLine(QLineF(column.left, y, column.left + length, y));
@@ -161,8 +177,8 @@ void paintNumbers(const Canvas& canvas, const NumberColumn& column, const Band& 
             canvas.painter.drawLine(QLineF(end - length, y, end, y));
             continue;
         }
-        const std::string text = view.axis == Axis::time ? timeTickText(tick.position)
-                                                         : depthTickText(tick.position, axis.spacing);
+        const std::string text = view.axis == Axis::time ? timeTickText(tick.position, numbered)
+                                                         : depthTickText(tick.position, numbered);
         paintNumber(canvas, column, tick, y, qText(text));
     }
 }

@@ -81,6 +81,7 @@ void PagePainter::paint(QPainter& painter, const LogSheet& sheet, const PagePlan
     view.paper = true;
     view.rowHeight = vectors ? std::max(1.0, view.millimetres(0.05)) : 1;
     view.width = view.millimetres(plan.contentWidth());
+    view.height = view.millimetres(page.bodyHeight);
     view.top = page.top;
     const PageCanvas on{painter, sheet, plan, page, view};
     painter.fillRect(QRectF(0, 0, view.millimetres(plan.width), view.millimetres(plan.height)),

@@ -20,7 +20,6 @@ namespace {
 
 constexpr double firstScale = 200;
 constexpr int lineUnits = 24; // a step of the wheel or an arrow key
-constexpr double paneGap = 8; // between two runs side by side
 
 Scheme schemeOfTheme() {
     return appliedTheme() == Theme::dark ? darkScheme() : lightScheme();
@@ -191,6 +190,7 @@ void LogPicture::moveTo(const DisplayView& view) {
     bar_->setSingleStep(lineUnits);
     bar_->setValue(static_cast<int>(std::lround((view_.top - all.from) * view_.unitsPer())));
     redraw();
+    if (pointer_) showReadings(*pointer_ - headHeight());
     if (zoomed && changed_) changed_();
 }
 

@@ -87,6 +87,8 @@ class LogPicture final : public QWidget {
         DisplayView view; ///< as it was when the drag began
     };
 
+    static constexpr double paneGap = 8; ///< between two runs side by side
+
     [[nodiscard]] double headHeight() const;
     [[nodiscard]] double bodyHeight() const { return view_.height - headHeight(); }
     [[nodiscard]] Extent extent() const;

@@ -100,7 +100,7 @@ void LogPicture::mouseDoubleClickEvent(QMouseEvent* event) {
     unsetCursor();
     if (log_ == nullptr || !picked_ || event->button() != Qt::LeftButton) return;
     const bool right = second_ && second_->how == Comparison::beside && event->position().x() > view_.width;
-    const double x = event->position().x() - (right ? width() - view_.width : 0);
+    const double x = event->position().x() - (right ? view_.width + paneGap : 0);
     picked_(placeAt(drawn_, view_, x, event->position().y()));
 }
 

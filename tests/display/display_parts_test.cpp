@@ -149,6 +149,13 @@ TEST(Review, ZoomsAboutThePointerAndStaysOnTheLog) {
     EXPECT_EQ(heldInside(scrolled(view, -1e6), data, 500).top, 0);
     EXPECT_NEAR(heldInside(scrolled(view, 1e6), data, 500).positionAt(500), 30.48, 1e-9);
     EXPECT_NEAR(showingAll(view, data, 500).positionAt(500), 30.48, 1e-9);
+    DisplayView closest = view;
+    for (int i = 0; i < 300; ++i) closest = heldInside(zoomed(closest, 1.25, 300), data, 500);
+    EXPECT_EQ(closest.perMillimetre, 0.001);
+    EXPECT_NEAR(closest.positionAt(300), view.positionAt(300), 1e-9) << "the place stays at the limit too";
+    DisplayView furthest = view;
+    for (int i = 0; i < 300; ++i) furthest = heldInside(zoomed(furthest, 0.8, 300), data, 500);
+    EXPECT_EQ(furthest.perMillimetre, 1);
     const Extent seen = visibleInterval(showingAll(view, data, 500), data, 250);
     EXPECT_NEAR(seen.to, 15.24, 1e-9);
 }

@@ -70,8 +70,10 @@ TEST(Ticks, FallOnRoundDepthsOfEitherSign) {
     EXPECT_EQ(ticks[8].strength, TickStrength::medium);
     EXPECT_EQ(depthTickText(0.25, depthTickSpacing(0.01)), "0.3");
     EXPECT_EQ(depthTickText(1250, depthTickSpacing(1)), "1250");
-    EXPECT_EQ(timeTickText(3725), "1:02:05");
-    EXPECT_EQ(timeTickText(90), "1:30");
+    EXPECT_EQ(timeTickText(3725, {1, 5, 10}), "1:02:05");
+    EXPECT_EQ(timeTickText(89.9999999, {1, 5, 10}), "1:30");
+    EXPECT_EQ(timeTickText(61.5, {0.1, 0.5, 1}), "1:01.5");
+    EXPECT_TRUE(ticksBetween(1e300, 1.1e300, {1, 5, 10}).empty()) << "no end of them";
 }
 
 TEST(Pyramid, FindsWhatLookingAtEveryValueFinds) {

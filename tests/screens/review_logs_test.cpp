@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
 
@@ -99,7 +100,11 @@ TEST(LogPictureTest, PointerAndKeysMoveZoomAndRead) {
     QTest::keyClick(&on.picture, Qt::Key_End);
     EXPECT_NEAR(on.picture.visible().to, 99.95, 0.01);
     QTest::mouseMove(&on.picture, {200, 450});
-    EXPECT_TRUE(control<ReadingsStrip>(on.picture, "lbreadings").texts().contains("GAMMA 20.00 counts"));
+    const auto& readings = control<ReadingsStrip>(on.picture, "lbreadings");
+    EXPECT_TRUE(readings.texts().contains("GAMMA 20.00 counts"));
+    const QStringList below = readings.texts();
+    QTest::keyClick(&on.picture, Qt::Key_Home);
+    EXPECT_NE(readings.texts(), below) << "the paper has moved under the pointer";
 }
 
 TEST(LogPictureTest, EveryOfTwentyCurvesHasItsPlaceInTheReadings) {
@@ -295,6 +300,15 @@ TEST(ReviewActionsTest, ASecondRunIsReadBesideTheFirstAndForgotten) {
         picture.grab();
         EXPECT_TRUE(control<ReadingsStrip>(picture, "lbreadings").texts().contains("GR 1.000 | 1.000 API"));
     }
+    DisplayPlace left;
+    DisplayPlace right;
+    const int pane = (picture.width() - control<QScrollBar>(picture, "logscroll").width() - 8) / 2;
+    for (auto [place, x] : {std::pair(&left, 3), std::pair(&right, pane + 8 + 3)}) {
+        picture.whenPicked([place](const DisplayPlace& at) { *place = at; });
+        QTest::mouseDClick(&picture, Qt::LeftButton, {}, {x, picture.height() / 2});
+    }
+    EXPECT_EQ(left.part, DisplayPlace::Part::track);
+    EXPECT_EQ(right.part, left.part) << "three pixels inside the right one too";
     desk.entry("menucompare", "This run alone").trigger();
     EXPECT_EQ(desk.session.second(), nullptr);
     picture.jumpTo(50);
