@@ -3,6 +3,8 @@
 #include "base/number_picture.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -46,8 +48,13 @@ CurveScale backupOf(const CurveScale& scale, int n) {
 std::string scaleEndText(double value) {
     if (value == 0) return "0";
     const double size = std::abs(value);
-    if (size >= 1e7 || size < 1e-4) return shortestNumber(value);
     // Four figures say all that a scale end has to.
+    if (size >= 1e7 || size < 1e-4) {
+        std::array<char, 32> digits{};
+        const auto end =
+            std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::general, 4);
+        return {digits.data(), end.ptr};
+    }
     const double unit = std::pow(10, std::floor(std::log10(size)) - 3);
     std::string text = formatPicture(std::round(value / unit) * unit, "0.######");
     if (text.back() == '.') text.pop_back();

@@ -8,8 +8,8 @@ namespace tarvik {
 namespace {
 
 constexpr double densePerRow = 2.5;
-// A line is begun anew at every so many steps, counted from the start of the log, so that the dashes of a
-// part drawn later fall where those of the whole would.
+// In a window a line is begun anew at every so many steps, counted from the start of the log, so that the
+// dashes of a part drawn later fall where those of the whole would.
 constexpr std::size_t anchorSteps = 64;
 
 bool runsUp(std::span<const double> axis) {
@@ -103,7 +103,7 @@ void traceLines(CurveTrace& trace, const LogData& data, const CurveSamples& samp
             continue;
         }
         const TracePoint point{map.fraction(value), view.yOf(joiner.at(i) * unit)};
-        if ((data.firstStep + i) % anchorSteps == 0) lines.anchor(point);
+        if (!view.paper && (data.firstStep + i) % anchorSteps == 0) lines.anchor(point);
         lines.add(point);
         if (i + 1 < index.last() && !joiner.joins(i)) lines.cut();
     }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace tarvik {
 
@@ -27,14 +28,48 @@ CurveScale logarithmic(const ScalePair& scale) {
     return {ScaleKind::logarithmic, 0.2, 2000};
 }
 
+/// Whether values of that range are the custom's own: densities in kg/m3 lie nowhere on a scale for g/cm3,
+/// and porosities in percent only just touch one for fractions. True where there are no values to judge by.
+bool suits(const CurveScale& custom, const ValueRange& values) {
+    if (values.empty()) return true;
+    const double least = std::max<double>(values.least, std::min(custom.left, custom.right));
+    const double most = std::min<double>(values.most, std::max(custom.left, custom.right));
+    if (values.least == values.most) return least <= most;
+    return most - least >= 0.05 * (double{values.most} - values.least);
+}
+
+/// Whole decades around the values above 0.
+CurveScale decadesAround(std::span<const float> values) {
+    double least = std::numeric_limits<double>::max();
+    double most = 0;
+    for (const float value : values) {
+        if (isNoValue(value) || !(value > 0)) continue;
+        least = std::min<double>(least, value);
+        most = std::max<double>(most, value);
+    }
+    const double left = std::floor(std::log10(least));
+    return {ScaleKind::logarithmic, std::pow(10, left),
+            std::pow(10, std::max(left + 1, std::ceil(std::log10(most))))};
+}
+
+CurveScale customScale(const DisplayChannel& channel, const CurveRule& rule) {
+    const ValueRange values = rangeOf(channel.values);
+    if (rule.scale.kind == ScaleKind::logarithmic) {
+        const bool touches = values.empty() || !(values.most > 0) ||
+                             (values.most >= rule.scale.left && values.least <= rule.scale.right);
+        return touches ? rule.scale : decadesAround(channel.values);
+    }
+    if (suits(rule.scale, values)) return rule.scale;
+    const ScalePair round = roundScale(channel.values);
+    const bool reversed = rule.scale.left > rule.scale.right;
+    return {ScaleKind::linear, reversed ? round.right : round.left, reversed ? round.left : round.right};
+}
+
 CurveScale scaleOf(const DisplayChannel& channel, const CurveRule& rule) {
     const bool known = channel.scale.left != channel.scale.right;
-    if (rule.scale.kind == ScaleKind::logarithmic && channel.calibrated) {
-        return known ? logarithmic(channel.scale) : rule.scale;
-    }
-    if (!known && rule.hasScale() && channel.calibrated && rule.scale.kind == ScaleKind::linear) {
-        return rule.scale;
-    }
+    if (channel.calibrated && known && rule.scale.kind == ScaleKind::logarithmic)
+        return logarithmic(channel.scale);
+    if (channel.calibrated && !known && rule.hasScale()) return customScale(channel, rule);
     const ScalePair scale = known ? channel.scale : roundScale(channel.values);
     return {ScaleKind::linear, scale.left, scale.right};
 }
@@ -126,9 +161,17 @@ ScalePair roundScale(std::span<const float> values) {
     const double power = std::pow(10, std::floor(std::log10(size / 5)));
     const double share = size / 5 / power;
     const double step = power * (share <= 1 ? 1 : share <= 2 ? 2 : share <= 5 ? 5 : 10);
-    const double left = std::floor(least / step) * step;
+    double left = std::floor(least / step) * step;
     double right = std::ceil(double{range.most} / step) * step;
+    if (range.most == range.least && range.least != 0) { // a curve in the middle is seen
+        left -= 2 * step;
+        right += 2 * step;
+    }
     if (right <= left) right = left + step;
+    constexpr double furthest = 1e30; // what a scale may be set to by hand
+    left = std::clamp(left, -furthest, furthest);
+    right = std::clamp(right, -furthest, furthest);
+    if (left == right) return {0, static_cast<float>(right)};
     return {static_cast<float>(left), static_cast<float>(right)};
 }
 

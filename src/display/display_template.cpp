@@ -202,7 +202,8 @@ class Reader {
     }
 
     LogDisplay finish() && {
-        if (display_.tracks.empty()) Entry{file_, line_, "", ""}.fail("at least one [track]");
+        if (display_.tracks.empty())
+            throw Failure(ErrorNumber::badFile, std::string(file_) + ": has no [track]; it is no template");
         auto line = curveLines_.begin();
         for (const Track& track : display_.tracks) {
             for (const LogCurve& curve : track.curves) {
@@ -261,6 +262,7 @@ std::string templateText(const LogDisplay& display) {
 
 LogDisplay displayFromTemplate(std::string_view text, const Scheme& scheme, std::string_view name) {
     Reader reader(scheme, name);
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3); // some editors put a byte-order mark first
     while (!text.empty()) {
         const auto end = std::min(text.find('\n'), text.size());
         reader.read(text.substr(0, end));

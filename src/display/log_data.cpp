@@ -42,9 +42,13 @@ double usualJoinLimit(std::span<const double> depth, DepthUnits units) {
     std::vector<double> steps;
     const std::size_t stride = std::max<std::size_t>(1, depth.size() / 1000);
     for (std::size_t i = 1; i < depth.size(); i += stride) steps.push_back(std::abs(depth[i] - depth[i - 1]));
-    const auto middle = steps.begin() + static_cast<std::ptrdiff_t>(steps.size() / 2);
-    std::nth_element(steps.begin(), middle, steps.end());
-    return toMetres(*middle, units) * 10;
+    const auto quantile = [&](std::size_t quarters) {
+        const auto at = steps.begin() + static_cast<std::ptrdiff_t>((steps.size() - 1) * quarters / 4);
+        std::nth_element(steps.begin(), at, steps.end());
+        return *at;
+    };
+    // Of a log in two samplings the coarser one is no row of gaps.
+    return toMetres(std::max(quantile(2) * 10, quantile(3) * 3), units);
 }
 
 } // namespace tarvik

@@ -67,12 +67,14 @@ class Planner {
     void fill(PlannedPage& page, double headTop) {
         page.headTop = headTop;
         page.bodyTop = headTop + request_.headHeight;
-        page.bodyHeight = std::max(pageOverlap * 2, bodyRoom(headTop));
+        const double room = bodyRoom(headTop);
+        plan_.noRoom |= room < std::min(left_, pageOverlap * 2);
+        page.bodyHeight = std::max(pageOverlap * 2, room);
         page.top = request_.from + done_ * request_.perMillimetre;
         if (left_ <= page.bodyHeight + enough) {
-            const double room = page.bodyHeight - left_;
+            const double below = page.bodyHeight - left_;
             page.bodyHeight = left_;
-            if (room + enough >= request_.headHeight) page.tailTop = page.bodyTop + page.bodyHeight;
+            if (below + enough >= request_.headHeight) page.tailTop = page.bodyTop + page.bodyHeight;
         }
         done_ += page.bodyHeight;
         left_ -= page.bodyHeight;

@@ -44,7 +44,8 @@ struct PagePlan {
     double height = 0;
     double margin = 0;
     std::vector<PlannedPage> pages;
-    bool cut = false; ///< the log goes on behind the last page: there would be more than mostPages
+    bool cut = false;    ///< the log goes on behind the last page: there would be more than mostPages
+    bool noRoom = false; ///< the heads leave the log no room worth printing
 
     [[nodiscard]] double contentWidth() const { return width - 2 * margin; }
 };

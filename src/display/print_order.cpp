@@ -34,13 +34,19 @@ std::optional<double> scaleFromText(std::string_view text) {
     return number;
 }
 
-std::string tooManyPages() {
+std::string planProblem(const PagePlan& plan) {
+    if (plan.noRoom) {
+        return "The heads of the tracks leave the log no room on a page; take longer paper, or fewer curves "
+               "in a "
+               "track";
+    }
+    if (!plan.cut) return {};
     return "This would be more than " + std::to_string(mostPages) +
            " pages; take a smaller scale or a part of the log";
 }
 
 std::string printSummary(const PrintOrder& order, const PagePlan& plan) {
-    if (plan.cut) return tooManyPages() + ".";
+    if (const std::string problem = planProblem(plan); !problem.empty()) return problem + ".";
     const double metres = (order.interval.to - order.interval.from) / order.scale;
     const std::string length = formatPicture(metres, "0.00") + " m of log";
     const std::size_t pages = plan.pages.size();

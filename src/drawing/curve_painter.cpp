@@ -24,6 +24,12 @@ struct Strand {
     const Column& column;
 
     [[nodiscard]] double x(double fraction) const { return column.left + fraction * column.width; }
+    /// Where a line goes: a value at an end of its scale lies beside the border, not under it.
+    [[nodiscard]] double lineX(double fraction) const {
+        const double inset =
+            std::min(std::max(1.0, canvas.mm(curve.style.width / 2 + 0.1)), column.width / 2);
+        return std::clamp(x(fraction), column.left + inset, column.right() - inset);
+    }
     [[nodiscard]] double inside(double fraction) const { return x(std::clamp(fraction, 0.0, 1.0)); }
     [[nodiscard]] double fillEdge() const {
         switch (curve.style.fill) {
@@ -127,17 +133,17 @@ void drawPiece(const Strand& strand, Piece piece, int n, const Band& band) {
             draw();
             continue;
         }
-        const QPointF start(strand.x(one.fraction - n), one.y);
+        const QPointF start(strand.lineX(one.fraction - n), one.y);
         if (!run.empty() && run.last() != start) draw();
         if (run.empty()) run.append(start);
-        run.append({strand.x(other.fraction - n), other.y});
+        run.append({strand.lineX(other.fraction - n), other.y});
     }
     draw();
     // A value between two gaps is a short stroke.
     const TracePoint& only = piece.front();
     if (piece.size() == 1 && only.fraction >= n && only.fraction <= n + 1) {
         const double half = strand.canvas.mm(0.2);
-        const double x = strand.x(only.fraction - n);
+        const double x = strand.lineX(only.fraction - n);
         strand.canvas.painter.drawLine(QLineF(x, only.y - half, x, only.y + half));
     }
 }
@@ -147,7 +153,7 @@ void drawPoints(const Strand& strand, const CurveTrace& trace, int n, const Band
     for (const TracePoint& point : trace.points) {
         if (point.fraction < n || point.fraction > n + 1) continue;
         if (strand.canvas.view.vectors && (point.y < band.top || point.y > band.bottom)) continue;
-        points.append({strand.x(point.fraction - n), point.y});
+        points.append({strand.lineX(point.fraction - n), point.y});
     }
     strand.canvas.painter.drawPoints(points);
 }
@@ -181,8 +187,8 @@ void drawRows(const Strand& strand, const CurveTrace& trace, int n, double width
         // A dash may hide a row of a steep line, never a thin bed.
         const bool steep = (span.to - span.from) * strand.column.width < 3 * width;
         if (steep && !isOn(strand.curve, view, span.row)) continue;
-        const double from = strand.inside(span.from - n) - width / 2;
-        const double to = strand.inside(span.to - n) + width / 2;
+        const double from = strand.lineX(span.from - n) - width / 2;
+        const double to = strand.lineX(span.to - n) + width / 2;
         rows.append(QRectF(from, static_cast<double>(span.row) * view.rowHeight, to - from, view.rowHeight));
     }
     strand.canvas.painter.setPen(Qt::NoPen);
@@ -200,7 +206,8 @@ Backups backupsOf(const LogCurve& curve, const CurveTrace& trace) {
     if (curve.offScale == OffScale::cut) return {};
     Backups backups;
     const auto reach = [&](double fraction) {
-        const int n = static_cast<int>(std::floor(fraction));
+        // The right end still belongs to the scale.
+        const int n = static_cast<int>(fraction > 0 ? std::ceil(fraction) - 1 : std::floor(fraction));
         backups.first = std::max(-mostBackups, std::min(backups.first, n));
         backups.last = std::min(mostBackups, std::max(backups.last, n));
     };
@@ -222,19 +229,28 @@ QPen backupPen(const Canvas& canvas, const LogCurve& curve) {
 
 } // namespace
 
-void paintCurve(const Canvas& canvas, const LogCurve& curve, const CurveTrace& trace, const Column& column,
-                const Band& band) {
+void paintFill(const Canvas& canvas, const LogCurve& curve, const CurveTrace& trace, const Column& column,
+               const Band& band) {
+    if (curve.style.fill == FillKind::none) return;
     const Strand strand{canvas, curve, column};
     QPainter& painter = canvas.painter;
     painter.save();
     painter.setClipRect(QRectF(column.left, band.top, column.width, band.bottom - band.top),
                         Qt::IntersectClip);
-    if (curve.style.fill != FillKind::none) {
-        painter.setRenderHint(QPainter::Antialiasing, true);
-        fillPieces(strand, trace, band);
-        painter.setRenderHint(QPainter::Antialiasing, false);
-        fillRows(strand, trace);
-    }
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    fillPieces(strand, trace, band);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    fillRows(strand, trace);
+    painter.restore();
+}
+
+void paintLine(const Canvas& canvas, const LogCurve& curve, const CurveTrace& trace, const Column& column,
+               const Band& band) {
+    const Strand strand{canvas, curve, column};
+    QPainter& painter = canvas.painter;
+    painter.save();
+    painter.setClipRect(QRectF(column.left, band.top, column.width, band.bottom - band.top),
+                        Qt::IntersectClip);
     const Backups backups = backupsOf(curve, trace);
     for (int n = backups.first; n <= backups.last; ++n) {
         const QPen pen = n == 0 ? curvePen(canvas, curve) : backupPen(canvas, curve);

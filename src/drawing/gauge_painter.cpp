@@ -26,11 +26,12 @@ struct GaugeCanvas {
         pen.setCapStyle(cap);
         painter.setPen(pen);
     }
-    void write(const QRectF& box, double size, bool bold, const Colour& colour, const QString& text) const {
+    void write(const QRectF& box, double size, bool bold, const Colour& colour, const QString& text,
+               Qt::Alignment side = Qt::AlignHCenter) const {
         const QFont font = lettersOf(size, bold);
         painter.setFont(font);
         painter.setPen(qColour(colour));
-        painter.drawText(box, Qt::AlignCenter, fitted(font, text, box.width()));
+        painter.drawText(box, side | Qt::AlignVCenter, fitted(font, text, box.width()));
     }
     [[nodiscard]] Colour ink() const {
         return gauge.offScale() ? scheme.ink(Ink::vermilion) : scheme.ink(Ink::blue);
@@ -94,6 +95,13 @@ void paintChamber(const GaugeCanvas& on, const QRectF& box) {
         on.painter.drawLine(QLineF(chamber.right(), y, chamber.right() + length, y));
     }
     const double size = std::min(box.width(), box.height()) * 0.13;
+    const double ends = size * 0.42;
+    const auto writeEnd = [&](double y, double value) {
+        const QRectF place(chamber.right() + width * 0.28, y - ends, box.right() - chamber.right(), 2 * ends);
+        on.write(place, ends, false, on.scheme.quietText, qText(scaleEndText(value)), Qt::AlignLeft);
+    };
+    writeEnd(chamber.bottom(), on.gauge.scale.left);
+    writeEnd(chamber.top(), on.gauge.scale.right);
     const QRectF figures(box.left(), chamber.bottom() + size * 0.1, box.width(), size * 1.2);
     on.write(figures, size, true, on.scheme.text, qText(gaugeText(on.gauge)));
     on.write(figures.translated(0, size), size * 0.42, false, on.scheme.quietText, on.unit());

@@ -206,7 +206,6 @@ void paintGrid(const Canvas& canvas, DepthUnits units, const Band& band) {
 
 void paintDepthTrack(const Canvas& canvas, const LogData& data, const Band& band) {
     canvas.painter.setRenderHint(QPainter::Antialiasing, canvas.view.vectors);
-    paintBorders(canvas, band);
     for (const NumberColumn& column : numberColumns(canvas, data.units)) paintNumbers(canvas, column, band);
 }
 

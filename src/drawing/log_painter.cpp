@@ -55,6 +55,8 @@ void LogPainter::paintRows(QPainter& painter, const LogDisplay& display, const L
     onCanvas(painter, display, view, [&](const Canvas& canvas) {
         painter.setClipRect(QRectF(0, band.top, view.width, band.bottom - band.top), Qt::IntersectClip);
         paintGrid(canvas, data.units, band);
+        painter.setRenderHint(QPainter::Antialiasing, view.vectors);
+        paintBorders(canvas, band);
         if (under_) under_(painter, view, band);
         paintCurvesOf(canvas, data, band);
         if (canvas.display.depthTrack.speedBar) paintSpeed(canvas, data, band);
@@ -68,15 +70,14 @@ void LogPainter::paintCurves(QPainter& painter, const LogDisplay& display, const
     onCanvas(painter, display, view, [&](const Canvas& canvas) { paintCurvesOf(canvas, data, band); });
 }
 
-void LogPainter::paintCurve(const Canvas& canvas, const LogData& data, const RowIndex& index,
-                            const LogCurve& curve, const Column& column, const Band& band) {
+CurveTrace LogPainter::traceOf(const Canvas& canvas, const LogData& data, const RowIndex& index,
+                               const LogCurve& curve) {
     const ChannelData* channel = data.find(curve.channel);
-    if (channel == nullptr) return;
+    if (channel == nullptr) return {};
     // Means between 359 and 1 degrees would point the wrong way.
     const std::string filter = curve.style.line == LineKind::points ? "None" : curve.filter;
     const CurveSamples samples = cache_.samples(data, *channel, filter);
-    const CurveTrace trace = traceCurve(data, samples, curve.scale, canvas.view, index);
-    tarvik::paintCurve(canvas, curve, trace, column, band);
+    return traceCurve(data, samples, curve.scale, canvas.view, index);
 }
 
 void LogPainter::paintSpeed(const Canvas& canvas, const LogData& data, const Band& band) {
@@ -88,15 +89,23 @@ void LogPainter::paintSpeed(const Canvas& canvas, const LogData& data, const Ban
     bar.style.fill = FillKind::left;
     bar.offScale = OffScale::cut;
     const Column column{canvas.columns.depth.left, std::min(canvas.mm(2.4), canvas.columns.depth.width / 5)};
-    paintCurve(canvas, data, RowIndex(data, canvas.view, band), bar, column, band);
+    const CurveTrace trace = traceOf(canvas, data, RowIndex(data, canvas.view, band), bar);
+    paintFill(canvas, bar, trace, column, band);
+    paintLine(canvas, bar, trace, column, band);
 }
 
 void LogPainter::paintCurvesOf(const Canvas& canvas, const LogData& data, const Band& band) {
     const RowIndex index(data, canvas.view, band);
     for (std::size_t i = 0; i < canvas.display.tracks.size(); ++i) {
-        for (const LogCurve* curve : shownCurves(canvas.display.tracks[i])) {
-            paintCurve(canvas, data, index, *curve, canvas.columns.tracks[i], band);
-        }
+        const Column& column = canvas.columns.tracks[i];
+        const auto curves = shownCurves(canvas.display.tracks[i]);
+        std::vector<CurveTrace> traces;
+        for (const LogCurve* curve : curves) traces.push_back(traceOf(canvas, data, index, *curve));
+        // A fill lies below every line of its track.
+        for (std::size_t c = 0; c < curves.size(); ++c)
+            paintFill(canvas, *curves[c], traces[c], column, band);
+        for (std::size_t c = 0; c < curves.size(); ++c)
+            paintLine(canvas, *curves[c], traces[c], column, band);
     }
 }
 

@@ -52,8 +52,8 @@ class LogPainter {
     void forget() { cache_.clear(); }
 
   private:
-    void paintCurve(const Canvas& canvas, const LogData& data, const RowIndex& index, const LogCurve& curve,
-                    const Column& column, const Band& band);
+    [[nodiscard]] CurveTrace traceOf(const Canvas& canvas, const LogData& data, const RowIndex& index,
+                                     const LogCurve& curve);
     void paintSpeed(const Canvas& canvas, const LogData& data, const Band& band);
     void paintCurvesOf(const Canvas& canvas, const LogData& data, const Band& band);
 

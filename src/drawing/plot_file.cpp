@@ -18,7 +18,8 @@ void writePlot(const LogSheet& sheet, const PlotTarget& target, const Progress& 
     Paper paper = target.paper;
     if (!hasPages(target.file)) paper.height = 0;
     const PagePlan plan = planOf(sheet, paper);
-    if (plan.cut) throw Failure(ErrorNumber::badFile, target.file.string() + ": " + tooManyPages());
+    if (const std::string problem = planProblem(plan); !problem.empty())
+        throw Failure(ErrorNumber::badFile, target.file.string() + ": " + problem);
     PagePainter pages;
     writePicture(target.file, {plan.width, plan.height, plan.pages.size(), target.dotsPerInch},
                  sheet.heading.hole + " " + sheet.heading.title,

@@ -48,6 +48,11 @@ std::string textOf(const Files& files, const Path& file) {
     return {bytes.begin(), bytes.end()};
 }
 
+std::pair<double, double> extentOfDepths(const ReviewLog& log) {
+    const auto [least, most] = std::ranges::minmax_element(log.depth);
+    return {*least, *most};
+}
+
 LogDisplay displayFrom(const Arguments& arguments, const ReviewLog& log, const LogData& data,
                        const Files& files) {
     const Scheme scheme = *schemeNamed(arguments.oneOf("--scheme", schemeNames).value_or("paper"));
@@ -60,6 +65,8 @@ LogDisplay displayFrom(const Arguments& arguments, const ReviewLog& log, const L
     }
     if (const auto caption = arguments.oneOf("--deviation", deviationNames)) {
         display = deviationDisplay(display, *caption);
+        if (shownCurves(display.tracks.front()).empty())
+            throw UsageError("--deviation " + std::string(*caption) + ": the log has none of its curves");
     }
     for (const std::string& filter : arguments.all("--filter")) setFilter(display, filter);
     return display;
@@ -93,8 +100,7 @@ LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Files
     sheet.withHeading = !arguments.has("--no-heading");
     sheet.heading = headingOf(log, sheet.display, "1:" + shortestNumber(scale));
     const DepthUnits units = log.header.setup.units;
-    const double first = log.depth.empty() ? 0 : log.depth.front();
-    const double last = log.depth.empty() ? 0 : log.depth.back();
+    const auto [first, last] = log.depth.empty() ? std::pair(0.0, 0.0) : extentOfDepths(log);
     sheet.from = toMetres(arguments.number("--from").value_or(first), units);
     sheet.to = toMetres(arguments.number("--to").value_or(last), units);
     if (sheet.to <= sheet.from && first >= last) {
@@ -103,7 +109,10 @@ LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Files
                           (log.depth.empty() ? std::string("no depth")
                                              : "one depth only, " + formatPicture(first, "0.00")));
     }
-    if (sheet.to <= sheet.from) throw UsageError("there is no log between --from and --to");
+    if (sheet.to <= sheet.from || sheet.to < toMetres(first, units) || sheet.from > toMetres(last, units)) {
+        throw UsageError("there is no log between --from and --to; it runs from " +
+                         formatPicture(first, "0.00") + " to " + formatPicture(last, "0.00"));
+    }
     return sheet;
 }
 

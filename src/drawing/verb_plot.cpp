@@ -1,7 +1,9 @@
 #include "drawing/verb_plot.h"
 
+#include "base/failure.h"
 #include "base/text.h"
 #include "cli/review.h"
+#include "display/annotations.h"
 #include "display/bullseye.h"
 #include "display/display_template.h"
 #include "drawing/plan_file.h"
@@ -40,6 +42,15 @@ class Toolkit {
     std::optional<QGuiApplication> application_;
 };
 
+/// A log is drawn without the notes of its hole when they cannot be read.
+void addHoleNotes(LogSheet& sheet, const Files& files, const Path& file, const ReviewLog& log) {
+    try {
+        addMarks(sheet.display.marks, holeAnnotations(files, file, log));
+    } catch (const Failure& failure) {
+        std::cerr << "tarvik: drawn without the notes of the hole: " << failure.what() << "\n";
+    }
+}
+
 int runPlot(const Arguments& arguments) {
     const Path file = arguments.only("run or LAS file");
     const PlotTarget target = targetFrom(arguments);
@@ -47,12 +58,15 @@ int runPlot(const Arguments& arguments) {
     const auto log = review.open(file);
     if (!log) return exitFailed;
     Files& files = review.program().files;
-    const LogSheet sheet = sheetFrom(arguments, *log, files);
+    LogSheet sheet = sheetFrom(arguments, *log, files);
+    addHoleNotes(sheet, files, file, *log);
     if (const auto saved = arguments.name("--save-template")) {
         files.replace(*saved, asBytes(templateText(sheet.display)));
     }
     const Toolkit toolkit;
     if (upperCase(arguments.text("--deviation").value_or("")) == upperCase(bullseyeCaption)) {
+        if (bullseyeOf(sheet.data).way.empty())
+            throw UsageError("--deviation Bullseye: the log has no East and North");
         writePlan(sheet, target);
     } else {
         writePlot(sheet, target, review.progress());

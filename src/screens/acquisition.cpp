@@ -1,5 +1,6 @@
 #include "screens/acquisition.h"
 
+#include "app/sampling_checks.h"
 #include "base/text.h"
 #include "lcu/depth_setting.h"
 #include "lcu/run_order.h"
@@ -21,12 +22,14 @@ QString orNone(std::string_view name, const char* none) {
     return text.empty() ? QString(none) : qt(text);
 }
 
+/// In feet too the LCU counts centimetres of cable.
 QString samplingText(const Settings& settings) {
     const bool byDepth = settings.sampling() == Sampling::depth;
-    return QString("%1 %2, every %3 %4")
+    const std::string& interval = settings.samplingInterval.text();
+    return QString("%1 %2, every %3")
         .arg(byDepth ? "By depth," : "By time,", qt(settings.logDirection).toLower(),
-             qt(settings.samplingInterval.text()),
-             qt(intervalUnitLabel(settings.samplingMethod, settings.units())));
+             byDepth ? qt(intervalInWords(Sampling::depth, settings.units(), interval))
+                     : qt(interval) + " seconds");
 }
 
 } // namespace

@@ -297,7 +297,8 @@ void frmPrint::paintPages(QPrinter& printer, std::size_t first, std::size_t last
 
 void frmPrint::print() {
     if (!allRight()) return;
-    if (plan_.cut) return modules_.operatorSide.message("Print", tooManyPages() + ".", Icon::exclamation);
+    if (const std::string problem = planProblem(plan_); !problem.empty())
+        return modules_.operatorSide.message("Print", problem + ".", Icon::exclamation);
     QPrinter printer(QPrinter::HighResolution);
     preparePrinter(printer);
     if (!modules_.choosePrinter(printer, this)) return;

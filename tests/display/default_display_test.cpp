@@ -53,15 +53,35 @@ TEST(DefaultDisplay, TakesCustomaryThenRoundScalesWhereNoneIsRecorded) {
 
 TEST(DefaultDisplay, RoundScalesHoldTheValues) {
     for (const auto& values : std::vector<std::vector<float>>{
-             {3.2F, 88}, {-0.004F, 0.013F}, {5, 5}, {0, 0}, {-9000, -8000}, {noValue()}, {}}) {
+             {3.2F, 88}, {-0.004F, 0.013F}, {5, 5}, {0, 0}, {-9000, -8000}, {-7, -7}, {noValue()}, {}}) {
         const ScalePair scale = roundScale(values);
         EXPECT_LT(scale.left, scale.right);
         for (const float value : values) {
             if (isNoValue(value)) continue;
             EXPECT_LE(scale.left, value);
             EXPECT_GE(scale.right, value);
+            EXPECT_TRUE(values.front() != values.back() || value == 0 || scale.left < value);
         }
     }
+    const ScalePair huge = roundScale(std::vector<float>{3e38F, 3e38F});
+    EXPECT_TRUE(isUsable({ScaleKind::linear, huge.left, huge.right}));
+}
+
+/// A file in other units than the custom's.
+TEST(DefaultDisplay, LeavesACustomThatTheValuesDoNotFit) {
+    const std::vector<float> kilograms{1950, 2650, 2710};
+    const std::vector<float> percent{0, 21, 45};
+    const std::vector<float> milliohms{4000, 250000};
+    const LogDisplay display =
+        defaultDisplay(std::vector<DisplayChannel>{{"RHOB", "KG/M3", true, {}, kilograms},
+                                                   {"NPHI", "%", true, {}, percent},
+                                                   {"RT", "MOHM-M", true, {}, milliohms}},
+                       DepthUnits::metres, lightScheme());
+    EXPECT_EQ(display.tracks[0].curves[0].scale, (CurveScale{ScaleKind::logarithmic, 1000, 1e6}));
+    EXPECT_GE(display.tracks[1].curves[0].scale.right, 2710);
+    const CurveScale porosity = display.tracks[1].curves[1].scale;
+    EXPECT_EQ(porosity.right, 0) << "still from right to left";
+    EXPECT_GE(porosity.left, 45);
 }
 
 TEST(DefaultDisplay, NoTwoCurvesOfATrackLookAlike) {

@@ -51,7 +51,7 @@ TEST(Templates, ReadBackAsTheyWereWritten) {
 
 TEST(Templates, SayTheLineThatCannotBeRead) {
     const std::vector<std::pair<std::string, std::string>> cases{
-        {"", "expected is at least one [track]"},
+        {"", "has no [track]"},
         {"[display]\r\ndepth_numbers = miles\r\n",
          "t, line 2: depth_numbers = miles; expected is one of metres feet both"},
         {"width = 3", "line 1: width = 3; expected is [display] before the first key"},

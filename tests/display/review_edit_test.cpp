@@ -148,6 +148,9 @@ TEST(PrintOrders, EndWhereNobodyWouldPrintOn) {
     const PagePlan plan = planPages({*paperNamed("A4"), 0, 20, 0, 1e30, 0.2});
     EXPECT_EQ(plan.pages.size(), mostPages);
     EXPECT_THAT(printSummary({}, plan), HasSubstr("more than 10000 pages; take a smaller scale"));
+    const PagePlan crowded = planPages({*paperNamed("A4"), 0, 280, 0, 100, 0.2});
+    EXPECT_THAT(planProblem(crowded), HasSubstr("no room"));
+    EXPECT_EQ(planProblem(planPages({*paperNamed("Continuous"), 0, 280, 0, 100, 0.2})), "");
 }
 
 TEST(Scales, WithoutDistinctEndsAreNotUsable) {

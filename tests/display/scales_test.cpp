@@ -41,8 +41,9 @@ TEST(CurveScales, PutValuesAcrossTheTrack) {
 
 TEST(CurveScales, EndsReadAsOnAPaperLog) {
     const std::vector<std::pair<double, std::string>> cases{
-        {150, "150"}, {2.95, "2.95"},         {0.2, "0.2"},     {-10000, "-10000"},
-        {0, "0"},     {2.9500000477, "2.95"}, {0.001, "0.001"}, {1e-7, "1e-07"}};
+        {150, "150"},       {2.95, "2.95"},  {0.2, "0.2"},
+        {-10000, "-10000"}, {0, "0"},        {2.9500000477, "2.95"},
+        {0.001, "0.001"},   {1e-7, "1e-07"}, {-1.0000000409184788e+35, "-1e+35"}};
     for (const auto& [value, text] : cases) EXPECT_EQ(scaleEndText(value), text);
 }
 

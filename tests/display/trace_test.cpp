@@ -87,6 +87,9 @@ TEST(Traces, StepsFarApartAreNotJoined) {
             EXPECT_THAT(trace.pieces, ::testing::Contains(i));
         }
     }
+    for (std::size_t i = 60; i < 100; ++i) // the rest in a coarser sampling
+        traced.log.depth[i] = traced.log.depth[59] + 1.2 * static_cast<double>(i - 59);
+    EXPECT_NEAR(logDataOf(traced.log).joinLimit, 3.6, 1e-9);
 }
 
 TEST(Traces, ABandIsDrawnAsPartOfTheWhole) {

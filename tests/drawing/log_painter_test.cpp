@@ -110,6 +110,31 @@ TEST(LogPainter, GapsStayEmptyAndOffScaleValuesComeRound) {
     }
 }
 
+/// What fills lies below every line; a value at the end of its scale lies beside the border, not under it.
+TEST(LogPainter, NoCurveHidesBehindAFillOrABorder) {
+    ReviewLog log = samples::logOf(401, 0.05, {"Gamma", "Low", "High"});
+    for (std::size_t i = 0; i < log.steps(); ++i) {
+        log.channels[0].values[i] = 50;
+        log.channels[1].values[i] = 0;
+        log.channels[2].values[i] = 100;
+    }
+    LogDisplay display = samples::displayOf(
+        {{loudCurve("Gamma", 0, 100), samples::curveOf("High", 0, 200)}, {loudCurve("Low", 0, 100)}});
+    display.tracks[0].curves[1].style.fill = FillKind::right;
+    display.tracks[0].curves[0].scale = {ScaleKind::linear, 0, 66};
+    for (Track& track : display.tracks) track.curves[0].style.width = 0.6;
+    for (const double dotsPerInch : {96.0, 300.0}) {
+        Easel easel(display, log, 200, dotsPerInch, 600, 500);
+        easel.paint();
+        for (const auto& [track, part] : {std::pair(0, 0.757), std::pair(1, 0.0)}) {
+            const Column column = easel.column(static_cast<std::size_t>(track));
+            const auto x = static_cast<int>(column.left + column.width * part);
+            const auto rows = loudRows(easel.image, easel.head + 20, x - 4, x + 5);
+            EXPECT_GT(rows.size(), 0.9 * (easel.image.height() - easel.head - 50)) << track;
+        }
+    }
+}
+
 TEST(LogPainter, BandsTogetherAreTheWholePicture) {
     const ReviewLog log = waves();
     const LogDisplay display = everyStyle();
