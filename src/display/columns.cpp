@@ -33,4 +33,8 @@ double headMillimetres(const LogDisplay& display) {
     return static_cast<double>(most) * headSlot + 2;
 }
 
+bool showsSpeedBar(const LogDisplay& display) {
+    return display.depthTrack.speedBar && headMillimetres(display) >= 2 * headSlot;
+}
+
 } // namespace tarvik

@@ -27,5 +27,7 @@ struct Columns {
 constexpr double headSlot = 8.5;
 /// Height of the track heads in millimetres: the same for all, by the track with the most curves.
 [[nodiscard]] double headMillimetres(const LogDisplay& display);
+/// Without room for the words that say what it means there is no speed bar.
+[[nodiscard]] bool showsSpeedBar(const LogDisplay& display);
 
 } // namespace tarvik

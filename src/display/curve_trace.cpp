@@ -196,11 +196,11 @@ void RowIndex::findBorders(const LogData& data, const DisplayView& view, const B
 }
 
 CurveTrace traceCurve(const LogData& data, const CurveSamples& samples, const CurveScale& scale,
-                      const DisplayView& view, const RowIndex& index) {
+                      const DisplayView& view, const RowIndex& index, bool asPoints) {
     CurveTrace trace;
     if (samples.values.size() != data.along(view.axis).size()) return trace;
     const ScaleMap map(scale);
-    if (index.dense()) {
+    if (index.dense() && !asPoints) {
         traceRows(trace, data, samples, map, view, index);
     } else {
         traceLines(trace, data, samples, map, view, index);

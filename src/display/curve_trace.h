@@ -64,7 +64,8 @@ struct CurveTrace {
     std::vector<RowSpan> rows;
 };
 
+/// `asPoints`: never rows, which would join what is only dotted.
 [[nodiscard]] CurveTrace traceCurve(const LogData& data, const CurveSamples& samples, const CurveScale& scale,
-                                    const DisplayView& view, const RowIndex& index);
+                                    const DisplayView& view, const RowIndex& index, bool asPoints = false);
 
 } // namespace tarvik

@@ -1,5 +1,7 @@
 #include "display/log_display.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 
 namespace tarvik {
@@ -28,6 +30,17 @@ LogDisplay equallySpaced(const LogDisplay& display) {
     }
     spaced.depthPlace = std::min(place, spaced.tracks.size());
     return spaced;
+}
+
+double fullSpeed(std::string_view unit) {
+    return upperCase(unit).starts_with("FT") ? 100 : 30;
+}
+
+ScaleKind gridKind(const Track& track) {
+    const auto curves = shownCurves(track);
+    const auto chosen = [&](const LogCurve* curve) { return curve->scale.kind == track.grid; };
+    if (curves.empty() || std::ranges::any_of(curves, chosen)) return track.grid;
+    return curves.front()->scale.kind;
 }
 
 CurveScale gridScale(const Track& track) {

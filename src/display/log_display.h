@@ -55,7 +55,8 @@ struct Track {
 
 /// Winch speed, drawn as a bar along the depth track; in units of depth per minute.
 constexpr std::string_view speedCurve = "Speed";
-constexpr double fullSpeed = 30;
+/// Of the bar, in the unit of the channel: 30 m/min, 100 ft/min.
+[[nodiscard]] double fullSpeed(std::string_view unit);
 
 enum class DepthNumbers { metres, feet, both };
 
@@ -91,6 +92,9 @@ struct LogDisplay {
 /// Each shown curve in a track of its own, all equally wide.
 [[nodiscard]] LogDisplay equallySpaced(const LogDisplay& display);
 
+/// The track's own choice where one of its curves has it, else the kind of its first curve: a grid of decades
+/// under a linear curve would be misread by decades.
+[[nodiscard]] ScaleKind gridKind(const Track& track);
 /// The scale that a logarithmic grid follows.
 [[nodiscard]] CurveScale gridScale(const Track& track);
 

@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tarvik {
 
@@ -32,6 +33,10 @@ std::optional<double> scaleFromText(std::string_view text) {
     const auto number = parseNumber(text.starts_with("1:") ? text.substr(2) : text);
     if (!number || !(*number >= 0.1 && *number <= 1e6)) return std::nullopt;
     return number;
+}
+
+std::string scaleInWords(double scale) {
+    return "1:" + shortestNumber(std::round(scale * 100) / 100);
 }
 
 std::string planProblem(const PagePlan& plan) {

@@ -30,6 +30,9 @@ constexpr std::array<std::string_view, 3> printPapers{"A4", "A3", "Letter"};
 /// "1:200" or "200"; nothing when it is no scale from 1:0.1 to 1:1000000.
 [[nodiscard]] std::optional<double> scaleFromText(std::string_view text);
 
+/// 1:N to two decimals: a scale that was zoomed to has no end of digits.
+[[nodiscard]] std::string scaleInWords(double scale);
+
 /// Why a plan is not printed; empty for one that is.
 [[nodiscard]] std::string planProblem(const PagePlan& plan);
 /// "12 pages A4, 2.41 m of log".

@@ -28,10 +28,15 @@ QFont letters(const Canvas& canvas, double millimetres, bool bold) {
 }
 
 QFont lettersFor(const Canvas& canvas, const QString& text, double width, double millimetres, bool bold) {
-    const QFont usual = letters(canvas, millimetres, bold);
-    const double wanted = QFontMetricsF(usual).horizontalAdvance(text);
-    if (wanted <= width || wanted <= 0) return usual;
-    return lettersOf(std::floor(canvas.mm(millimetres) * std::max(0.0, width) / wanted), bold);
+    QFont font = letters(canvas, millimetres, bold);
+    const int smallest = letters(canvas, std::min(millimetres, smallestLetters(canvas)), bold).pixelSize();
+    double wanted = QFontMetricsF(font).horizontalAdvance(text);
+    while (wanted > width && font.pixelSize() > smallest) {
+        const auto fitting = static_cast<int>(font.pixelSize() * width / wanted);
+        font.setPixelSize(std::clamp(fitting, smallest, font.pixelSize() - 1));
+        wanted = QFontMetricsF(font).horizontalAdvance(text);
+    }
+    return font;
 }
 
 QPen line(const Canvas& canvas, const Colour& colour, double millimetres) {
@@ -67,6 +72,19 @@ QPen curvePen(const Canvas& canvas, const LogCurve& curve) {
 
 QString fitted(const QFont& font, const QString& text, double width) {
     return QFontMetricsF(font).elidedText(text, Qt::ElideRight, width);
+}
+
+double smallestLetters(const Canvas& canvas) {
+    return canvas.view.paper ? 1.5 : 1.9;
+}
+
+void writeFitted(const Canvas& canvas, const QRectF& box, Qt::Alignment alignment, const QString& text,
+                 double millimetres, bool bold) {
+    const QFont font = lettersFor(canvas, text, box.width(), millimetres, bold);
+    canvas.painter.setFont(font);
+    // The ends of a name tell more than its middle: "Res 16 inch", "Res 64 inch".
+    const QString shown = QFontMetricsF(font).elidedText(text, Qt::ElideMiddle, box.width());
+    canvas.painter.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, shown);
 }
 
 } // namespace tarvik

@@ -32,7 +32,7 @@ struct Canvas {
 [[nodiscard]] QFont letters(const Canvas& canvas, double millimetres, bool bold = false);
 [[nodiscard]] QFont lettersOf(double painterUnits, bool bold = false);
 
-/// The same, smaller where the text would be wider than `width`.
+/// The same, smaller where the text would be wider than `width`, but never smaller than can be read.
 [[nodiscard]] QFont lettersFor(const Canvas& canvas, const QString& text, double width, double millimetres,
                                bool bold = false);
 
@@ -44,5 +44,12 @@ struct Canvas {
 
 /// The text, shortened with an ellipsis until it fits.
 [[nodiscard]] QString fitted(const QFont& font, const QString& text, double width);
+
+/// Writes into the box with letters of `millimetres`, smaller ones where the text would not fit, and
+/// shortened where it would not fit with the smallest either.
+void writeFitted(const Canvas& canvas, const QRectF& box, Qt::Alignment alignment, const QString& text,
+                 double millimetres, bool bold = false);
+/// The smallest that can be read, in millimetres: a print is read from nearer than a screen.
+[[nodiscard]] double smallestLetters(const Canvas& canvas);
 
 } // namespace tarvik

@@ -140,8 +140,14 @@ std::vector<NumberColumn> numberColumns(const Canvas& canvas, DepthUnits units) 
             {DepthUnits::feet, depth.left + depth.width / 2, depth.width / 2}};
 }
 
-void paintNumber(const Canvas& canvas, const NumberColumn& column, const Tick& tick, double y,
+struct NumberPlace {
+    double line = 0;
+    double text = 0; ///< its middle: on paper a number at an edge stands inside it
+};
+
+void paintNumber(const Canvas& canvas, const NumberColumn& column, const Tick& tick, const NumberPlace& at,
                  const QString& text) {
+    const double y = at.line;
     const Scheme& scheme = canvas.display.scheme;
     const bool heavy = tick.strength == TickStrength::heavy;
     const double size = canvas.display.depthTrack.numbers == DepthNumbers::both ? 2.3 : 2.9;
@@ -154,7 +160,8 @@ void paintNumber(const Canvas& canvas, const NumberColumn& column, const Tick& t
     canvas.painter.setFont(font);
     canvas.painter.setPen(qColour(scheme.text));
     const double height = canvas.mm(5);
-    canvas.painter.drawText(QRectF(column.left, y - height / 2, column.width, height), Qt::AlignCenter, text);
+    canvas.painter.drawText(QRectF(column.left, at.text - height / 2, column.width, height), Qt::AlignCenter,
+                            text);
 }
 
 void paintNumbers(const Canvas& canvas, const NumberColumn& column, const Band& band) {
@@ -167,8 +174,7 @@ void paintNumbers(const Canvas& canvas, const NumberColumn& column, const Band& 
     for (const Tick& tick : ticksOf(view, axis, band.top - margin, band.bottom + margin)) {
         if (view.axis == Axis::time && tick.position < 0) continue;
         const double y = crisp(view, view.yOf(tick.position * axis.unit));
-        const double half = canvas.mm(1.5);
-        if (view.paper && (y < band.top + half || y > band.bottom - half)) continue;
+        if (view.paper && (y < band.top - 1 || y > band.bottom + 1)) continue;
         if (tick.strength == TickStrength::fine && !few) {
             const double length = std::min(canvas.mm(0.9), column.width / 12);
             canvas.painter.setPen(line(canvas, canvas.display.scheme.quietText, 0.12));
@@ -179,7 +185,10 @@ void paintNumbers(const Canvas& canvas, const NumberColumn& column, const Band& 
         }
         const std::string text = view.axis == Axis::time ? timeTickText(tick.position, numbered)
                                                          : depthTickText(tick.position, numbered);
-        paintNumber(canvas, column, tick, y, qText(text));
+        const double half = canvas.mm(1.5);
+        const double middle =
+            view.paper ? std::clamp(y, band.top + half, std::max(band.top, band.bottom - half)) : y;
+        paintNumber(canvas, column, tick, {y, middle}, qText(text));
     }
 }
 
@@ -194,7 +203,7 @@ void paintGrid(const Canvas& canvas, DepthUnits units, const Band& band) {
     for (std::size_t i = 0; i < canvas.columns.tracks.size(); ++i) {
         const Track& track = canvas.display.tracks[i];
         const Column& column = canvas.columns.tracks[i];
-        if (track.grid == ScaleKind::logarithmic) {
+        if (gridKind(track) == ScaleKind::logarithmic) {
             addLogarithmicGrid(lines, canvas, column, gridScale(track), band);
         } else {
             addLinearGrid(lines, canvas, column, track.divisions, band);
@@ -236,20 +245,24 @@ void paintMarkLine(const Canvas& canvas, const DepthMark& mark, double y) {
 
 } // namespace
 
-/// Texts stand in the first track; where they would stand in each other, in the tracks beside it in turn.
+/// Texts stand in the first track; where they would stand in each other, in a track beside it, and where none
+/// has room, lower than their line.
 void paintMarks(const Canvas& canvas, const Band& band) {
     if (canvas.view.axis != Axis::depth || canvas.columns.tracks.empty()) return;
     std::vector<DepthMark> marks = canvas.display.marks;
     std::ranges::stable_sort(marks, {}, &DepthMark::depth);
-    double before = -1e9;
-    std::size_t column = 0;
+    std::vector<double> taken(canvas.columns.tracks.size(), -1e9); // down to where, in each track
     for (const DepthMark& mark : marks) {
         const double y = crisp(canvas.view, canvas.view.yOf(mark.depth));
-        column = y - before < canvas.mm(markLetters) ? (column + 1) % canvas.columns.tracks.size() : 0;
-        before = y;
+        const double above = y - canvas.mm(markLetters);
+        auto free = std::ranges::find_if(taken, [above](double end) { return end <= above; });
+        if (free == taken.end()) free = std::ranges::min_element(taken);
+        const auto column = static_cast<std::size_t>(free - taken.begin());
+        const double textAt = std::max(y, *free + canvas.mm(markLetters));
+        *free = textAt;
         if (y < band.top - canvas.mm(4) || y > band.bottom + canvas.mm(4)) continue;
         paintMarkLine(canvas, mark, y);
-        paintMarkText(canvas, mark, canvas.columns.tracks[column], y);
+        paintMarkText(canvas, mark, canvas.columns.tracks[column], textAt);
     }
 }
 

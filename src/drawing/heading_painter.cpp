@@ -9,10 +9,8 @@ namespace {
 
 void write(const Canvas& canvas, const QRectF& box, int alignment, double size, bool bold,
            const Colour& colour, std::string_view text) {
-    const QFont font = letters(canvas, size, bold);
-    canvas.painter.setFont(font);
     canvas.painter.setPen(qColour(colour));
-    canvas.painter.drawText(box, alignment, fitted(font, qText(text), box.width()));
+    writeFitted(canvas, box, Qt::Alignment(alignment), qText(text), size, bold);
 }
 
 void rule(const Canvas& canvas, double y, double width) {

@@ -59,7 +59,7 @@ void LogPainter::paintRows(QPainter& painter, const LogDisplay& display, const L
         paintBorders(canvas, band);
         if (under_) under_(painter, view, band);
         paintCurvesOf(canvas, data, band);
-        if (canvas.display.depthTrack.speedBar) paintSpeed(canvas, data, band);
+        if (showsSpeedBar(canvas.display)) paintSpeed(canvas, data, band);
         paintDepthTrack(canvas, data, band);
         paintMarks(canvas, band);
     });
@@ -75,15 +75,18 @@ CurveTrace LogPainter::traceOf(const Canvas& canvas, const LogData& data, const 
     const ChannelData* channel = data.find(curve.channel);
     if (channel == nullptr) return {};
     // Means between 359 and 1 degrees would point the wrong way.
-    const std::string filter = curve.style.line == LineKind::points ? "None" : curve.filter;
+    const bool asPoints = curve.style.line == LineKind::points;
+    const std::string filter = asPoints ? "None" : curve.filter;
     const CurveSamples samples = cache_.samples(data, *channel, filter);
-    return traceCurve(data, samples, curve.scale, canvas.view, index);
+    return traceCurve(data, samples, curve.scale, canvas.view, index, asPoints);
 }
 
 void LogPainter::paintSpeed(const Canvas& canvas, const LogData& data, const Band& band) {
     LogCurve bar;
     bar.channel = speedCurve;
-    bar.scale = {ScaleKind::linear, 0, fullSpeed};
+    const ChannelData* const speed = data.find(speedCurve);
+    if (speed == nullptr) return;
+    bar.scale = {ScaleKind::linear, 0, fullSpeed(speed->unit)};
     bar.style.ownColour = canvas.display.scheme.quietText;
     bar.style.width = 0.15;
     bar.style.fill = FillKind::left;

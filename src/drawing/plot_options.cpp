@@ -98,7 +98,7 @@ LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Files
     sheet.view = viewAtScale(scale, millimetresPerInch);
     sheet.view.equallySpaced = arguments.has("--equally-spaced");
     sheet.withHeading = !arguments.has("--no-heading");
-    sheet.heading = headingOf(log, sheet.display, "1:" + shortestNumber(scale));
+    sheet.heading = headingOf(log, sheet.display, scaleInWords(scale));
     const DepthUnits units = log.header.setup.units;
     const auto [first, last] = log.depth.empty() ? std::pair(0.0, 0.0) : extentOfDepths(log);
     sheet.from = toMetres(arguments.number("--from").value_or(first), units);

@@ -1,6 +1,6 @@
 #include "drawing/print_sheet.h"
 
-#include "base/number_picture.h"
+#include "display/print_order.h"
 
 namespace tarvik {
 
@@ -12,7 +12,7 @@ LogSheet printSheet(const ReviewLog& log, const LogDisplay& display, const Print
     sheet.view = viewAtScale(order.scale, millimetresPerInch);
     sheet.view.equallySpaced = order.equallySpaced;
     sheet.withHeading = order.heading;
-    sheet.heading = headingOf(log, sheet.display, "1:" + shortestNumber(order.scale));
+    sheet.heading = headingOf(log, sheet.display, scaleInWords(order.scale));
     sheet.from = order.interval.from;
     sheet.to = order.interval.to;
     return sheet;

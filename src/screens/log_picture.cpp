@@ -118,6 +118,7 @@ void LogPicture::showEquallySpaced() {
     displayChanged();
     view_ = showingAll(view_, extent(), bodyHeight());
     displayChanged();
+    showsAll_ = true;
 }
 
 void LogPicture::jumpTo(double metres) {
@@ -181,6 +182,7 @@ void LogPicture::layOut() {
 
 void LogPicture::moveTo(const DisplayView& view) {
     const bool zoomed = view.perMillimetre != view_.perMillimetre;
+    if (zoomed || view.top != view_.top) showsAll_ = false;
     view_ = heldInside(view, extent(), bodyHeight());
     const Extent all = extent();
     const double beyond = (all.to - all.from) * view_.unitsPer() - bodyHeight();
@@ -239,7 +241,7 @@ void LogPicture::paintPointer(QPainter& painter) {
 }
 
 void LogPicture::resizeEvent(QResizeEvent*) {
-    const bool whole = view_.equallySpaced;
+    const bool whole = view_.equallySpaced && showsAll_;
     layOut();
     if (whole) showEquallySpaced();
 }

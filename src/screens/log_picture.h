@@ -114,6 +114,7 @@ class LogPicture final : public QWidget {
     QPixmap picture_;               ///< null: to be drawn anew
     std::optional<double> pointer_; ///< y of the widget
     std::optional<Drag> drag_;
+    bool showsAll_ = false; ///< by F5, and not moved since: it goes on to when the window's size changes
     std::function<void()> changed_;
     std::function<void(const DisplayPlace&)> picked_;
     QScrollBar* bar_;

@@ -21,6 +21,7 @@ constexpr int sample = 14; // the ink of the curve before its name
 /// As many decimals as a value of that size is read with.
 QString valueText(const std::optional<float>& value) {
     if (!value) return "\u2013";
+    if (*value != 0 && std::abs(*value) < 0.0005F) return QString::number(double{*value}, 'g', 3);
     return qt(formatPicture(*value, std::abs(*value) < 10 ? "0.000" : "0.00"));
 }
 

@@ -1,6 +1,7 @@
 #include "screens/review_actions.h"
 
 #include "base/failure.h"
+#include "base/number_picture.h"
 #include "display/display_template.h"
 #include "display/tool_scales.h"
 #include "drawing/plot_file.h"
@@ -17,6 +18,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace tarvik {
@@ -39,12 +41,7 @@ ReviewActions::ReviewActions(ReviewSession& session, Program& program, IntroScre
       program_(program),
       screen_(screen),
       memory_(memory),
-      bar_(new ReviewBar(screen.reviewPages(), [this](double depth) {
-          if (const ReviewLog* const log = session_.log()) {
-              screen_.picture().jumpTo(toMetres(depth, log->header.setup.units));
-              screen_.reviewPages().setCurrentWidget(&screen_.picture());
-          }
-      })) {
+      bar_(new ReviewBar(screen.reviewPages(), [this](double depth) { return jumpTo(depth); })) {
     dialogs_.open = askForOpenFile;
     LogPicture& picture = screen.picture();
     undo_ = bar_->addButton("comundo", "\u21b6", "Undo the last change of the display",
@@ -62,6 +59,19 @@ ReviewActions::ReviewActions(ReviewSession& session, Program& program, IntroScre
     picture.whenChanged([this] { showState(); });
     picture.whenPicked([this](const DisplayPlace& place) { edit(place); });
     showState();
+}
+
+std::string ReviewActions::jumpTo(double depth) {
+    const ReviewLog* const log = session_.log();
+    if (log == nullptr || log->depth.empty()) return {};
+    const auto [least, most] = std::ranges::minmax_element(log->depth);
+    if (depth < *least || depth > *most) {
+        return "The log runs from " + formatPicture(*least, "0.00") + " to " + formatPicture(*most, "0.00") +
+               ".";
+    }
+    screen_.picture().jumpTo(toMetres(depth, log->header.setup.units));
+    screen_.reviewPages().setCurrentWidget(&screen_.picture());
+    return {};
 }
 
 void ReviewActions::showState() {

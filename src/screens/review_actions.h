@@ -37,6 +37,8 @@ class ReviewActions {
     void fillExportMenu();
     void showState();
     void edit(const DisplayPlace& place);
+    /// Why it cannot be gone to, else nothing.
+    [[nodiscard]] std::string jumpTo(double depth);
     void saveTemplate();
     void chooseTemplate();
     void loadTemplate(const Path& file);

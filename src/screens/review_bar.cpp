@@ -13,13 +13,14 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
+#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
 
 namespace tarvik {
 
-ReviewBar::ReviewBar(QTabWidget& pages, std::function<void(double depth)> jump)
+ReviewBar::ReviewBar(QTabWidget& pages, Jump jump)
     : pages_(pages), jump_(std::move(jump)), depth_(lineEdit("txtgotodepth")) {
     setObjectName("reviewbar");
     setStyleSheet("QToolButton { padding: 2px 5px; }");
@@ -33,7 +34,7 @@ ReviewBar::ReviewBar(QTabWidget& pages, std::function<void(double depth)> jump)
     pages.installEventFilter(this);
     row->addWidget(depth_);
     connect(depth_, &QLineEdit::returnPressed, this, [this] { go(); });
-    connect(depth_, &QLineEdit::textEdited, this, [this] { restyle(*depth_, "wrong", false); });
+    connect(depth_, &QLineEdit::textEdited, this, [this] { showWrong({}); });
     auto* const keys = new QShortcut(QKeySequence("Ctrl+G"), this);
     connect(keys, &QShortcut::activated, this, [this] {
         depth_->setFocus();
@@ -43,8 +44,15 @@ ReviewBar::ReviewBar(QTabWidget& pages, std::function<void(double depth)> jump)
 
 void ReviewBar::go() {
     const auto depth = parseNumber(trimmed(plain(depth_->text())));
-    restyle(*depth_, "wrong", !depth);
-    if (depth) jump_(*depth);
+    showWrong(depth ? qt(jump_(*depth)) : QString("A depth, such as 120.5."));
+}
+
+void ReviewBar::showWrong(const QString& why) {
+    if (why.isEmpty() && depth_->accessibleDescription().isEmpty()) return;
+    restyle(*depth_, "wrong", !why.isEmpty());
+    depth_->setAccessibleDescription(why);
+    if (why.isEmpty()) return QToolTip::hideText();
+    QToolTip::showText(depth_->mapToGlobal(QPoint(0, depth_->height())), why, depth_);
 }
 
 QToolButton* ReviewBar::addButton(const char* name, const QString& text, const QString& tip,
@@ -88,6 +96,7 @@ void ReviewBar::follow(QWidget* before) {
 }
 
 void ReviewBar::showUnit(const QString& depthUnit) {
+    if (!depth_->hasFocus()) showWrong({}); // another run may have the depth
     const QString unit = depthUnit.toLower();
     const QString sign = unit == "metres" ? "m" : unit == "feet" ? "ft" : unit;
     const QString words = sign.isEmpty() || sign.size() > 4 ? "Depth" : "Depth, " + sign;

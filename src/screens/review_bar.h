@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <string>
 #include <vector>
 
 class QLineEdit;
@@ -16,8 +17,10 @@ namespace tarvik {
 
 class ReviewBar final : public QWidget {
   public:
-    /// The corner of `pages`; `jump` is told the depth in the log's unit.
-    ReviewBar(QTabWidget& pages, std::function<void(double depth)> jump);
+    /// Goes to a depth in the log's unit; why it cannot, else nothing.
+    using Jump = std::function<std::string(double depth)>;
+    /// The corner of `pages`.
+    ReviewBar(QTabWidget& pages, Jump jump);
 
     /// A menu of the row, filled by the caller.
     QMenu* addMenu(const char* name, const QString& title, const QString& tip);
@@ -33,10 +36,12 @@ class ReviewBar final : public QWidget {
 
   private:
     void go();
+    /// Beside the field until something else is written; nothing: all is right.
+    void showWrong(const QString& why);
     void fit(int room);
 
     QTabWidget& pages_;
-    std::function<void(double depth)> jump_;
+    Jump jump_;
     QLineEdit* depth_;
     std::vector<QToolButton*> buttons_;
 };

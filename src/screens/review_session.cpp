@@ -19,6 +19,7 @@ bool ReviewSession::open(const Path& file) {
     hand(&*log_);
     program_.state.runFileName = file.filename().string();
     show();
+    screen_.reviewPages().currentWidget()->setFocus(); // the keys move the paper
     return true;
 }
 

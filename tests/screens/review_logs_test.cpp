@@ -151,11 +151,11 @@ TEST(frmCurve, TriesWhatIsRightSaysWhatIsWrongAndKeepsTheScale) {
                                          return true;
                                      }};
     frmCurve screen(on.picture.display(), 0, 0, modules);
-    control<QLineEdit>(screen, "txtleft").setText("10");
+    control<QLineEdit>(screen, "txtleft").setText("15");
     ASSERT_TRUE(last);
-    EXPECT_EQ(last->tracks[0].curves[0].scale.left, 10);
+    EXPECT_EQ(last->tracks[0].curves[0].scale.left, 15);
     const int before = tried;
-    control<QLineEdit>(screen, "txtright").setText("10");
+    control<QLineEdit>(screen, "txtright").setText("15");
     click(screen, "comapply");
     EXPECT_EQ(tried, before);
     EXPECT_NE(screen.result(), QDialog::Accepted);
@@ -168,7 +168,7 @@ TEST(frmCurve, TriesWhatIsRightSaysWhatIsWrongAndKeepsTheScale) {
     click(screen, "comapply");
     ASSERT_EQ(screen.result(), QDialog::Accepted);
     const LogCurve& curve = screen.display().tracks[0].curves[0];
-    EXPECT_EQ(curve.scale, (CurveScale{ScaleKind::logarithmic, 300, 10}));
+    EXPECT_EQ(curve.scale, (CurveScale{ScaleKind::logarithmic, 300, 15}));
     EXPECT_EQ(curve.style.fill, FillKind::left);
     EXPECT_EQ(curve.filter, "7");
     EXPECT_EQ(kept, curve);
@@ -268,9 +268,13 @@ TEST(ReviewActionsTest, GoesToADepthAndExportsWhatIsSeen) {
     const Extent seen = desk.screen.picture().visible();
     EXPECT_LT(seen.from, 60);
     EXPECT_GT(seen.to, 60);
-    depth.setText("deep");
-    QTest::keyClick(&depth, Qt::Key_Return);
-    EXPECT_TRUE(depth.property("wrong").toBool());
+    for (const auto& [text, why] : {std::pair("deep", "such as"), std::pair("9999", "The log runs from")}) {
+        depth.setText(text);
+        QTest::keyClick(&depth, Qt::Key_Return);
+        EXPECT_TRUE(depth.property("wrong").toBool());
+        EXPECT_TRUE(depth.accessibleDescription().contains(why));
+        EXPECT_EQ(desk.screen.picture().visible().from, seen.from);
+    }
     double start = 0;
     whenModal([&](QWidget& modal) {
         start = control<QLineEdit>(modal, "txtstart").text().toDouble();
