@@ -1,11 +1,11 @@
 #include "screens/desktop.h"
 
 #include "display/tool_scales.h"
+#include "screens/message_box.h"
 #include "screens/qt_text.h"
 #include "screens/screen_display.h"
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QPushButton>
 
 #include <utility>
@@ -221,7 +221,10 @@ bool Desktop::searchForLcu(const std::function<bool()>& search) {
     screen().side().showLink(program_.link);
     const bool found = search();
     screen().status().showSearch(false);
-    if (!found) operator_.linkPanel("");
+    if (!found) {
+        operator_.linkPanel("");
+        screen().status().showInterface({});
+    }
     const bool acquire = program_.state.mode == programMode::acquire;
     operator_.statusText(acquire ? "Acquire" : "Calibrate / test mode");
     if (acquire) showAcquire();
@@ -320,9 +323,10 @@ void Desktop::closeWhenFree() {
 /// Without waiting for the answer: the run goes on behind the box.
 void Desktop::offerToStop() {
     if (screen().findChild<QMessageBox*>("boxstopandclose") != nullptr) return;
-    auto* const box = new QMessageBox(QMessageBox::Warning, "Tarvik",
-                                      "A logging run is under way.\nStop it, power the tool down and close?",
-                                      QMessageBox::NoButton, &screen());
+    auto* const box = makeMessageBox(Icon::exclamation, "Tarvik",
+                                     "A logging run is under way.\nStop it, power the tool down and close?",
+                                     &screen())
+                          .release(); // its own parent's from here on
     box->setObjectName("boxstopandclose");
     box->setAttribute(Qt::WA_DeleteOnClose);
     auto* const stop = box->addButton("&Stop and close", QMessageBox::AcceptRole);

@@ -131,8 +131,7 @@ void InstrumentPanel::clear() {
     showDigits();
     for (QLabel* const label : {current_, voltage_}) label->setText(unknown);
     currentBar_->setVisible(false);
-    scans_->clear();
-    scans_->hide();
+    hideScans();
     setDirection(std::nullopt);
 }
 
@@ -199,6 +198,11 @@ void InstrumentPanel::showKeeping(KeepingState state, std::string_view words) {
 
 void InstrumentPanel::showIdle(const QString& words, const QString& remedy) {
     showState("quiet", words, remedy);
+}
+
+void InstrumentPanel::hideScans() {
+    scans_->clear();
+    scans_->hide();
 }
 
 void InstrumentPanel::showScans(long scans, const QString& fileSize) {

@@ -34,6 +34,7 @@ class InstrumentPanel final : public QFrame {
     /// No run: what the panel says instead of a recording state.
     void showIdle(const QString& words, const QString& remedy = {});
     void showScans(long scans, const QString& fileSize);
+    void hideScans();
 
   private:
     void showDigits();

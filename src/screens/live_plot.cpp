@@ -239,8 +239,11 @@ void LivePlot::paintTool(QPainter& painter) {
 }
 
 void LivePlot::paintWaiting(QPainter& painter) {
+    const QString words = "Waiting for the first scan that is kept";
+    QRect box = fontMetrics().boundingRect(body(), Qt::AlignCenter, words);
+    painter.fillRect(box.adjusted(-12, -8, 12, 8), qColour(laidOut_.scheme.surface)); // over grid and depths
     painter.setPen(qColour(laidOut_.scheme.quietText));
-    painter.drawText(body(), Qt::AlignCenter, "Waiting for the first scan that is kept");
+    painter.drawText(box, Qt::AlignCenter, words);
 }
 
 // ---- The operator's hand.

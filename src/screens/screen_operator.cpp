@@ -2,36 +2,15 @@
 
 #include "base/civil_time.h"
 #include "screens/intro_screen.h"
+#include "screens/message_box.h"
 #include "screens/notice_strip.h"
 #include "screens/qt_text.h"
 #include "screens/status_panels.h"
 
 #include <QApplication>
-#include <QMessageBox>
-
 #include <utility>
 
 namespace tarvik {
-
-namespace {
-
-QMessageBox::Icon boxIcon(Icon icon) {
-    switch (icon) {
-    case Icon::information:
-        return QMessageBox::Information;
-    case Icon::exclamation:
-        return QMessageBox::Warning;
-    case Icon::question:
-        return QMessageBox::Question;
-    case Icon::critical:
-        return QMessageBox::Critical;
-    case Icon::none:
-        break;
-    }
-    return QMessageBox::NoIcon;
-}
-
-} // namespace
 
 void ScreenOperator::attach(IntroScreen* screen, const Clock* clock) {
     screen_ = screen;
@@ -41,17 +20,15 @@ void ScreenOperator::attach(IntroScreen* screen, const Clock* clock) {
 }
 
 void ScreenOperator::message(std::string_view title, std::string_view text, Icon icon) {
-    QMessageBox box(boxIcon(icon), qt(title), qt(text), QMessageBox::Ok, screen_);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    makeMessageBox(icon, qt(title), qt(text), screen_)->exec();
 }
 
 Answer ScreenOperator::ask(std::string_view title, std::string_view text, Icon icon) {
-    QMessageBox box(boxIcon(icon), qt(title), qt(text), QMessageBox::Yes | QMessageBox::No, screen_);
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::No);
-    box.setEscapeButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes ? Answer::yes : Answer::no;
+    const auto box = makeMessageBox(icon, qt(title), qt(text), screen_);
+    box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box->setDefaultButton(QMessageBox::No);
+    box->setEscapeButton(QMessageBox::No);
+    return box->exec() == QMessageBox::Yes ? Answer::yes : Answer::no;
 }
 
 void ScreenOperator::notice(std::string_view title, std::string_view text, Icon icon) {

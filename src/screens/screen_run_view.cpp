@@ -109,8 +109,12 @@ void ScreenRunView::runEnded(const Path&, long scansWritten) {
     InstrumentPanel& instrument = screen_.side().instrument();
     instrument.setDirection(std::nullopt);
     instrument.showPoweredDown();
-    instrument.showIdle(scansWritten > 0 ? QString("Run ended, %1 scans on file").arg(scansWritten)
-                                         : QString("Run ended, nothing on file"));
+    instrument.hideScans();
+    const auto written = QString::number(scansWritten);
+    instrument.showIdle(scansWritten <= 0             ? QString("Run ended, nothing on file")
+                        : scansWritten < latest_.kept ? "Run ended, " + written + " of " +
+                                                            QString::number(latest_.kept) + " scans on file"
+                                                      : "Run ended, " + written + " scans on file");
     parts_.ended();
 }
 
