@@ -8,6 +8,16 @@
 
 namespace tarvik {
 
+namespace {
+
+QString endWords(long kept, long written) {
+    if (written <= 0) return "Run ended, nothing on file";
+    const QString all = written < kept ? QString(" of %1").arg(kept) : QString();
+    return QString("Run ended, %1%2 scans on file").arg(written).arg(all);
+}
+
+} // namespace
+
 void ScreenRunView::requestStop() {
     stop_ = true;
     parts_.stopping();
@@ -110,11 +120,7 @@ void ScreenRunView::runEnded(const Path&, long scansWritten) {
     instrument.setDirection(std::nullopt);
     instrument.showPoweredDown();
     instrument.hideScans();
-    const auto written = QString::number(scansWritten);
-    instrument.showIdle(scansWritten <= 0             ? QString("Run ended, nothing on file")
-                        : scansWritten < latest_.kept ? "Run ended, " + written + " of " +
-                                                            QString::number(latest_.kept) + " scans on file"
-                                                      : "Run ended, " + written + " scans on file");
+    instrument.showIdle(endWords(latest_.kept, scansWritten));
     parts_.ended();
 }
 
