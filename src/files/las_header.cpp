@@ -180,12 +180,13 @@ void takeKeys(KeySearch& search, std::string_view block, LasHeader& header, LasF
     if (start.unit.find('\t') != npos)
         findings.say(start.line, "a tab stands behind the unit of STRT, which goes on to the next blank");
     const KeySearch::Found stop = search.find("STOP", findings);
-    facts.stop = takeNumber(stop, "STOP", findings);
-    noteOtherLasUnit("STOP", stop.unit, start.unit, stop.line, findings);
+    const double stopGiven = takeNumber(stop, "STOP", findings);
+    facts.stop = inUnitOfStart({"STOP", stopGiven, stop.unit, stop.line}, start.unit, findings);
     const KeySearch::Found step = search.find("STEP", findings);
-    facts.step = takeNumber(step, "STEP", findings);
-    noteOtherLasUnit("STEP", step.unit, start.unit, step.line, findings);
-    facts.stepText = plainLasText(fromAnsi(step.value));
+    const double stepGiven = takeNumber(step, "STEP", findings);
+    facts.step = inUnitOfStart({"STEP", stepGiven, step.unit, step.line}, start.unit, findings);
+    facts.stepText = facts.step != stepGiven && std::isfinite(stepGiven) ? shortestNumber(facts.step)
+                                                                         : plainLasText(fromAnsi(step.value));
     takeNull(search.find("NULL", findings), facts, findings);
     const auto text = [&](std::string_view key) {
         return takeText(search.find(key, findings), block, key, findings);

@@ -1,5 +1,6 @@
 #include "files/las_tolerant_header.h"
 
+#include "base/number_picture.h"
 #include "base/text.h"
 #include "files/las_header_line.h"
 #include "files/las_units.h"
@@ -204,6 +205,8 @@ class TolerantHeader {
             line.number = *mended;
             return leadingNumber(*mended);
         }
+        if (line.number.empty() && line.line > 0 && key != null)
+            findings_.say(line.line, name + " holds no number");
         if (!line.number.empty() && leadingLasNumber(line.number))
             findings_.say(line.line,
                           name + " holds more than a number, it is not used: " + line.number.substr(0, 80));
@@ -215,11 +218,15 @@ class TolerantHeader {
         header_.startLine = keys_[strt].line;
         facts.depthUnit = keys_[strt].unit;
         facts.start = number(strt);
-        facts.stop = number(stop);
-        facts.step = number(step);
-        facts.stepText = keys_[step].number;
-        for (const Key key : {stop, step})
-            noteOtherLasUnit(keyNames[key], keys_[key].unit, facts.depthUnit, keys_[key].line, findings_);
+        const auto inUnit = [&](Key key, double given) {
+            return inUnitOfStart({keyNames[key], given, keys_[key].unit, keys_[key].line}, facts.depthUnit,
+                                 findings_);
+        };
+        facts.stop = inUnit(stop, number(stop));
+        const double stepGiven = number(step);
+        facts.step = inUnit(step, stepGiven);
+        const bool converted = facts.step != stepGiven && std::isfinite(stepGiven);
+        facts.stepText = converted ? shortestNumber(facts.step) : keys_[step].number;
         const double noValueNumber = number(null);
         facts.nullText = keys_[null].number;
         facts.hasNull = !std::isnan(noValueNumber);
@@ -284,6 +291,7 @@ LasHeader readTolerantLasHeader(LasLines& lines, LasFindings& findings) {
     while (lines.next(line)) {
         if (!header.take(line)) return header.finish(line.number);
     }
+    if (line.number == 0) refuse(1, "the file is empty");
     refuse(line.number, "the file ends without a data section (\"~A\")");
 }
 

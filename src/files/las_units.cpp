@@ -86,13 +86,13 @@ std::optional<DepthUnits> lasDepthUnits(std::string_view text) {
     return std::nullopt;
 }
 
-void noteOtherLasUnit(std::string_view key, std::string_view unit, std::string_view ofStart, std::size_t line,
-                      LasFindings& findings) {
-    const auto own = lasDepthUnits(unit);
+double inUnitOfStart(const LasNumber& given, std::string_view ofStart, LasFindings& findings) {
+    const auto own = lasDepthUnits(given.unit);
     const auto start = lasDepthUnits(ofStart);
-    if (!own || !start || *own == *start) return;
-    findings.say(line, std::string(key) + " is in " + inQuotes(unit) + ", STRT in " + inQuotes(ofStart) +
-                           ": its number is not converted");
+    if (!own || !start || *own == *start || !std::isfinite(given.number)) return given.number;
+    findings.say(given.line, std::string(given.key) + " is in " + inQuotes(given.unit) + ", STRT in " +
+                                 inQuotes(ofStart) + ": converted with 0.3048 m to the foot");
+    return fromMetres(toMetres(given.number, *own), *start);
 }
 
 void settleLasDepthUnit(const LasHeader& header, ReviewLog& review, LasFindings& findings) {

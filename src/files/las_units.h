@@ -12,9 +12,15 @@ namespace tarvik {
 /// "M", "metres", "FT.", "Feet" ...; nothing for a unit that is neither.
 [[nodiscard]] std::optional<DepthUnits> lasDepthUnits(std::string_view text);
 
-/// Says when STOP or STEP (`key`) is in feet and STRT in metres, or the reverse.
-void noteOtherLasUnit(std::string_view key, std::string_view unit, std::string_view ofStart, std::size_t line,
-                      LasFindings& findings);
+/// STOP or STEP as the header has it.
+struct LasNumber {
+    std::string_view key;
+    double number = 0;
+    std::string_view unit;
+    std::size_t line = 0;
+};
+/// In the unit of STRT; converted, and said, where one is in feet and the other in metres.
+[[nodiscard]] double inUnitOfStart(const LasNumber& given, std::string_view ofStart, LasFindings& findings);
 
 /// Settles the unit of the loaded depths: the one of STRT, else the index's own. Where the two differ and
 /// STRT, STOP or STEP shows that the index is in its own, the depths are converted with 0.3048. A unit that

@@ -51,6 +51,19 @@ Descriptor openOrThrow(const Path& file, int flags, DiskAction action) {
     return opened;
 }
 
+/// A pipe would keep its reader waiting for ever, some devices have no end.
+Descriptor openForReading(const Path& file) {
+    Descriptor opened = openOrThrow(file, O_RDONLY | O_NONBLOCK, DiskAction::read);
+    struct stat status {};
+    if (::fstat(opened.number(), &status) != 0) throw diskFailure(file, DiskAction::read, errno);
+    if (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) {
+        throw Failure(ErrorNumber::badFile,
+                      file.string() +
+                          ": is a pipe or a device; copy what it holds into a file and read that");
+    }
+    return opened;
+}
+
 struct stat statusOf(const Path& file) {
     struct stat status {};
     if (::stat(file.c_str(), &status) != 0) throw diskFailure(file, DiskAction::look, errno);
@@ -139,7 +152,7 @@ CivilTime DiskFiles::modified(const Path& file) const {
 }
 
 Bytes DiskFiles::read(const Path& file) const {
-    const Descriptor in = openOrThrow(file, O_RDONLY, DiskAction::read);
+    const Descriptor in = openForReading(file);
     constexpr std::size_t spare = 4096; // one read finds the end of a file that does not grow meanwhile
     Bytes bytes(static_cast<std::size_t>(sizeOf(in)) + spare);
     std::size_t length = 0;
@@ -156,7 +169,7 @@ Bytes DiskFiles::read(const Path& file) const {
 }
 
 Bytes DiskFiles::readPart(const Path& file, std::uint64_t offset, std::size_t length) const {
-    const Descriptor in = openOrThrow(file, O_RDONLY, DiskAction::read);
+    const Descriptor in = openForReading(file);
     const std::uint64_t size = sizeOf(in);
     Bytes bytes(static_cast<std::size_t>(std::min<std::uint64_t>(length, size - std::min(offset, size))));
     std::size_t done = 0;

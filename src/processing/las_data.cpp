@@ -69,10 +69,15 @@ double evenStep(const std::vector<double>& depth) {
     return std::max(step, 0.0);
 }
 
-void warnOfRounding(double step, const ExportList& list) {
-    if (std::abs(step * 100 - std::round(step * 100)) <= sameDepth) return;
-    tell(list, "Warning: the step " + formatPicture(step, "###0.0##") +
-                   " is no multiple of 0.01, depths are rounded");
+void warnOfRounding(double step, const std::vector<double>& depth, const ExportList& list) {
+    const auto off = [](double value) { return std::abs(value - std::round(value * 100) / 100); };
+    constexpr double noted = 0.0004; // more than a single loses of 10,000 m, less than a thousandth
+    if (off(step) * 100 > sameDepth) {
+        tell(list, "Warning: the step " + shortestNumber(std::round(step * 1e6) / 1e6) +
+                       " is no multiple of 0.01, depths are rounded");
+    } else if (std::ranges::any_of(depth, [&](double each) { return off(each) > noted; })) {
+        tell(list, "Warning: depths have more than two decimals, they are rounded");
+    }
 }
 
 // --- channels ----------------------------------------------------------------------------------------------
@@ -243,7 +248,7 @@ LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options, co
         select(data, log.depth);
         data.well.step = log.las ? lasHeaderStep(*log.las, data.depth) : evenStep(data.depth);
     }
-    warnOfRounding(data.well.step, list);
+    warnOfRounding(data.well.step, data.depth, list);
     warnOfNullsAmongValues(data, options.decimals, list);
     return data;
 }

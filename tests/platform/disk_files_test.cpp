@@ -96,6 +96,13 @@ TEST_F(DiskFilesTest, WhatIsWrittenIsReadBack) {
     EXPECT_EQ(text(file_), large);
 }
 
+TEST_F(DiskFilesTest, APipeIsNotWaitedFor) {
+    const Path pipe = folder_ / "pipe.las";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_THROW((void)files_.read(pipe), Failure);
+    EXPECT_THROW((void)files_.readPart(pipe, 0, 10), Failure);
+}
+
 /// Disk and memory refuse the same: code tested on the one behaves so on the other.
 TEST_F(DiskFilesTest, NothingGrowsByAPatchOrACut) {
     MemoryFiles memory;
