@@ -195,6 +195,23 @@ void select(LasData& data, std::span<const double> loaded) {
     }
 }
 
+void warnOfLetters(std::string_view text, const ExportList& list) {
+    if (fromAnsi(inLasFile(text)) == trimmed(text)) return;
+    tell(list, "Warning: \"" + std::string(trimmed(text)) + "\" is written as \"" +
+                   fromAnsi(inLasFile(text)) + "\", the file cannot hold all of its letters");
+}
+
+void warnOfTexts(const ReviewLog& log, const LasData& data, const ExportList& list) {
+    const HoleDetails& hole = log.header.hole;
+    for (const std::string& text : {hole.company, hole.holeId, hole.prospect, hole.coordinates, hole.area,
+                                    hole.contractor, data.well.unit})
+        warnOfLetters(text, list);
+    for (const LasCurve& curve : data.curves) {
+        warnOfLetters(curve.name, list);
+        warnOfLetters(curve.unit, list);
+    }
+}
+
 /// Without a null of its own, an imported file may hold the number that stands for no value here.
 void warnOfNullsAmongValues(const LasData& data, int decimals, const ExportList& list) {
     constexpr double readAsNull = 1e-4;
@@ -206,8 +223,9 @@ void warnOfNullsAmongValues(const LasData& data, int decimals, const ExportList&
                    std::abs(std::round(static_cast<double>(value) * scale) / scale - null) <= readAsNull;
         });
         if (count == 0) continue;
-        tell(list, "Warning: " + std::to_string(count) + " values of " + data.curves[i].name +
-                       " are the null value " + std::string(data.well.nullText) +
+        tell(list, "Warning: " + std::to_string(count) + (count == 1 ? " value of " : " values of ") +
+                       data.curves[i].name + (count == 1 ? " is" : " are") + " the null value " +
+                       std::string(data.well.nullText) +
                        " and will be read as no value, choose another null value");
     }
 }
@@ -249,6 +267,7 @@ LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options, co
         data.well.step = log.las ? lasHeaderStep(*log.las, data.depth) : evenStep(data.depth);
     }
     warnOfRounding(data.well.step, data.depth, list);
+    warnOfTexts(log, data, list);
     warnOfNullsAmongValues(data, options.decimals, list);
     return data;
 }

@@ -40,11 +40,11 @@ std::string depthField(double depth) {
 }
 
 std::string holeText(std::string_view text) {
-    return padded(toAnsi(trimmed(text)), holeTextWidth);
+    return padded(inLasFile(text), holeTextWidth);
 }
 
 std::string nameOf(const LasCurve& curve) {
-    return toAnsi(trimmed(curve.name));
+    return inLasFile(curve.name);
 }
 
 void addCurve(std::string& text, std::string_view name, std::string_view unit, std::size_t number) {
@@ -53,6 +53,12 @@ void addCurve(std::string& text, std::string_view name, std::string_view unit, s
 }
 
 } // namespace
+
+std::string inLasFile(std::string_view text) {
+    std::string ansi = toAnsi(trimmed(text));
+    std::ranges::replace(ansi, '~', '-');
+    return ansi;
+}
 
 std::string_view lasDepthUnit(DepthUnits units) {
     return units == DepthUnits::metres ? "M" : "FT";
@@ -65,7 +71,7 @@ std::string lasVersionSection() {
 }
 
 std::string lasWellSection(const LasWell& well, const HoleDetails& hole, std::string_view date) {
-    const std::string unit = toAnsi(well.unit);
+    const std::string unit = inLasFile(well.unit);
     std::string text = "~Well Information Section\r\n"
                        "#MNEM.UNIT      VALUE/NAME      DESCRIPTION\r\n"
                        "#--------     --------------   ---------------------\r\n";
@@ -89,8 +95,8 @@ std::string lasCurveSection(std::string_view depthUnit, std::span<const LasCurve
                        "#MNEM.UNIT                               CURVE DESCRIPTION\r\n"
                        "#-------------                           -----------------\r\n";
     std::size_t number = 1;
-    addCurve(text, "Depth", toAnsi(depthUnit), number);
-    for (const LasCurve& curve : curves) addCurve(text, nameOf(curve), toAnsi(trimmed(curve.unit)), ++number);
+    addCurve(text, "Depth", inLasFile(depthUnit), number);
+    for (const LasCurve& curve : curves) addCurve(text, nameOf(curve), inLasFile(curve.unit), ++number);
     return text;
 }
 
@@ -114,8 +120,8 @@ std::string lasParameterSection(std::string_view azimuth, std::string_view incli
     std::string text = "~Parameter Information Section\r\n"
                        "#MNEM.UNIT         VALUE            DESCRIPTION\r\n"
                        "#-----------     --------------   ---------------------\r\n";
-    addLine(text, {"HOLEAZIM.DEG        ", toAnsi(azimuth), "               : Hole azimuth"});
-    addLine(text, {"HOLEINCL.DEG        ", toAnsi(inclination), "               : Hole inclination"});
+    addLine(text, {"HOLEAZIM.DEG        ", inLasFile(azimuth), "               : Hole azimuth"});
+    addLine(text, {"HOLEINCL.DEG        ", inLasFile(inclination), "               : Hole inclination"});
     return text;
 }
 

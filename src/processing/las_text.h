@@ -27,6 +27,10 @@ struct LasCurve {
     std::optional<int> filter; ///< window length in points; nothing: raw data
 };
 
+/// A text as it stands in the file: without blanks around it, "?" for letters that the code page has not, and
+/// "-" for "~", which begins a section wherever it stands in a line.
+[[nodiscard]] std::string inLasFile(std::string_view text);
+
 /// "M" or "FT".
 [[nodiscard]] std::string_view lasDepthUnit(DepthUnits units);
 

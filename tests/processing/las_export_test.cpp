@@ -183,9 +183,8 @@ TEST(LasExport, ValuesThatWillReadAsNoValueAreWarnedOf) {
     Export las;
     las.log.channels[0].values = {6, -999.25F, -999.26F, noValue()};
     ASSERT_TRUE(las.run({}));
-    EXPECT_THAT(las.list,
-                ::testing::Contains("Warning: 1 values of Speed are the null value -999.25 and will "
-                                    "be read as no value, choose another null value"));
+    EXPECT_THAT(las.list, ::testing::Contains("Warning: 1 value of Speed is the null value -999.25 and will "
+                                              "be read as no value, choose another null value"));
 }
 
 TEST(LasExport, TheLastRegularStepIsNotLostToRounding) {

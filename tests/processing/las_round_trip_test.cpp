@@ -5,6 +5,7 @@
 #include "platform/virtual_clock.h"
 #include "processing/las_again.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -144,6 +145,28 @@ TEST(LasRoundTrip, NoNameTurnsIntoASectionOrAComment) {
     const std::string first = road.again(true);
     EXPECT_NE(first.find("\r\nA 1."), std::string::npos);
     EXPECT_EQ(road.again(true), first);
+}
+
+/// A section begins at "~" wherever it stands: none of our texts may hold one. What is changed is said.
+TEST(LasRoundTrip, TextsThatWouldBeginASectionAreChangedAndSaid) {
+    Road road;
+    ReviewLog log = run(DepthUnits::metres, 5);
+    log.header.hole.company = "Acme ~A";
+    log.header.hole.area = "~C\u03a9";
+    log.channels[0].name = "T~C.G";
+    log.channels[0].unit = "~A\u03a9";
+    std::vector<std::string> said;
+    EXPECT_TRUE(LasExport(road.trap, road.files)
+                    .Logprintexport_exportLASfile(log, "out.las", {},
+                                                  [&](std::string_view line) { said.emplace_back(line); }));
+    for (const char* warning : {"\"Acme ~A\" is written as \"Acme -A\"", "\"-C?\"", "\"T-C.G\"", "\"-A?\""})
+        EXPECT_THAT(said, ::testing::Contains(::testing::HasSubstr(warning)));
+    const std::string first = road.files.text("out.las");
+    const auto read = road.reader.LASfileopen("out.las").log;
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->channels.size(), log.channels.size());
+    EXPECT_EQ(read->steps(), 5U);
+    EXPECT_EQ(road.again(false), first);
 }
 
 /// The unit of an index that is no depth is neither lost nor turned into another.
