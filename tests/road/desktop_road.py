@@ -48,11 +48,7 @@ def sets_up(screen, pictures):
 
 
 def finds_the_box(screen, truck, pictures):
-    screen.key("F7")
-    screen.wait_for_window("Equipment of the next run")
-    screen.picture(pictures, "equipment")
-    screen.key("Return")
-    screen.wait_for_window("Tarvik")
+    screen.acquire(lambda: screen.picture(pictures, "equipment"))
     screen.key("alt+p")
     screen.type("12.5")
     screen.key("alt+d")
@@ -166,10 +162,7 @@ def closes_in_a_run(screen, truck, program):
     """Of the three ways out the one in a hurry: what is kept is on file, and the tool is powered down."""
     second = truck.run_file.with_name("DH-104_K240_02.kvx")
     screen.wait_for_window("Tarvik")
-    screen.key("F7")
-    screen.wait_for_window("Equipment of the next run")
-    screen.key("Return")
-    screen.wait_for_window("Tarvik")
+    screen.acquire()
     screen.key("F9")
     screen.wait_for_window("Append or start a new run")
     screen.key("Return")

@@ -64,6 +64,14 @@ class Screen:
         wait_for(lambda: self.title() == title, f"no window \"{title}\" came up, but \"{self.title()}\"")
         time.sleep(0.5)
 
+    def acquire(self, at_equipment=lambda: None):
+        """Searches for the LCU and takes tool and winch as they are."""
+        self.key("F7")
+        self.wait_for_window("Equipment of the next run")
+        at_equipment()
+        self.key("Return")
+        self.wait_for_window("Tarvik")
+
     def picture(self, folder, name):
         if folder and shutil.which("import"):
             shot = subprocess.run(["import", "-window", "root", "png:-"], env=self.environment, capture_output=True)
