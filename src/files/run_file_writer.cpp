@@ -51,6 +51,7 @@ void RunFileWriter::continueFile(const Path& file, const RunHeader& header) {
     units_ = header.setup.units;
     channels_ = header.channels.size() - 1;
     written_ = {};
+    lost_ = 0;
     held_.clear();
     held_.reserve(recordLength()); // saving a scan allocates nothing while the file can be written
 }
@@ -69,7 +70,7 @@ std::string RunFileWriter::LCU_SaveScan(const KeptScan& scan) {
             level = 1; // appending
             appendHeld();
         } catch (const Failure& error) {
-            if (failedBefore && level == 1) return std::string();
+            if (failedBefore && (level == 1 || lost_ > 1)) return std::string();
             throw withScan(error, scan);
         }
         return formatPicture(written_.lastDepth, "#,##0.00");
@@ -92,7 +93,11 @@ void RunFileWriter::hold(const KeptScan& scan) {
     }
     const auto record = std::span(record_).first(recordLength());
     encodeScan(record, scan, units_);
-    if (held_.size() + record.size() > mostHeldBytes) appendHeld();
+    if (held_.size() + record.size() > mostHeldBytes) {
+        ++lost_;
+        appendHeld();
+        --lost_;
+    }
     held_.insert(held_.end(), record.begin(), record.end());
 }
 

@@ -49,8 +49,11 @@ class RunFileWriter {
     /// or a full disk has it held, which is reported once until scans can be written again.
     std::string LCU_SaveScan(const KeptScan& scan);
 
-    /// Scans held. About four megabytes of them at most; those beyond are lost, each with a report.
+    /// Scans held. About four megabytes of them at most; those beyond are lost.
     [[nodiscard]] std::size_t held() const { return held_.size() / recordLength(); }
+    /// Scans that could neither be written nor held, since the file was made the current one. The first is
+    /// reported, the others only counted.
+    [[nodiscard]] std::int64_t lost() const { return lost_; }
     /// A last try to write them. True when none is left.
     bool writeHeld();
 
@@ -75,6 +78,7 @@ class RunFileWriter {
     std::size_t channels_ = 0;
     std::array<std::uint8_t, run_file::scanLength(maxChannels)> record_{};
     WrittenScans written_;
+    std::int64_t lost_ = 0;
     Bytes held_; ///< whole records; between two scans empty unless the file cannot be written
 };
 

@@ -207,11 +207,14 @@ WrittenScans LoggingRun::written() const {
 
 bool LoggingRun::writeHeld() {
     const std::string held = std::to_string(modules_.writer.held());
+    if (const std::int64_t lost = modules_.writer.lost(); lost > 0)
+        modules_.log.red(std::to_string(lost) + " scans were lost: " + run_.file.filename().string() +
+                         " could not be written, and no more of them could be held");
     if (modules_.writer.writeHeld()) {
         if (held != "0")
             modules_.log.black(run_.file.filename().string() + ": " + held +
                                " scans that were held are written");
-        return true;
+        return modules_.writer.lost() == 0;
     }
     const std::string lost =
         std::to_string(modules_.writer.held()) + " scans could not be written to " + run_.file.string();

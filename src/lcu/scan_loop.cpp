@@ -191,9 +191,11 @@ void ScanLoop::store(KeptScanView& shown) {
     shown.savedDepth = saved;
     modules_.view.scanKept(shown);
     if (!saved.empty()) return say(KeepingState::kept, {});
-    say(KeepingState::writeFailed, modules_.writer.held() > 0
-                                       ? "the run file cannot be written; scans are held until it can"
-                                       : "the scan could not be written, see the error log");
+    say(KeepingState::writeFailed,
+        modules_.writer.held() == 0 ? "the scan could not be written, see the error log"
+        : modules_.writer.lost() > 0
+            ? "the run file cannot be written and no more scans can be held: they are lost"
+            : "the run file cannot be written; scans are held until it can");
 }
 
 /// A scan between two samples is nothing to speak of; one that can never become a sample is.

@@ -267,9 +267,10 @@ TEST(RunFileWriter, HoldsFourMegabytesOfScans) {
     RunFiles run;
     run.writer.LCU_SetupFileHeader(runFile, runHeader());
     run.files.failWritesAfter = 0;
-    for (int scan = 1; scan <= 100'001; ++scan) run.save(scan * 0.01);
+    for (int scan = 1; scan <= 100'003; ++scan) run.save(scan * 0.01);
     EXPECT_EQ(run.writer.held(), 100'000U);
-    EXPECT_EQ(run.errors.reports.size(), 2U) << "the full disk, and the scan that was lost";
+    EXPECT_EQ(run.writer.lost(), 3);
+    EXPECT_EQ(run.errors.reports.size(), 2U) << "the full disk, and the first scan that was lost";
     run.files.failWritesAfter = 100;
     run.save(1001);
     EXPECT_EQ(run.files.size(runFile), 26188U + 40 * 100'001);
