@@ -5,6 +5,7 @@
 #include "base/limits.h"
 #include "base/run_header.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -25,9 +26,15 @@ struct ReviewChannel {
     std::optional<int> filteredOver{}; ///< points of the filter that a LAS file says its values went through
 };
 
+/// Least and greatest depth: a log may go back on itself.
+struct DepthExtent {
+    double from = 0;
+    double to = 0;
+};
+
 struct ReviewLog {
     RunHeader header;
-    std::vector<double> depth; ///< in `header.setup.units`, increasing
+    std::vector<double> depth; ///< in `header.setup.units`; increasing but for a tool that went back
     /// The index of a LAS file may count something else than metres or feet; its unit, which may be blank,
     /// then stands here, and `header.setup.units` means nothing.
     std::optional<std::string> otherDepthUnit;
@@ -45,6 +52,12 @@ struct ReviewLog {
     bool truncated = false;       ///< more steps than the arrays hold
 
     [[nodiscard]] std::size_t steps() const { return depth.size(); }
+    /// Both 0 without steps.
+    [[nodiscard]] DepthExtent extent() const {
+        if (depth.empty()) return {};
+        const auto [least, most] = std::ranges::minmax(depth);
+        return {least, most};
+    }
     /// The step that was logged as the i-th: an up-log was turned round, its last scan stands first.
     [[nodiscard]] std::size_t asLogged(std::size_t i) const { return reversed ? steps() - 1 - i : i; }
     /// "Metres", "Feet" or the index's own unit.

@@ -47,8 +47,8 @@ void printLasJson(const Path& file, const ReviewLog& log) {
     object.add("interval", facts.step);
     object.raw("direction", "null");
     object.add("scans", static_cast<double>(log.steps()));
-    object.raw("depth_from", log.steps() == 0 ? "null" : jsonNumber(log.depth.front()));
-    object.raw("depth_to", log.steps() == 0 ? "null" : jsonNumber(log.depth.back()));
+    object.raw("depth_from", log.steps() == 0 ? "null" : jsonNumber(log.extent().from));
+    object.raw("depth_to", log.steps() == 0 ? "null" : jsonNumber(log.extent().to));
     object.raw("record_length", "null");
     object.add("skipped_scans", static_cast<double>(facts.droppedRows));
     object.add("partial_bytes", static_cast<double>(facts.fragmentBytes));
@@ -70,8 +70,8 @@ void printLasText(const Path& file, const ReviewLog& log) {
               << ", no value: " << (facts.hasNull ? facts.nullText : "none") << "\n"
               << "Steps      " << log.steps();
     if (log.steps() > 0) {
-        std::cout << ", depth " << depthText(log.depth.front()) << " to " << depthText(log.depth.back())
-                  << " " << log.depthUnit();
+        std::cout << ", depth " << depthText(log.extent().from) << " to " << depthText(log.extent().to) << " "
+                  << log.depthUnit();
     }
     std::cout << "\n";
     if (facts.droppedRows > 0) std::cout << "Dropped    " << facts.droppedRows << " rows\n";

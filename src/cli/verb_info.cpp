@@ -61,7 +61,7 @@ void printJson(const RunFacts& facts) {
     const RunHeader& header = facts.info.header;
     const auto depthOr = [&](bool first) -> std::string {
         if (facts.log.steps() == 0) return "null";
-        return jsonNumber(first ? facts.log.depth.front() : facts.log.depth.back());
+        return jsonNumber(first ? facts.log.extent().from : facts.log.extent().to);
     };
     JsonObject object;
     object.add("file", facts.file.string());

@@ -32,8 +32,8 @@ std::string unitLetter(const ReviewLog& log) {
 
 std::string intervalText(const ReviewLog& log) {
     if (log.steps() == 0) return "no depth on file";
-    const auto [least, most] = std::ranges::minmax_element(log.depth);
-    return formatPicture(*least, "0.00") + " to " + formatPicture(*most, "0.00") + unitLetter(log);
+    const DepthExtent logged = log.extent();
+    return formatPicture(logged.from, "0.00") + " to " + formatPicture(logged.to, "0.00") + unitLetter(log);
 }
 
 /// A LAS file says nothing of calibrations, sampling, tool or winch: blank fields for them would

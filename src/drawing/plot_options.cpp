@@ -48,11 +48,6 @@ std::string textOf(const Files& files, const Path& file) {
     return {bytes.begin(), bytes.end()};
 }
 
-std::pair<double, double> extentOfDepths(const ReviewLog& log) {
-    const auto [least, most] = std::ranges::minmax_element(log.depth);
-    return {*least, *most};
-}
-
 LogDisplay displayFrom(const Arguments& arguments, const ReviewLog& log, const LogData& data,
                        const Files& files) {
     const Scheme scheme = *schemeNamed(arguments.oneOf("--scheme", schemeNames).value_or("paper"));
@@ -100,7 +95,7 @@ LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Files
     sheet.withHeading = !arguments.has("--no-heading");
     sheet.heading = headingOf(log, sheet.display, scaleInWords(scale));
     const DepthUnits units = log.header.setup.units;
-    const auto [first, last] = log.depth.empty() ? std::pair(0.0, 0.0) : extentOfDepths(log);
+    const auto [first, last] = log.extent();
     sheet.from = toMetres(arguments.number("--from").value_or(first), units);
     sheet.to = toMetres(arguments.number("--to").value_or(last), units);
     if (sheet.to <= sheet.from && first >= last) {

@@ -64,11 +64,10 @@ ReviewActions::ReviewActions(ReviewSession& session, Program& program, IntroScre
 std::string ReviewActions::jumpTo(double depth) {
     const ReviewLog* const log = session_.log();
     if (log == nullptr || log->depth.empty()) return {};
-    const auto [least, most] = std::ranges::minmax_element(log->depth);
-    if (depth < *least || depth > *most) {
-        return "The log runs from " + formatPicture(*least, "0.00") + " to " + formatPicture(*most, "0.00") +
+    const auto [least, most] = log->extent();
+    if (depth < least || depth > most)
+        return "The log runs from " + formatPicture(least, "0.00") + " to " + formatPicture(most, "0.00") +
                ".";
-    }
     screen_.picture().jumpTo(toMetres(depth, log->header.setup.units));
     screen_.reviewPages().setCurrentWidget(&screen_.picture());
     return {};

@@ -34,7 +34,7 @@ QString factsOf(const ReviewLog& log, const QString& file) {
         row("Logged", qt(header.runDate + " " + header.startTime)) +
         row("Scans", QString::number(log.steps()));
     if (log.steps() > 0) {
-        rows += row("Depth", depthText(log.depth.front()) + " to " + depthText(log.depth.back()) + " " +
+        rows += row("Depth", depthText(log.extent().from) + " to " + depthText(log.extent().to) + " " +
                                  qt(log.depthUnit()));
     }
     const auto counts =
