@@ -37,13 +37,20 @@ class Screen:
 
     def __init__(self, folder, size="1280x800"):
         self.environment = {**os.environ, "XDG_RUNTIME_DIR": str(folder), "QT_QPA_PLATFORM": "xcb"}
+        for _ in range(5):  # of servers that start at the same time two may take the same number
+            self.start_server(size)
+            if self.tool("getdisplaygeometry").returncode == 0:
+                break
+            self.server.kill()
+        self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
+
+    def start_server(self, size):
         reader, writer = os.pipe()
         self.server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{size}x24"],
                                        pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
         with os.fdopen(reader) as number:  # to the end of the line: a server that cannot write it all gives up
             self.environment["DISPLAY"] = ":" + number.readline().strip()
-        self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
 
     def tool(self, *words):
         return subprocess.run(["xdotool", *map(str, words)], env=self.environment, capture_output=True, text=True)
