@@ -52,6 +52,11 @@ DisplayView showingAll(const DisplayView& view, const Extent& extent, double bod
     return all;
 }
 
+double edgeRoom(const DisplayView& view) {
+    constexpr double millimetres = 2;
+    return millimetres * view.perMillimetre;
+}
+
 DisplayView heldInside(const DisplayView& view, const LogData& data, double bodyHeight) {
     return heldInside(view, extentOf(data, view.axis), bodyHeight);
 }
@@ -60,8 +65,9 @@ DisplayView heldInside(const DisplayView& view, const Extent& extent, double bod
     DisplayView held = view;
     const double all = 2 * (extent.to - extent.from) * view.unitsPerMillimetre / std::max(1.0, bodyHeight);
     held.perMillimetre = std::clamp(view.perMillimetre, closest, std::max(furthestOut, all));
-    const double furthest = std::max(extent.from, extent.to - bodyHeight / held.unitsPer());
-    held.top = std::clamp(view.top, extent.from, furthest);
+    const double first = extent.from - edgeRoom(held);
+    const double last = extent.to + edgeRoom(held) - bodyHeight / held.unitsPer();
+    held.top = std::clamp(view.top, first, std::max(first, last));
     return held;
 }
 

@@ -27,8 +27,11 @@ struct Extent {
 /// The whole log in the body.
 [[nodiscard]] DisplayView showingAll(const DisplayView& view, const LogData& data, double bodyHeight);
 [[nodiscard]] DisplayView showingAll(const DisplayView& view, const Extent& extent, double bodyHeight);
-/// Between 1:1 and twice the whole log in the body, and never further than the ends of the log at its edges;
-/// a log shorter than the body starts at its top.
+/// Kept free beyond either end of a log, in metres (or seconds): its first number and a single scan are seen
+/// whole.
+[[nodiscard]] double edgeRoom(const DisplayView& view);
+/// Between 1:1 and twice the whole log in the body, and never further than that room beyond its ends; a log
+/// shorter than the body starts at its top.
 [[nodiscard]] DisplayView heldInside(const DisplayView& view, const LogData& data, double bodyHeight);
 [[nodiscard]] DisplayView heldInside(const DisplayView& view, const Extent& extent, double bodyHeight);
 

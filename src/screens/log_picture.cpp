@@ -56,7 +56,7 @@ LogPicture::LogPicture() : bar_(new QScrollBar(Qt::Vertical, this)), readings_(n
     readings_->setParent(this);
     readings_->hide();
     connect(bar_, &QScrollBar::valueChanged, this, [this](int value) {
-        view_.top = extent().from + value / view_.unitsPer();
+        view_.top = extent().from - edgeRoom(view_) + value / view_.unitsPer();
         redraw();
     });
 }
@@ -71,7 +71,7 @@ void LogPicture::setLog(const ReviewLog* log, std::vector<DepthMark> notes) {
     painter_ = log == nullptr ? nullptr : std::make_unique<LogPainter>();
     history_ = DisplayHistory(log == nullptr ? LogDisplay{} : usualDisplay());
     view_ = viewAtScale(firstScale, logicalDpiY());
-    view_.top = extent().from;
+    view_.top = extent().from - edgeRoom(view_);
     readings_->setVisible(log != nullptr);
     readings_->setLegend({});
     readings_->showReadings({}, {});
@@ -185,12 +185,13 @@ void LogPicture::moveTo(const DisplayView& view) {
     if (zoomed || view.top != view_.top) showsAll_ = false;
     view_ = heldInside(view, extent(), bodyHeight());
     const Extent all = extent();
-    const double beyond = (all.to - all.from) * view_.unitsPer() - bodyHeight();
+    const double first = all.from - edgeRoom(view_);
+    const double beyond = (all.to + edgeRoom(view_) - first) * view_.unitsPer() - bodyHeight();
     const QSignalBlocker quiet(bar_);
     bar_->setRange(0, static_cast<int>(std::clamp(std::ceil(beyond), 0.0, 1e9)));
     bar_->setPageStep(static_cast<int>(std::max(1.0, bodyHeight())));
     bar_->setSingleStep(lineUnits);
-    bar_->setValue(static_cast<int>(std::lround((view_.top - all.from) * view_.unitsPer())));
+    bar_->setValue(static_cast<int>(std::lround((view_.top - first) * view_.unitsPer())));
     redraw();
     if (pointer_) showReadings(*pointer_ - headHeight());
     if (zoomed && changed_) changed_();

@@ -45,7 +45,7 @@ void LogPicture::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Minus:
         return moveTo(zoomed(view_, 1 / zoomStep, bodyHeight() / 2));
     case Qt::Key_Home:
-        view.top = extent().from;
+        view.top = extent().from - edgeRoom(view);
         return moveTo(view);
     case Qt::Key_End:
         view.top = extent().to;
