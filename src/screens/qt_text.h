@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -25,7 +26,8 @@ namespace tarvik {
 
 /// A scale as it is spoken of, 200 as "1:200"; small ones with a tenth.
 [[nodiscard]] inline QString scaleText(double scale) {
-    return "1:" + qt(formatPicture(scale, scale < 10 ? "0.#" : "0"));
+    const bool tenths = scale < 9.95 && std::abs(scale - std::round(scale)) >= 0.05;
+    return "1:" + qt(formatPicture(scale, tenths ? "0.0" : "0"));
 }
 
 } // namespace tarvik

@@ -3,6 +3,7 @@
 #include "screens/frm_print.h"
 #include "screens/frm_track.h"
 #include "screens/intro_screen.h"
+#include "screens/qt_text.h"
 #include "screens/readings_strip.h"
 #include "screens/review_log.h"
 #include "screens/review_session.h"
@@ -105,6 +106,13 @@ TEST(LogPictureTest, PointerAndKeysMoveZoomAndRead) {
     const QStringList below = readings.texts();
     QTest::keyClick(&on.picture, Qt::Key_Home);
     EXPECT_NE(readings.texts(), below) << "the paper has moved under the pointer";
+}
+
+TEST(LogPictureTest, ZoomingEndsAtTrueSize) {
+    Light on;
+    for (int i = 0; i < 40; ++i) QTest::keyClick(&on.picture, Qt::Key_Plus);
+    EXPECT_EQ(plain(scaleText(on.picture.scale())), "1:1");
+    EXPECT_EQ(plain(scaleText(2.5)), "1:2.5");
 }
 
 TEST(LogPictureTest, EveryOfTwentyCurvesHasItsPlaceInTheReadings) {
