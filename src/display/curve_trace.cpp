@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 namespace tarvik {
 
@@ -91,24 +93,57 @@ class LineBuilder {
     bool begun_ = false;
 };
 
+/// The steps whose lines can be seen within the band, for a curve that has a value every `stride` steps.
+std::pair<std::size_t, std::size_t> stepsOf(const RowIndex& index, std::size_t stride, std::size_t all) {
+    if (stride == 1) return {index.first(), index.last()};
+    return {index.first() - std::min(index.first(), anchorSteps), std::min(all, index.last() + stride)};
+}
+
 void traceLines(CurveTrace& trace, const LogData& data, const CurveSamples& samples, const ScaleMap& map,
                 const DisplayView& view, const RowIndex& index) {
     const Joiner joiner(data, view);
     const double unit = data.unitOf(view.axis);
+    const auto blockOf = [&](std::size_t i) { return (data.firstStep + i) / anchorSteps; };
+    const auto [first, last] = stepsOf(index, samples.stride, data.steps());
     LineBuilder lines(trace, view.rowHeight);
-    for (std::size_t i = index.first(); i < index.last(); ++i) {
+    std::size_t missing = 0;
+    std::size_t before = first; // the step of the value before this one
+    for (std::size_t i = first; i < last; ++i) {
         const float value = samples.values[i];
-        if (isNoValue(value)) {
+        if (!isNoValue(value)) {
+            const TracePoint point{map.fraction(value), view.yOf(joiner.at(i) * unit)};
+            if (!view.paper && blockOf(i) != blockOf(before)) lines.anchor(point);
+            lines.add(point);
+            before = i;
+            missing = 0;
+        } else if (++missing >= samples.stride) {
             lines.cut();
-            continue;
         }
-        const TracePoint point{map.fraction(value), view.yOf(joiner.at(i) * unit)};
-        if (!view.paper && (data.firstStep + i) % anchorSteps == 0) lines.anchor(point);
-        lines.add(point);
-        if (i + 1 < index.last() && !joiner.joins(i)) lines.cut();
+        if (i + 1 < last && !joiner.joins(i)) lines.cut();
     }
     lines.cut();
 }
+
+/// The values on either side of a border between two rows that a line joins across it.
+struct Crosser {
+    const LogData& data;
+    const CurveSamples& samples;
+    Joiner joiner;
+
+    [[nodiscard]] std::optional<std::pair<std::size_t, std::size_t>> across(std::size_t after) const {
+        std::size_t one = after;
+        while (one > 0 && after - one < samples.stride && isNoValue(samples.values[one - 1])) --one;
+        std::size_t other = after;
+        while (other < data.steps() && other - after < samples.stride && isNoValue(samples.values[other]))
+            ++other;
+        if (one == 0 || other >= data.steps() || other - --one > samples.stride) return std::nullopt;
+        if (isNoValue(samples.values[one]) || isNoValue(samples.values[other])) return std::nullopt;
+        for (std::size_t i = one; i < other; ++i) {
+            if (!joiner.joins(i)) return std::nullopt;
+        }
+        return std::pair(one, other);
+    }
+};
 
 struct Crossing {
     double fraction = 0;
@@ -117,21 +152,20 @@ struct Crossing {
 
 void traceRows(CurveTrace& trace, const LogData& data, const CurveSamples& samples, const ScaleMap& map,
                const DisplayView& view, const RowIndex& index) {
-    const Joiner joiner(data, view);
+    const Crosser crosser{data, samples, Joiner(data, view)};
     const double unit = data.unitOf(view.axis);
     // Where the curve passes from one row to the next.
     const auto crossing = [&](std::size_t r) -> Crossing {
-        const std::size_t after = index.border(r);
-        if (after == 0 || after >= data.steps()) return {};
-        const float one = samples.values[after - 1];
-        const float other = samples.values[after];
-        if (isNoValue(one) || isNoValue(other) || !joiner.joins(after - 1)) return {};
+        const auto joined = crosser.across(index.border(r));
+        if (!joined) return {};
+        const auto [one, other] = *joined;
         const double y = static_cast<double>(index.firstRow() + static_cast<long>(r)) * view.rowHeight;
         const double position = view.positionAt(y) / unit;
-        const double step = joiner.at(after) - joiner.at(after - 1);
-        const double part = step == 0 ? 0.5 : std::clamp((position - joiner.at(after - 1)) / step, 0.0, 1.0);
-        const double from = map.fraction(one);
-        return {from + (map.fraction(other) - from) * part, true};
+        const double start = crosser.joiner.at(one);
+        const double step = crosser.joiner.at(other) - start;
+        const double part = step == 0 ? 0.5 : std::clamp((position - start) / step, 0.0, 1.0);
+        const double from = map.fraction(samples.values[one]);
+        return {from + (map.fraction(samples.values[other]) - from) * part, true};
     };
     Crossing above = crossing(0);
     for (std::size_t r = 0; r < index.rows(); ++r) {

@@ -14,12 +14,17 @@ namespace tarvik {
 struct CurveSamples {
     std::span<const float> values;
     const MinMaxPyramid* pyramid = nullptr; ///< for long channels only
+    std::size_t stride = 1;                 ///< steps from one value to the next, as a rule
 
     [[nodiscard]] ValueRange range(std::size_t first, std::size_t last) const {
         return pyramid != nullptr ? pyramid->range(values, first, last)
                                   : rangeOf(values.subspan(first, last - first));
     }
 };
+
+/// Of a channel sampled more coarsely than its log, as merged files have them: so many steps lie from one
+/// value to the next, nine times of ten. 1 for any other: what is missing there is a gap.
+[[nodiscard]] std::size_t usualStride(std::span<const float> values);
 
 class LogCache {
   public:
@@ -36,6 +41,7 @@ class LogCache {
         std::uint64_t revision = 0;
         std::vector<float> filtered;
         std::optional<MinMaxPyramid> pyramid;
+        std::size_t stride = 1;
     };
     void renew(Entry& entry, const LogData& data, const ChannelData& channel, const std::string& filter);
 

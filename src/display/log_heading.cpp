@@ -161,8 +161,9 @@ double headingMillimetres(const LogHeading& heading) {
     const auto rows = static_cast<double>((heading.fields.size() + headingColumns - 1) / headingColumns);
     const auto lines =
         heading.calibrations.empty() ? 0.0 : static_cast<double>(heading.calibrations.size()) + 1;
-    const auto remarks = heading.remarks.empty() ? 0.0 : static_cast<double>(heading.remarks.size()) + 1;
-    return headingTitle + rows * headingRow + (lines + remarks) * headingLine;
+    const double table = headingTitle + rows * headingRow + lines * headingLine;
+    if (heading.remarks.empty()) return table;
+    return table + (static_cast<double>(heading.remarks.size()) + 1) * headingLine + headingFoot;
 }
 
 } // namespace tarvik

@@ -35,6 +35,7 @@ struct LogHeading {
 constexpr double headingTitle = 21;
 constexpr double headingRow = 8.6;
 constexpr double headingLine = 4.6;
+constexpr double headingFoot = 1.2; ///< below the last remark
 constexpr std::size_t headingColumns = 3;
 
 [[nodiscard]] double headingMillimetres(const LogHeading& heading);

@@ -71,14 +71,25 @@ DisplayView heldInside(const DisplayView& view, const Extent& extent, double bod
     return held;
 }
 
-Extent visibleInterval(const DisplayView& view, const LogData& data, double bodyHeight) {
-    const Extent extent = extentOf(data, view.axis);
+Extent visibleInterval(const DisplayView& view, const Extent& extent, double bodyHeight) {
     return {std::clamp(view.top, extent.from, extent.to),
             std::clamp(view.positionAt(bodyHeight), extent.from, extent.to)};
 }
 
 double toHundredths(double depth) {
     return std::round(depth * 100) / 100;
+}
+
+std::optional<double> nextStep(const LogData& data, Axis axis, double position, bool up) {
+    const double unit = data.unitOf(axis);
+    constexpr double same = 1e-6; // a position that came through the scale of the picture
+    std::optional<double> next;
+    for (const double each : data.along(axis)) {
+        const double at = each * unit;
+        if (up ? at >= position - same : at <= position + same) continue;
+        if (!next || (up ? at > *next : at < *next)) next = at;
+    }
+    return next;
 }
 
 std::optional<CursorReading> readingsAt(const LogDisplay& display, const LogData& data, Axis axis,

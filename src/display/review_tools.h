@@ -36,10 +36,14 @@ struct Extent {
 [[nodiscard]] DisplayView heldInside(const DisplayView& view, const Extent& extent, double bodyHeight);
 
 /// What of the log is in the body: the interval to export.
-[[nodiscard]] Extent visibleInterval(const DisplayView& view, const LogData& data, double bodyHeight);
+[[nodiscard]] Extent visibleInterval(const DisplayView& view, const Extent& extent, double bodyHeight);
 
 /// As depths are written in forms: two decimals, without the tail of a position of pixels.
 [[nodiscard]] double toHundredths(double depth);
+
+/// The step of the log next below `position`, in metres or seconds; next above it with `up`. Nothing beyond
+/// the ends of the log.
+[[nodiscard]] std::optional<double> nextStep(const LogData& data, Axis axis, double position, bool up);
 
 struct Reading {
     std::string channel;

@@ -1,8 +1,10 @@
 #include "display/second_run.h"
 
+#include "display/default_display.h"
 #include "display/display_template.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tarvik {
 
@@ -23,7 +25,42 @@ LineKind otherLine(LineKind line) {
     return LineKind::points;
 }
 
+std::string nameOf(const ReviewLog& log) {
+    std::string name;
+    for (const std::string& part :
+         {log.header.hole.holeId, log.header.tool.code, log.header.runDate, log.header.startTime}) {
+        if (part.empty()) continue;
+        if (!name.empty()) name += " ";
+        name += part;
+    }
+    return name.empty() ? "no name on file" : name;
+}
+
 } // namespace
+
+SecondRun secondRun(const ReviewLog& log, Comparison how, const Scheme& scheme) {
+    return {how, logDataOf(log), defaultDisplay(log, scheme).marks};
+}
+
+std::string comparisonLegend(const LogDisplay& display, const ReviewLog& first, const ReviewLog& other,
+                             const SecondRun& second) {
+    std::string legend =
+        second.how == Comparison::beside
+            ? "Left: " + nameOf(first) + "     Right: " + nameOf(other)
+            : "As in the heads: " + nameOf(first) + "     Paler, other dashes: " + nameOf(other);
+    const std::string missing = missingIn(display, second.data);
+    if (!missing.empty()) legend += "     Only in the first: " + missing;
+    return legend;
+}
+
+double paneGap(const DisplayView& view) {
+    return std::round(view.millimetres(2.1));
+}
+
+DisplayView paneOf(DisplayView whole, Comparison how) {
+    if (how == Comparison::beside) whole.width = std::floor((whole.width - paneGap(whole)) / 2);
+    return whole;
+}
 
 // What the second run lacks keeps its column: equally spaced, the others would move to the left.
 LogDisplay overlaid(const LogDisplay& display) {

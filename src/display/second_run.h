@@ -2,13 +2,33 @@
 // values and not drawings.
 #pragma once
 
-#include "display/log_data.h"
+#include "base/review_log.h"
+#include "display/display_view.h"
 #include "display/log_display.h"
 #include "display/review_tools.h"
 
 #include <string>
 
 namespace tarvik {
+
+enum class Comparison { over, beside };
+
+/// What is drawn of a second run. Views of a log that outlives it.
+struct SecondRun {
+    Comparison how = Comparison::over;
+    LogData data;
+    std::vector<DepthMark> marks;
+};
+[[nodiscard]] SecondRun secondRun(const ReviewLog& log, Comparison how, const Scheme& scheme);
+
+/// Which run is drawn how, and what only the first one has.
+[[nodiscard]] std::string comparisonLegend(const LogDisplay& display, const ReviewLog& first,
+                                           const ReviewLog& other, const SecondRun& second);
+
+/// Between two runs side by side, in whole painter units.
+[[nodiscard]] double paneGap(const DisplayView& view);
+/// Of a view as wide as the whole picture the part that one of the two runs has.
+[[nodiscard]] DisplayView paneOf(DisplayView whole, Comparison how);
 
 /// The curves of the display for the second run (one it lacks is not drawn), each so that it is not taken for
 /// the first run's: another line style, thinner, in a tint of its ink, without fill. No marks.

@@ -46,18 +46,18 @@ void LogPainter::paintHead(QPainter& painter, const LogDisplay& display, const L
 }
 
 void LogPainter::paintBody(QPainter& painter, const LogDisplay& display, const LogData& data,
-                           const DisplayView& view, double height) {
-    if (height > 0) paintRows(painter, display, data, view, {0, height});
+                           const DisplayView& view, double height, const Under& under) {
+    if (height > 0) paintRows(painter, display, data, view, {0, height}, under);
 }
 
 void LogPainter::paintRows(QPainter& painter, const LogDisplay& display, const LogData& data,
-                           const DisplayView& view, const Band& band) {
+                           const DisplayView& view, const Band& band, const Under& under) {
     onCanvas(painter, display, view, [&](const Canvas& canvas) {
         painter.setClipRect(QRectF(0, band.top, view.width, band.bottom - band.top), Qt::IntersectClip);
         paintGrid(canvas, data.units, band);
         painter.setRenderHint(QPainter::Antialiasing, view.vectors);
         paintBorders(canvas, band);
-        if (under_) under_(painter, view, band);
+        if (under) under(painter, view, band);
         paintCurvesOf(canvas, data, band);
         if (showsSpeedBar(canvas.display)) paintSpeed(canvas, data, band);
         paintDepthTrack(canvas, data, band);

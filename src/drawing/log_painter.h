@@ -10,7 +10,6 @@
 #include "drawing/canvas.h"
 
 #include <functional>
-#include <utility>
 
 class QPainter;
 
@@ -29,24 +28,22 @@ class LogPainter {
     void paintHead(QPainter& painter, const LogDisplay& display, const LogData& data,
                    const DisplayView& view);
 
+    /// Drawn between the grid and the curves: a second run laid under this one, below its marks and depths.
+    using Under = std::function<void(QPainter& painter, const DisplayView& view, const Band& band)>;
+
     /// The body alone, `height` painter units of it, at the painter's origin: what is right where the body
     /// scrolls under heads that stay.
     void paintBody(QPainter& painter, const LogDisplay& display, const LogData& data, const DisplayView& view,
-                   double height);
+                   double height, const Under& under = {});
 
     /// A band of the body, which it fills completely and nothing beside it: after scrolling by whole units,
     /// or for scans that have just come. The painter's origin is the upper left corner of the body.
     void paintRows(QPainter& painter, const LogDisplay& display, const LogData& data, const DisplayView& view,
-                   const Band& band);
+                   const Band& band, const Under& under = {});
 
     /// The curves alone over what is there: a second run laid over the first.
     void paintCurves(QPainter& painter, const LogDisplay& display, const LogData& data,
                      const DisplayView& view, const Band& band);
-
-    /// Drawn with every band from now on, between the grid and the curves: a second run laid under this one,
-    /// below its marks and depths. Empty: nothing.
-    using Under = std::function<void(QPainter& painter, const DisplayView& view, const Band& band)>;
-    void setUnder(Under under) { under_ = std::move(under); }
 
     /// Forgets what it keeps of the log; needed only to free the memory.
     void forget() { cache_.clear(); }
@@ -58,7 +55,6 @@ class LogPainter {
     void paintCurvesOf(const Canvas& canvas, const LogData& data, const Band& band);
 
     LogCache cache_;
-    Under under_;
 };
 
 } // namespace tarvik

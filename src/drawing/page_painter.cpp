@@ -13,7 +13,7 @@ struct PageCanvas {
     const LogSheet& sheet;
     const PagePlan& plan;
     const PlannedPage& page;
-    DisplayView view;
+    DisplayView view; ///< as wide as what is printed
 };
 
 /// Small triangles in the margins where the part that stands on the page before ends.
@@ -40,10 +40,11 @@ void paintFooter(const PageCanvas& on, std::size_t number) {
     const QFont font = lettersOf(on.view.millimetres(2.3));
     on.painter.setFont(font);
     on.painter.setPen(qColour(scheme.quietText));
-    std::string text = on.sheet.heading.hole;
+    std::string text = on.sheet.second ? on.sheet.legend : on.sheet.heading.hole;
     if (!text.empty()) text += "   ";
     text += on.sheet.heading.scale;
-    on.painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, fitted(font, qText(text), box.width() * 0.7));
+    const double left = box.width() * (on.sheet.second ? 0.86 : 0.7);
+    on.painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, fitted(font, qText(text), left));
     if (on.plan.pages.size() > 1) {
         const QString page = QStringLiteral("Page %1 of %2").arg(number + 1).arg(on.plan.pages.size());
         on.painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, page);
@@ -99,14 +100,13 @@ void PagePainter::paint(QPainter& painter, const LogSheet& sheet, const PagePlan
         placed(plan.margin, [&] { paintHeading({painter, sheet.display, view, {}}, sheet.heading); });
     }
     if (page.bodyHeight > 0) {
-        placed(page.bodyTop, [&] {
-            painter_.paintBody(painter, sheet.display, sheet.data, view, view.millimetres(page.bodyHeight));
-        });
+        const LogPair pair{sheet.display, sheet.data, sheet.second};
+        const DisplayView pane = sheet.second ? paneOf(view, sheet.second->how) : view;
+        placed(page.bodyTop,
+               [&] { painter_.paintBody(painter, pair, pane, view.millimetres(page.bodyHeight)); });
         closeBody(on);
-        placed(page.headTop, [&] { painter_.paintHead(painter, sheet.display, sheet.data, view); });
-        if (page.tailTop) {
-            placed(*page.tailTop, [&] { painter_.paintHead(painter, sheet.display, sheet.data, view); });
-        }
+        placed(page.headTop, [&] { painter_.paintHead(painter, pair, pane); });
+        if (page.tailTop) placed(*page.tailTop, [&] { painter_.paintHead(painter, pair, pane); });
         if (page.repeated > 0) paintOverlapMarks(on);
     }
     paintFooter(on, number);

@@ -3,7 +3,7 @@
 
 #include "display/log_heading.h"
 #include "display/page_plan.h"
-#include "drawing/log_painter.h"
+#include "drawing/pair_painter.h"
 
 namespace tarvik {
 
@@ -11,6 +11,8 @@ namespace tarvik {
 struct LogSheet {
     LogDisplay display;
     LogData data;
+    std::optional<SecondRun> second; ///< printed with the log
+    std::string legend;              ///< which of the two is drawn how; at the foot of every page
     LogHeading heading;
     bool withHeading = true;
     DisplayView view; ///< scale, axis and layout; its top and size are those of the pages
@@ -27,7 +29,7 @@ class PagePainter {
                double unitsPerMillimetre, bool vectors);
 
   private:
-    LogPainter painter_;
+    PairPainter painter_;
 };
 
 } // namespace tarvik

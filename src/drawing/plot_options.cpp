@@ -8,6 +8,7 @@
 #include "display/display_edits.h"
 #include "display/display_template.h"
 #include "display/print_order.h"
+#include "drawing/print_sheet.h"
 
 #include <algorithm>
 #include <array>
@@ -67,6 +68,13 @@ LogDisplay displayFrom(const Arguments& arguments, const ReviewLog& log, const L
     return display;
 }
 
+/// In the unit of the first log, whatever that of the second is.
+Extent wholeExtent(const LogSheet& sheet, DepthUnits units) {
+    const Extent metres = sheet.second ? extentOfBoth(sheet.data, sheet.second->data, Axis::depth)
+                                       : extentOf(sheet.data, Axis::depth);
+    return {fromMetres(metres.from, units), fromMetres(metres.to, units)};
+}
+
 } // namespace
 
 std::vector<Option> plotOptions() {
@@ -82,10 +90,13 @@ std::vector<Option> plotOptions() {
             {"--deviation", "NAME", "of a deviation run: Bullseye (plan view), Magnetics or Deviation"},
             {"--template", "FILE", "tracks and curves from this template"},
             {"--save-template", "FILE", "write tracks and curves of this plot as a template"},
+            {"--with", "FILE", "a second run or LAS file, laid over the first in paler lines"},
+            {"--beside", "", "with --with: the second beside the first, each in half of the width"},
             {"--no-heading", "", "without the log heading"}};
 }
 
-LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Files& files) {
+LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const ReviewLog* other,
+                   const Files& files) {
     const double scale = scaleFrom(arguments.text("--scale").value_or("1:200"));
     LogSheet sheet;
     sheet.data = logDataOf(log);
@@ -94,8 +105,11 @@ LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Files
     sheet.view.equallySpaced = arguments.has("--equally-spaced");
     sheet.withHeading = !arguments.has("--no-heading");
     sheet.heading = headingOf(log, sheet.display, scaleInWords(scale));
+    if (other != nullptr) {
+        compareOnSheet(sheet, log, *other, arguments.has("--beside") ? Comparison::beside : Comparison::over);
+    }
     const DepthUnits units = log.header.setup.units;
-    const auto [first, last] = log.extent();
+    const auto [first, last] = wholeExtent(sheet, units);
     sheet.from = toMetres(arguments.number("--from").value_or(first), units);
     sheet.to = toMetres(arguments.number("--to").value_or(last), units);
     if (sheet.to <= sheet.from && first >= last) {

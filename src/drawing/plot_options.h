@@ -9,8 +9,10 @@ namespace tarvik {
 
 [[nodiscard]] std::vector<Option> plotOptions();
 
-/// Views of `log`. Throws UsageError; a template that cannot be read is a Failure.
-[[nodiscard]] LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Files& files);
+/// Views of the logs; `other` is a second run to compare with, null: none. Throws UsageError; a template that
+/// cannot be read is a Failure.
+[[nodiscard]] LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const ReviewLog* other,
+                                 const Files& files);
 [[nodiscard]] PlotTarget targetFrom(const Arguments& arguments);
 
 } // namespace tarvik

@@ -18,4 +18,10 @@ LogSheet printSheet(const ReviewLog& log, const LogDisplay& display, const Print
     return sheet;
 }
 
+void compareOnSheet(LogSheet& sheet, const ReviewLog& log, const ReviewLog& other, Comparison how) {
+    sheet.second = secondRun(other, how, sheet.display.scheme);
+    sheet.legend = comparisonLegend(sheet.display, log, other, *sheet.second);
+    sheet.heading.remarks.push_back("Two runs. " + sheet.legend);
+}
+
 } // namespace tarvik

@@ -9,4 +9,7 @@ namespace tarvik {
 /// In the colours of paper, whatever the display's are on the screen. Holds views of the log.
 [[nodiscard]] LogSheet printSheet(const ReviewLog& log, const LogDisplay& display, const PrintOrder& order);
 
+/// Puts a second run over the log of the sheet or beside it, and says so in the heading and at the foot.
+void compareOnSheet(LogSheet& sheet, const ReviewLog& log, const ReviewLog& other, Comparison how);
+
 } // namespace tarvik

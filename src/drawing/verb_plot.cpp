@@ -58,7 +58,14 @@ int runPlot(const Arguments& arguments) {
     const auto log = review.open(file);
     if (!log) return exitFailed;
     Files& files = review.program().files;
-    LogSheet sheet = sheetFrom(arguments, *log, files);
+    std::optional<ReviewLog> other;
+    if (const auto second = arguments.name("--with")) {
+        other = review.open(*second);
+        if (!other) return exitFailed;
+    } else if (arguments.has("--beside")) {
+        throw UsageError("--beside needs the second file: --with FILE");
+    }
+    LogSheet sheet = sheetFrom(arguments, *log, other ? &*other : nullptr, files);
     addHoleNotes(sheet, files, file, *log);
     if (const auto saved = arguments.name("--save-template")) {
         files.replace(*saved, asBytes(templateText(sheet.display)));

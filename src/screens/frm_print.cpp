@@ -61,6 +61,12 @@ QPageSize pageSize(const PrintOrder& order, const PagePlan& plan) {
 
 } // namespace
 
+LogSheet sheetOf(const PrintSubject& subject, const PrintOrder& order) {
+    LogSheet sheet = printSheet(subject.log, subject.display, order);
+    if (subject.other != nullptr) compareOnSheet(sheet, subject.log, *subject.other, subject.how);
+    return sheet;
+}
+
 bool askForPrinter(QPrinter& printer, QWidget* parent) {
     QPrintDialog dialog(&printer, parent);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
@@ -75,7 +81,6 @@ frmPrint::frmPrint(PrintSubject subject, const PrintModules& modules, QWidget* p
     : ScreenDialog("frmPrint", "Print the log", modules.memory, parent),
       subject_(std::move(subject)),
       modules_(modules),
-      whole_(extentOf(logDataOf(subject_.log), Axis::depth)),
       printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)),
       scale_(new QComboBox),
       from_(lineEdit("txtprintfrom")),
@@ -132,14 +137,14 @@ void frmPrint::buildDepths(QVBoxLayout& column) {
                            {{"optwhole", "&Whole"}, {"optvisible", "&On screen"}, {"optown", "&From, to"}});
     interval_->button(wholeLog)->setChecked(true);
     const DepthUnits units = subject_.log.header.setup.units;
-    from_->setText(depthText(whole_.from, units));
-    to_->setText(depthText(whole_.to, units));
+    from_->setText(depthText(subject_.whole.from, units));
+    to_->setText(depthText(subject_.whole.to, units));
     auto* const row = new QHBoxLayout;
     row->setSpacing(measure::gap);
     auto* const from = new Field("From", from_);
     auto* const to = new Field("To", to_, qt(subject_.log.depthUnit()).toLower());
     to->setCheck([this] {
-        return qt(intervalProblem(plain(from_->text()), plain(to_->text()), whole_,
+        return qt(intervalProblem(plain(from_->text()), plain(to_->text()), subject_.whole,
                                   subject_.log.header.setup.units));
     });
     row->addWidget(from, 2, Qt::AlignTop);
@@ -243,7 +248,7 @@ bool frmPrint::allRight() {
 
 Extent frmPrint::chosenInterval() const {
     const DepthUnits units = subject_.log.header.setup.units;
-    if (interval_->checkedId() == wholeLog) return whole_;
+    if (interval_->checkedId() == wholeLog) return subject_.whole;
     if (interval_->checkedId() == visibleLog) return subject_.visible;
     return {toMetres(parseNumber(plain(from_->text())).value_or(0), units),
             toMetres(parseNumber(plain(to_->text())).value_or(0), units)};
@@ -258,7 +263,7 @@ void frmPrint::follow() {
     order_.continuous = feed_->checkedId() == 1;
     order_.heading = heading_->isChecked();
     order_.equallySpaced = spaced_->isChecked();
-    sheet_ = printSheet(subject_.log, subject_.display, order_);
+    sheet_ = sheetOf(subject_, order_);
     plan_ = planOf(sheet_, paperOf(order_));
     summary_->setText(qt(printSummary(order_, plan_)));
     preparePrinter(*printer_);

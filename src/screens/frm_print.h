@@ -36,15 +36,19 @@ struct PrintModules {
 [[nodiscard]] bool askForPrinter(QPrinter& printer, QWidget* parent);
 [[nodiscard]] QString askForPlotFile(QWidget* parent, const QString& suggested, const QString& filter);
 
-/// Tells of what is printed; the log outlives the dialog.
+/// Tells of what is printed; the logs outlive the dialog.
 struct PrintSubject {
     const ReviewLog& log;
     Path file;
     LogDisplay display;
     double scale = 200;
     bool equallySpaced = false;
-    Extent visible; ///< metres: what the screen shows
+    Extent whole;                     ///< metres
+    Extent visible;                   ///< metres: what the screen shows
+    const ReviewLog* other = nullptr; ///< a second run, and how it is shown with the first
+    Comparison how = Comparison::over;
 };
+[[nodiscard]] LogSheet sheetOf(const PrintSubject& subject, const PrintOrder& order);
 
 class frmPrint final : public ScreenDialog {
   public:
@@ -69,7 +73,6 @@ class frmPrint final : public ScreenDialog {
 
     PrintSubject subject_;
     PrintModules modules_;
-    Extent whole_;
     PrintOrder order_;
     LogSheet sheet_;
     PagePlan plan_;

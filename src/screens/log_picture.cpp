@@ -2,8 +2,6 @@
 
 #include "display/annotations.h"
 #include "display/default_display.h"
-#include "display/display_template.h"
-#include "display/second_run.h"
 #include "screens/qt_text.h"
 #include "screens/readings_strip.h"
 #include "screens/theme.h"
@@ -23,24 +21,6 @@ constexpr int lineUnits = 24; // a step of the wheel or an arrow key
 
 Scheme schemeOfTheme() {
     return appliedTheme() == Theme::dark ? darkScheme() : lightScheme();
-}
-
-QString legendOf(const LogDisplay& display, const ReviewLog& first, const LogData& second,
-                 const ReviewLog& secondLog, Comparison how) {
-    const auto named = [](const ReviewLog& log) {
-        QStringList parts;
-        for (const std::string& part :
-             {log.header.hole.holeId, log.header.tool.code, log.header.runDate, log.header.startTime}) {
-            if (!part.empty()) parts.append(qt(part));
-        }
-        return parts.isEmpty() ? QString("no name on file") : parts.join(" ");
-    };
-    QString text = how == Comparison::beside
-                       ? "Left: " + named(first) + "     Right: " + named(secondLog)
-                       : "As in the heads: " + named(first) + "     Paler, other dashes: " + named(secondLog);
-    const std::string missing = missingIn(display, second);
-    if (!missing.empty()) text += "     Only in the first: " + qt(missing);
-    return text;
 }
 
 } // namespace
@@ -68,13 +48,13 @@ void LogPicture::setLog(const ReviewLog* log, std::vector<DepthMark> notes) {
     tried_.reset();
     drag_.reset();
     data_ = log == nullptr ? LogData{} : logDataOf(*log);
-    painter_ = log == nullptr ? nullptr : std::make_unique<LogPainter>();
+    painter_ = log == nullptr ? nullptr : std::make_unique<PairPainter>();
     history_ = DisplayHistory(log == nullptr ? LogDisplay{} : usualDisplay());
     view_ = viewAtScale(firstScale, logicalDpiY());
     view_.top = extent().from - edgeRoom(view_);
     readings_->setVisible(log != nullptr);
     readings_->setLegend({});
-    readings_->showReadings({}, {});
+    readings_->showNone();
     displayChanged();
 }
 
@@ -86,25 +66,14 @@ LogDisplay LogPicture::usualDisplay() const {
 
 void LogPicture::compareWith(const ReviewLog* second, Comparison how) {
     second_.reset();
-    readings_->setLegend({});
+    std::string legend;
     if (second != nullptr && log_ != nullptr) {
-        second_ = std::make_unique<Second>();
-        second_->log = second;
-        second_->how = how;
-        second_->data = logDataOf(*second);
-        second_->marks = defaultDisplay(*second, schemeOfTheme()).marks;
-        readings_->setLegend(legendOf(drawn_, *log_, second_->data, *second, how));
+        second_ = secondRun(*second, how, schemeOfTheme());
+        legend = comparisonLegend(drawn_, *log_, *second, *second_);
+        painter_ = std::make_unique<PairPainter>(); // what it keeps of the run before is not that of this one
     }
-    layUnder();
+    readings_->setLegend(qt(legend));
     displayChanged();
-}
-
-void LogPicture::layUnder() {
-    if (!painter_) return;
-    if (!second_ || second_->how != Comparison::over) return painter_->setUnder({});
-    painter_->setUnder([this](QPainter& painter, const DisplayView& view, const Band& band) {
-        second_->painter.paintCurves(painter, overlaid(drawn_), second_->data, view, band);
-    });
 }
 
 void LogPicture::setScale(double scale) {
@@ -127,8 +96,23 @@ void LogPicture::jumpTo(double metres) {
     showReadings(*pointer_ - headHeight());
 }
 
+void LogPicture::readNext(bool up) {
+    const double middle = view_.positionAt(bodyHeight() / 2);
+    const double from = pointer_ ? view_.positionAt(*pointer_ - headHeight()) : middle;
+    const auto next = nextStep(data_, view_.axis, from, up);
+    if (!next) return;
+    pointer_ = headHeight() + view_.yOf(*next);
+    if (*pointer_ < headHeight() || *pointer_ > view_.height) return jumpTo(*next);
+    showReadings(*pointer_ - headHeight());
+    update();
+}
+
 Extent LogPicture::visible() const {
-    return visibleInterval(view_, data_, bodyHeight());
+    return visibleInterval(view_, extentOf(data_, view_.axis), bodyHeight());
+}
+
+Extent LogPicture::visibleOfBoth() const {
+    return visibleInterval(view_, extent(), bodyHeight());
 }
 
 void LogPicture::preview(std::optional<LogDisplay> tried) {
@@ -173,9 +157,8 @@ void LogPicture::layOut() {
     const int footHeight = log_ == nullptr ? 0 : readings_->heightFor(width());
     bar_->setGeometry(width() - barWidth, 0, barWidth, height() - footHeight);
     readings_->setGeometry(0, height() - footHeight, width(), footHeight);
-    const bool beside = second_ && second_->how == Comparison::beside;
     view_.width = width() - barWidth;
-    if (beside) view_.width = std::floor((view_.width - paneGap) / 2);
+    if (second_) view_ = paneOf(view_, second_->how);
     view_.height = height() - footHeight;
     moveTo(view_);
 }
@@ -208,13 +191,7 @@ void LogPicture::render() {
     picture_.setDevicePixelRatio(ratio);
     picture_.fill(Qt::transparent);
     QPainter painter(&picture_);
-    painter_->paint(painter, drawn_, data_, view_);
-    if (second_ && second_->how == Comparison::beside) paintBeside(painter);
-}
-
-void LogPicture::paintBeside(QPainter& painter) {
-    painter.translate(view_.width + paneGap, 0);
-    second_->painter.paint(painter, beside(drawn_, second_->data, second_->marks), second_->data, view_);
+    painter_->paint(painter, {drawn_, data_, second_}, view_);
 }
 
 void LogPicture::paintEvent(QPaintEvent*) {
@@ -249,7 +226,7 @@ void LogPicture::resizeEvent(QResizeEvent*) {
 
 void LogPicture::leaveEvent(QEvent*) {
     pointer_.reset();
-    readings_->showReadings({}, {});
+    readings_->showNone();
     update();
 }
 
@@ -260,7 +237,7 @@ void LogPicture::changeEvent(QEvent* event) {
 }
 
 void LogPicture::showReadings(double y) {
-    if (log_ == nullptr || y < 0) return readings_->showReadings({}, {});
+    if (log_ == nullptr || y < 0) return readings_->showNone();
     const double position = view_.positionAt(y);
     std::optional<CursorReading> second;
     if (second_) second = readingsAt(drawn_, second_->data, Axis::depth, position);

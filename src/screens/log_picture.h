@@ -7,8 +7,8 @@
 #include "display/display_place.h"
 #include "display/display_view.h"
 #include "display/log_data.h"
-#include "display/review_tools.h"
-#include "drawing/log_painter.h"
+#include "display/second_run.h"
+#include "drawing/pair_painter.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -22,8 +22,6 @@ class QScrollBar;
 namespace tarvik {
 
 class ReadingsStrip;
-
-enum class Comparison { over, beside };
 
 class LogPicture final : public QWidget {
   public:
@@ -40,8 +38,16 @@ class LogPicture final : public QWidget {
     void showEquallySpaced();
     [[nodiscard]] bool isEquallySpaced() const { return view_.equallySpaced; }
     void jumpTo(double metres);
-    /// What of the log the window shows, metres.
+    /// Reads the step next below the one that was read (or the middle of the window), or above it.
+    void readNext(bool up);
+    /// What of the log the window shows, metres; and of both when there are two.
     [[nodiscard]] Extent visible() const;
+    [[nodiscard]] Extent visibleOfBoth() const;
+
+    /// From the first depth of the log to its last, metres; of both when there are two.
+    [[nodiscard]] Extent extent() const;
+    /// What is drawn of a second run.
+    [[nodiscard]] const std::optional<SecondRun>& second() const { return second_; }
 
     /// The display without the changes that are only being tried.
     [[nodiscard]] const LogDisplay& display() const { return history_.current(); }
@@ -73,13 +79,6 @@ class LogPicture final : public QWidget {
     void changeEvent(QEvent* event) override;
 
   private:
-    struct Second {
-        const ReviewLog* log = nullptr;
-        Comparison how = Comparison::over;
-        LogData data;
-        std::vector<DepthMark> marks;
-        LogPainter painter;
-    };
     struct Drag {
         bool zooms = false; ///< marks the interval to look at; else the log is moved
         double from = 0;    ///< y of the widget
@@ -87,18 +86,13 @@ class LogPicture final : public QWidget {
         DisplayView view; ///< as it was when the drag began
     };
 
-    static constexpr double paneGap = 8; ///< between two runs side by side
-
     [[nodiscard]] double headHeight() const;
     [[nodiscard]] double bodyHeight() const { return view_.height - headHeight(); }
-    [[nodiscard]] Extent extent() const;
     void layOut();
-    void layUnder();
     void moveTo(const DisplayView& view);
     void displayChanged();
     void redraw();
     void render();
-    void paintBeside(QPainter& painter);
     void paintPointer(QPainter& painter);
     void showReadings(double y);
 
@@ -108,9 +102,9 @@ class LogPicture final : public QWidget {
     DisplayHistory history_{LogDisplay{}};
     std::optional<LogDisplay> tried_;
     LogDisplay drawn_; ///< what is kept or tried, in the colours of the theme
-    DisplayView view_;
-    std::unique_ptr<LogPainter> painter_;
-    std::unique_ptr<Second> second_;
+    DisplayView view_; ///< of one pane, when two runs stand side by side
+    std::unique_ptr<PairPainter> painter_;
+    std::optional<SecondRun> second_;
     QPixmap picture_;               ///< null: to be drawn anew
     std::optional<double> pointer_; ///< y of the widget
     std::optional<Drag> drag_;

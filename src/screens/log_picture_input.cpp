@@ -31,10 +31,13 @@ void LogPicture::wheelEvent(QWheelEvent* event) {
 
 void LogPicture::keyPressEvent(QKeyEvent* event) {
     DisplayView view = view_;
+    const bool reads = event->modifiers() & Qt::ShiftModifier;
     switch (event->key()) {
     case Qt::Key_Down:
+        if (reads) return readNext(false);
         return moveTo(scrolled(view_, lineUnits));
     case Qt::Key_Up:
+        if (reads) return readNext(true);
         return moveTo(scrolled(view_, -lineUnits));
     case Qt::Key_PageDown:
         return moveTo(scrolled(view_, std::floor(bodyHeight() * 0.9)));
@@ -100,7 +103,7 @@ void LogPicture::mouseDoubleClickEvent(QMouseEvent* event) {
     unsetCursor();
     if (log_ == nullptr || !picked_ || event->button() != Qt::LeftButton) return;
     const bool right = second_ && second_->how == Comparison::beside && event->position().x() > view_.width;
-    const double x = event->position().x() - (right ? view_.width + paneGap : 0);
+    const double x = event->position().x() - (right ? view_.width + paneGap(view_) : 0);
     picked_(placeAt(drawn_, view_, x, event->position().y()));
 }
 

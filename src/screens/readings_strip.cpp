@@ -17,6 +17,7 @@ namespace {
 constexpr int lineGap = 4;
 constexpr int margin = 8;
 constexpr int sample = 14; // the ink of the curve before its name
+constexpr const char* howToRead = "Values: point at a depth, or press Shift and an arrow key";
 
 /// As many decimals as a value of that size is read with.
 QString valueText(const std::optional<float>& value) {
@@ -48,7 +49,14 @@ void ReadingsStrip::showReadings(const std::optional<CursorReading>& first,
                                  const std::optional<CursorReading>& second) {
     first_ = first;
     second_ = second;
+    asked_ = true;
     setAccessibleDescription(texts().join(", "));
+    update();
+}
+
+void ReadingsStrip::showNone() {
+    asked_ = false;
+    setAccessibleDescription(howToRead);
     update();
 }
 
@@ -103,6 +111,7 @@ int ReadingsStrip::heightFor(int width) const {
 }
 
 QStringList ReadingsStrip::texts() const {
+    if (!asked_) return {howToRead};
     QStringList all;
     for (const Cell& cell : cells()) all.append(cell.name + " " + cell.value + " " + cell.unit);
     return all;
@@ -113,6 +122,14 @@ void ReadingsStrip::paintEvent(QPaintEvent*) {
     const ThemeColours& colours = coloursOf(appliedTheme());
     const QFontMetrics metrics(font());
     const int line = metrics.height() + lineGap;
+    const QRect foot(margin, height() - lineGap - line, width() - 2 * margin, line);
+    painter.setPen(colours.text);
+    painter.drawText(foot, Qt::AlignVCenter, legend_);
+    if (!asked_) {
+        painter.setPen(colours.quiet);
+        painter.drawText(QRect(margin, lineGap, width() - 2 * margin, line), Qt::AlignVCenter, howToRead);
+        return;
+    }
     const auto all = cells();
     const int perRow = columns(width());
     const int cellRoom = std::min((width() - margin) / perRow, cellWidth() * 4 / 3);
@@ -132,9 +149,6 @@ void ReadingsStrip::paintEvent(QPaintEvent*) {
         painter.drawText(QRect(x, y, right - unit - 5 - x, line), Qt::AlignVCenter | Qt::AlignRight,
                          cell.value);
     }
-    if (legend_.isEmpty()) return;
-    painter.setPen(colours.text);
-    painter.drawText(QRect(margin, y + line, width() - 2 * margin, line), Qt::AlignVCenter, legend_);
 }
 
 } // namespace tarvik

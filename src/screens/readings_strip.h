@@ -17,13 +17,15 @@ class ReadingsStrip final : public QWidget {
 
     /// The curves that have a place. Its height follows.
     void setDisplay(const LogDisplay& display, DepthUnits units);
-    /// Of the first run, and of a second one; nothing where the pointer is not over a log.
+    /// Of the first run, and of a second one; nothing where nothing was logged.
     void showReadings(const std::optional<CursorReading>& first, const std::optional<CursorReading>& second);
+    /// No depth is asked for: how to ask for one stands there instead.
+    void showNone();
     /// A line that stays, such as which run is drawn how; empty: none.
     void setLegend(const QString& text);
 
     [[nodiscard]] int heightFor(int width) const;
-    /// As it stands there: "12.50 metres", "GR 45.20 API".
+    /// As it stands there: "Depth 12.50 m", "GR 45.20 API".
     [[nodiscard]] QStringList texts() const;
 
   protected:
@@ -43,6 +45,7 @@ class ReadingsStrip final : public QWidget {
     LogDisplay display_;
     DepthUnits units_ = DepthUnits::metres;
     bool hasSecond_ = false;
+    bool asked_ = false;
     std::optional<CursorReading> first_;
     std::optional<CursorReading> second_;
     QString legend_;

@@ -199,8 +199,16 @@ void ReviewActions::fillExportMenu() {
 
 PrintSubject ReviewActions::subject() const {
     const LogPicture& picture = screen_.picture();
-    return {*session_.log(), session_.file(),           picture.display(),
-            picture.scale(), picture.isEquallySpaced(), picture.visible()};
+    const auto& second = picture.second();
+    return {.log = *session_.log(),
+            .file = session_.file(),
+            .display = picture.display(),
+            .scale = picture.scale(),
+            .equallySpaced = picture.isEquallySpaced(),
+            .whole = picture.extent(),
+            .visible = picture.visibleOfBoth(),
+            .other = second ? session_.second() : nullptr,
+            .how = second ? second->how : Comparison::over};
 }
 
 void ReviewActions::exportLas() {
@@ -229,7 +237,7 @@ void ReviewActions::savePicture() {
     Path file = plain(chosen);
     if (!file.has_extension()) file += ".png";
     try {
-        writePlot(printSheet(now.log, now.display, order), {file, paperOf(order), 150});
+        writePlot(sheetOf(now, order), {file, paperOf(order), 150});
         screen_.status().showText("Written: " + file.string());
     } catch (const Failure& failure) {
         program_.frame.operatorSide.message("Picture of the log", failure.what(), Icon::exclamation);

@@ -156,7 +156,7 @@ TEST(Review, ZoomsAboutThePointerAndStaysOnTheLog) {
     DisplayView furthest = view;
     for (int i = 0; i < 300; ++i) furthest = heldInside(zoomed(furthest, 0.8, 300), data, 500);
     EXPECT_EQ(furthest.perMillimetre, 1);
-    const Extent seen = visibleInterval(showingAll(view, data, 500), data, 250);
+    const Extent seen = visibleInterval(showingAll(view, data, 500), extentOf(data, Axis::depth), 250);
     EXPECT_NEAR(seen.to, 15.24, 1e-9);
 }
 

@@ -92,6 +92,41 @@ TEST(Traces, StepsFarApartAreNotJoined) {
     EXPECT_NEAR(logDataOf(traced.log).joinLimit, 3.6, 1e-9);
 }
 
+/// As merged files have them: a curve with a value on every so many steps is one line, and still has its gap.
+TEST(Traces, ACoarserCurveIsJoinedButNotAcrossItsGap) {
+    for (const auto& [step, every] : {std::pair(0.1, 2), {0.1, 7}, {0.01, 2}, {0.01, 30}}) {
+        Traced traced{logOf(static_cast<std::size_t>(20 / step) + 1, step, {"Gamma"})};
+        std::vector<float>& values = traced.log.channels[0].values;
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const double depth = traced.log.depth[i];
+            const bool gap = depth > 8 && depth < 10;
+            values[i] = gap || i % static_cast<std::size_t>(every) != 0 ? noValue() : 50;
+        }
+        const CurveTrace trace = traced.trace({0, traced.yOf(20)});
+        EXPECT_LT(trace.pieces.size(), 7U) << "a piece for each block of 64 steps";
+        for (const RowSpan& row : trace.rows) {
+            const auto y = static_cast<double>(row.row);
+            EXPECT_FALSE(y > traced.yOf(8) + 1 && y + 1 < traced.yOf(10) - 1) << y;
+        }
+        if (!trace.rows.empty()) {
+            EXPECT_GT(static_cast<double>(trace.rows.size()), traced.yOf(17));
+        }
+        EXPECT_EQ(trace.rows.empty(), step == 0.1);
+        const CurveTrace part = traced.trace({traced.yOf(4.03), traced.yOf(4.04)});
+        const auto& points = part.points;
+        EXPECT_TRUE(part.rows.empty()
+                        ? points.front().y < traced.yOf(4.03) && points.back().y > traced.yOf(4.04)
+                        : part.rows.size() > 0)
+            << "a line goes through a band between two values";
+        EXPECT_EQ(usualStride(values), static_cast<std::size_t>(every));
+    }
+    // Where there is no rule, what is missing is a gap.
+    std::vector<float> random(1000, noValue());
+    for (std::size_t i = 0, next = 0; next < random.size(); next += 1 + i * i % 5, ++i) random[next] = 1;
+    EXPECT_EQ(usualStride(random), 1U);
+    EXPECT_EQ(usualStride(std::vector<float>(100, noValue())), 1U);
+}
+
 TEST(Traces, ABandIsDrawnAsPartOfTheWhole) {
     Traced traced = spikes(0.01);
     for (std::size_t i = 0; i < traced.log.steps(); ++i) {

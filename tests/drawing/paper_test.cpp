@@ -5,6 +5,7 @@
 #include "drawing/bullseye_painter.h"
 #include "drawing/gauge_painter.h"
 #include "drawing/plot_file.h"
+#include "drawing/print_sheet.h"
 #include "drawing/verb_plot.h"
 #include "easel.h"
 #include "files/run_file_writer.h"
@@ -152,6 +153,61 @@ TEST(Paper, ADrawingKeepsCurvesWithinTheirTracksWithoutAClip) {
         }
     }
     EXPECT_GT(points, 100U);
+}
+
+/// A spike of the first run at 5 m, one of the second at 15 m: each stands at its depth in its own place.
+TEST(Paper, TwoRunsArePrintedToOneScale) {
+    const auto spikeAt = [](std::size_t metre) {
+        ReviewLog log = samples::logOf(200, 0.1, {"Gamma"});
+        log.channels[0].values.assign(log.steps(), 10);
+        log.channels[0].values[metre * 10] = 90;
+        return log;
+    };
+    const ReviewLog log = spikeAt(5);
+    ReviewLog other = spikeAt(15);
+    other.header.hole.holeId = "H-2";
+    LogSheet sheet = sheetOf(log);
+    sheet.display = samples::displayOf({{samples::loudCurve("Gamma", 0, 100)}});
+    sheet.withHeading = false;
+    sheet.from = 0;
+    sheet.to = 20;
+    const Paper paper = *paperNamed("Continuous");
+    const PagePlan plan = planOf(sheet, paper);
+    constexpr double units = 4;
+    DisplayView view = sheet.view;
+    view.unitsPerMillimetre = units;
+    view.width = plan.contentWidth() * units;
+    const auto spikeRow = [&](double metre) {
+        return static_cast<int>((plan.pages[0].bodyTop + metre * 5) * units);
+    };
+    for (const Comparison how : {Comparison::over, Comparison::beside}) {
+        compareOnSheet(sheet, log, other, how);
+        EXPECT_THAT(sheet.legend, HasSubstr("H-2"));
+        QImage image(static_cast<int>(plan.width * units), static_cast<int>(plan.height * units),
+                     QImage::Format_RGB32);
+        QPainter painter(&image);
+        PagePainter().paint(painter, sheet, plan, 0, units, false);
+        painter.end();
+        image = image.copy(0, 0, image.width(), spikeRow(20)); // the heads below the log are loud too
+        const DisplayView pane = paneOf(view, how);
+        const Column track = columnsOf(sheet.display, pane).tracks[0];
+        const auto spikes = [&](double start) { // rows whose value is between 70 and 85
+            const int left = static_cast<int>(plan.margin * units + start + track.left + track.width * 0.7);
+            return samples::loudRows(image, spikeRow(0), left, left + static_cast<int>(track.width * 0.15));
+        };
+        const auto near = [&](double metre) {
+            return testing::AllOf(testing::Ge(spikeRow(metre) - 3), testing::Le(spikeRow(metre) + 3));
+        };
+        if (how == Comparison::over) {
+            EXPECT_THAT(spikes(0), testing::Contains(near(5)));
+            EXPECT_THAT(spikes(0), testing::Contains(near(15)));
+            continue;
+        }
+        EXPECT_LT(2 * pane.width, view.width);
+        EXPECT_THAT(spikes(0), testing::AllOf(testing::SizeIs(testing::Gt(0U)), testing::Each(near(5))));
+        EXPECT_THAT(spikes(pane.width + paneGap(view)),
+                    testing::AllOf(testing::SizeIs(testing::Gt(0U)), testing::Each(near(15))));
+    }
 }
 
 TEST(Bullseye, IsToTrueScaleInAnyBox) {
@@ -312,6 +368,27 @@ TEST(PlotVerb, AnIndexInAnotherUnitIsHeadedByItsOwn) {
     EXPECT_THAT(contentOf(picture),
                 testing::AllOf(HasSubstr(">Index<"), HasSubstr(">S<"), HasSubstr("10.00 to 12.00 S"),
                                HasSubstr("counts each as a metre"), testing::Not(HasSubstr(">metres<"))));
+}
+
+TEST(PlotVerb, ComparesTwoRunsOverTheExtentOfBoth) {
+    const TemporaryFolder folder;
+    const std::string run = runFileIn(folder).string(); // 10 to 29.9 m
+    const std::string las = (folder / "deep.las").string();
+    DiskFiles().replace(
+        las, asBytes(std::string_view("~V\nVERS. 2.0:\nWRAP. NO:\n~W\nSTRT.F 120:\nSTOP.F 131.25:\n"
+                                      "STEP.F 3.75:\nNULL. -999.25:\nWELL. Deep One : WELL\n~C\nDEPT.F :\n"
+                                      "Gamma.API :\n~A\n120 50\n123.75 60\n127.5 70\n131.25 80\n")));
+    const std::string picture = (folder / "both.svg").string();
+    const Done drawn = tarvik({"plot", run, "-o", picture, "--with", las, "--beside", "--tolerant", "--home",
+                               (folder / "home").string()});
+    EXPECT_EQ(drawn.code, 0) << drawn.err;
+    EXPECT_THAT(contentOf(picture), testing::AllOf(HasSubstr("Left: H-1"), HasSubstr("Right: Deep One"),
+                                                   HasSubstr(">15<"), HasSubstr(">40<")));
+    EXPECT_EQ(tarvik({"plot", run, "-o", picture, "--beside"}).code, 2);
+    EXPECT_EQ(tarvik({"plot", run, "-o", picture, "--with", (folder / "none.las").string(), "--home",
+                      (folder / "home").string()})
+                  .code,
+              1);
 }
 
 TEST(PlotVerb, ALogOfOneDepthSaysSo) {

@@ -106,6 +106,17 @@ TEST(LogPictureTest, PointerAndKeysMoveZoomAndRead) {
     const QStringList below = readings.texts();
     QTest::keyClick(&on.picture, Qt::Key_Home);
     EXPECT_NE(readings.texts(), below) << "the paper has moved under the pointer";
+    on.picture.jumpTo(50);
+    for (const auto& [key, depth] : {std::pair(Qt::Key_Down, "Depth 50.05 m"),
+                                     {Qt::Key_Up, "Depth 50.00 m"},
+                                     {Qt::Key_Up, "Depth 49.95 m"}}) {
+        QTest::keyClick(&on.picture, key, Qt::ShiftModifier);
+        EXPECT_EQ(readings.texts()[0], depth);
+    }
+    for (int i = 0; i < 300; ++i) QTest::keyClick(&on.picture, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(readings.texts()[0], "Depth 64.95 m");
+    EXPECT_LT(on.picture.visible().from, 64.95);
+    EXPECT_GT(on.picture.visible().to, 64.95) << "the window follows";
 }
 
 TEST(LogPictureTest, ZoomingEndsAtTrueSize) {
@@ -123,6 +134,8 @@ TEST(LogPictureTest, EveryOfTwentyCurvesHasItsPlaceInTheReadings) {
     }
     Light on(std::move(log));
     auto& strip = control<ReadingsStrip>(on.picture, "lbreadings");
+    EXPECT_THAT(strip.texts()[0].toStdString(), testing::HasSubstr("point at a depth"));
+    on.picture.jumpTo(50);
     EXPECT_EQ(strip.texts().size(), 21);
     EXPECT_EQ(strip.height(), strip.heightFor(strip.width()));
     EXPECT_EQ(strip.geometry().bottom(), on.picture.rect().bottom());
@@ -214,7 +227,11 @@ TEST(frmPrint, PaintsPagesForAPrinterAndWritesAPdfOfTheInterval) {
     Path chosen = desk.home / "out";
     const Path spool = desk.home / "spool.pdf";
     frmPrint screen(
-        {on.log, desk.home / "H1.kvx", on.picture.display(), 200, false, {20, 30}},
+        {.log = on.log,
+         .file = desk.home / "H1.kvx",
+         .display = on.picture.display(),
+         .whole = on.picture.extent(),
+         .visible = {20, 30}},
         {desk.operatorSide, desk.memory,
          [&](QPrinter& printer, QWidget*) {
              printer.setOutputFormat(QPrinter::PdfFormat);
@@ -312,6 +329,14 @@ TEST(ReviewActionsTest, ASecondRunIsReadBesideTheFirstAndForgotten) {
         picture.grab();
         EXPECT_TRUE(control<ReadingsStrip>(picture, "lbreadings").texts().contains("GR 1.000 | 1.000 API"));
     }
+    whenModal([&](QWidget& modal) {
+        control<QCheckBox>(modal, "optprintheading").setChecked(true);
+        desk.file = desk.home / "both.svg";
+        click(modal, "comsavepicture");
+        modal.close();
+    });
+    desk.entry("menuexport", "Print").trigger();
+    EXPECT_NE(asText(desk.program.files.read(desk.file)).find("Left: "), std::string_view::npos);
     DisplayPlace left;
     DisplayPlace right;
     const int pane = (picture.width() - control<QScrollBar>(picture, "logscroll").width() - 8) / 2;
