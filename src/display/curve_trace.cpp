@@ -59,13 +59,17 @@ class LineBuilder {
         if (point.fraction > most_.point.fraction) most_ = last_;
     }
     void cut() {
+        if (repeated_ && !begun_ && held_ == 1) held_ = 0; // it stands at the end of the line before
+        repeated_ = false;
         flush();
         begun_ = false;
     }
+    /// Ends a line at a point that the next one, if there is one, will begin with.
     void anchor(const TracePoint& point) {
         if (!begun_ && held_ == 0) return;
         add(point);
         cut();
+        repeated_ = true;
     }
 
   private:
@@ -91,6 +95,7 @@ class LineBuilder {
     Held first_, least_, most_, last_;
     std::size_t held_ = 0;
     bool begun_ = false;
+    bool repeated_ = false;
 };
 
 /// The steps whose lines can be seen within the band, for a curve that has a value every `stride` steps.

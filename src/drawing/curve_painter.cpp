@@ -114,6 +114,20 @@ bool cutTo(TracePoint& one, TracePoint& other, double TracePoint::*coordinate, d
     return true;
 }
 
+/// A value between two gaps is a dot.
+void drawLoneValue(const Strand& strand, const TracePoint& value, int n, const Band& band) {
+    if (value.fraction < n || value.fraction > n + 1) return;
+    if (strand.canvas.view.vectors && (value.y < band.top || value.y > band.bottom)) return;
+    QPainter& painter = strand.canvas.painter;
+    const QPen pen = painter.pen();
+    const double radius = strand.canvas.mm(n == 0 ? 0.4 : 0.25); // smaller for a backup, as its line is
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(pen.color());
+    painter.drawEllipse(QPointF(strand.lineX(value.fraction - n), value.y), radius, radius);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(pen);
+}
+
 /// The parts of a piece in the n-th width of the track, moved into it. Cut here and not by the painter's clip
 /// alone: a drawing that keeps lines as lines knows no clip.
 void drawPiece(const Strand& strand, Piece piece, int n, const Band& band) {
@@ -139,13 +153,7 @@ void drawPiece(const Strand& strand, Piece piece, int n, const Band& band) {
         run.append({strand.lineX(other.fraction - n), other.y});
     }
     draw();
-    // A value between two gaps is a short stroke.
-    const TracePoint& only = piece.front();
-    if (piece.size() == 1 && only.fraction >= n && only.fraction <= n + 1) {
-        const double half = strand.canvas.mm(0.2);
-        const double x = strand.lineX(only.fraction - n);
-        strand.canvas.painter.drawLine(QLineF(x, only.y - half, x, only.y + half));
-    }
+    if (piece.size() == 1) drawLoneValue(strand, piece.front(), n, band);
 }
 
 void drawPoints(const Strand& strand, const CurveTrace& trace, int n, const Band& band) {

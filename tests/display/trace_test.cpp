@@ -77,6 +77,14 @@ TEST(Traces, LeaveGapsOpen) {
     }
 }
 
+/// Where a line is begun anew at its very last step no lone value follows it.
+TEST(Traces, ALineThatEndsWhereItIsBegunAnewLeavesNoDot) {
+    const Traced traced{logOf(65, 0.1, {"Gamma"})};
+    const CurveTrace trace = traced.trace({0, traced.yOf(7)});
+    ASSERT_EQ(trace.pieces.size(), 1U);
+    EXPECT_NEAR(trace.points.back().y, traced.yOf(6.4), 1e-9);
+}
+
 TEST(Traces, StepsFarApartAreNotJoined) {
     Traced traced{logOf(100, 0.1, {"Gamma"})};
     for (std::size_t i = 50; i < 100; ++i) traced.log.depth[i] += 3; // three metres without a scan
