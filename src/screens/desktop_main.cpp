@@ -3,10 +3,10 @@
 #include "cli/verb.h"
 #include "screens/desktop.h"
 #include "screens/icons.h"
+#include "screens/message_box.h"
 #include "screens/qt_text.h"
 
 #include <QApplication>
-#include <QMessageBox>
 
 #include <iostream>
 #include <vector>
@@ -58,7 +58,7 @@ int runDesktop(int argc, char** argv) {
         return exitUsage;
     } catch (const std::exception& error) {
         std::cerr << "tarvik: " << error.what() << "\n";
-        QMessageBox::critical(nullptr, "Tarvik", qt(error.what()));
+        makeMessageBox(Icon::critical, "Tarvik", qt(error.what()), nullptr)->exec();
         return exitFailed;
     }
 }

@@ -18,7 +18,7 @@ frmAbout::frmAbout(const Version& version, const SystemTexts& system, const QStr
     auto* const head = new QHBoxLayout;
     head->setSpacing(16);
     auto* const picture = new QLabel;
-    picture->setPixmap(icon("app").pixmap(48, 48));
+    picture->setPixmap(icon("app").pixmap(QSize(48, 48), devicePixelRatioF()));
     head->addWidget(picture, 0, Qt::AlignTop);
     auto* const names = new QVBoxLayout;
     names->addWidget(roleLabel("title", "Tarvik"));

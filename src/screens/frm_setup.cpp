@@ -85,8 +85,8 @@ void frmSetup::buildList() {
     for (const PageName& name : names) {
         auto* const item = new QListWidgetItem(name.title, list_);
         item->setSizeHint({0, 40});
+        item->setIcon(icon(name.icon));
     }
-    drawIcons();
 }
 
 void frmSetup::buildPages() {
@@ -95,7 +95,7 @@ void frmSetup::buildPages() {
               new SetupHolePage(modules_),
               new SetupEquipmentPage(modules_),
               new SetupLithologyPage(modules_),
-              new SetupDisplayPage(modules_, [this] { drawIcons(); }),
+              new SetupDisplayPage(modules_),
               new SetupSystemPage(modules_),
               new SetupFirmwarePage(modules_)};
     // A small screen scrolls rather than cut.
@@ -106,12 +106,6 @@ void frmSetup::buildPages() {
         view->setWidgetResizable(true);
         view->setWidget(page);
         stack_->addWidget(view);
-    }
-}
-
-void frmSetup::drawIcons() {
-    for (int row = 0; row < list_->count(); ++row) {
-        list_->item(row)->setIcon(icon(names[static_cast<std::size_t>(row)].icon));
     }
 }
 

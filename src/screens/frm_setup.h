@@ -37,7 +37,6 @@ class frmSetup final : public ScreenDialog { // NOLINT(readability-identifier-na
   private:
     void buildList();
     void buildPages();
-    void drawIcons();
     [[nodiscard]] SetupPage& shown() const { return *pages_[static_cast<std::size_t>(page_)]; }
     /// Checks and saves the page shown.
     bool leave();

@@ -3,9 +3,12 @@
 #include "screens/theme.h"
 
 #include <QFile>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
 #include <QSvgRenderer>
+
+#include <utility>
 
 static void openResources() {
     Q_INIT_RESOURCE(tarvik_icons);
@@ -15,24 +18,48 @@ namespace tarvik {
 
 namespace {
 
-constexpr int iconPixels = 24;
+/// Which colour of the theme an icon has where.
+using Ink = QColor ThemeColours::*;
+using InkRule = Ink (*)(QIcon::Mode mode, QIcon::State state);
 
-QPixmap drawn(QByteArray svg, const QColor& colour, int scale) {
-    svg.replace("currentColor", colour.name().toUtf8());
-    QSvgRenderer renderer(svg);
-    QPixmap pixmap(iconPixels * scale, iconPixels * scale);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    renderer.render(&painter);
-    painter.end();
-    pixmap.setDevicePixelRatio(scale);
-    return pixmap;
+Ink inkOnTools(QIcon::Mode mode, QIcon::State state) {
+    if (mode == QIcon::Disabled) return state == QIcon::On ? &ThemeColours::text : &ThemeColours::faded;
+    return mode == QIcon::Selected || state == QIcon::On ? &ThemeColours::onAccent : &ThemeColours::text;
 }
 
-QByteArray svgOf(const QString& name) {
+Ink inkInMenus(QIcon::Mode mode, QIcon::State) {
+    if (mode == QIcon::Disabled) return &ThemeColours::faded;
+    return mode == QIcon::Active ? &ThemeColours::onAccent : &ThemeColours::text;
+}
+
+/// Draws when it is asked to: in the theme of the moment, as sharp as the display.
+class ThemeIcon final : public QIconEngine {
+  public:
+    ThemeIcon(QByteArray svg, InkRule ink) : svg_(std::move(svg)), ink_(ink) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+        QByteArray svg = svg_;
+        svg.replace("currentColor", (coloursOf(appliedTheme()).*ink_(mode, state)).name().toUtf8());
+        QSvgRenderer(svg).render(painter, rect);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap drawn(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        paint(&painter, drawn.rect(), mode, state);
+        return drawn;
+    }
+    [[nodiscard]] QIconEngine* clone() const override { return new ThemeIcon(*this); }
+
+  private:
+    QByteArray svg_;
+    InkRule ink_;
+};
+
+QIcon made(const QString& name, InkRule ink) {
     openResources();
     QFile file(":/icons/" + name + ".svg");
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? QIcon(new ThemeIcon(file.readAll(), ink)) : QIcon();
 }
 
 } // namespace
@@ -42,33 +69,11 @@ void openIcons() {
 }
 
 QIcon menuIcon(const QString& name) {
-    const QByteArray svg = svgOf(name);
-    if (svg.isEmpty()) return {};
-    const ThemeColours& colours = coloursOf(appliedTheme());
-    QIcon result;
-    for (const int scale : {1, 2}) {
-        for (const QIcon::State state : {QIcon::Off, QIcon::On}) {
-            result.addPixmap(drawn(svg, colours.text, scale), QIcon::Normal, state);
-            result.addPixmap(drawn(svg, colours.onAccent, scale), QIcon::Active, state);
-            result.addPixmap(drawn(svg, colours.faded, scale), QIcon::Disabled, state);
-        }
-    }
-    return result;
+    return made(name, inkInMenus);
 }
 
 QIcon icon(const QString& name) {
-    const QByteArray svg = svgOf(name);
-    if (svg.isEmpty()) return {};
-    const ThemeColours& colours = coloursOf(appliedTheme());
-    QIcon result;
-    for (const int scale : {1, 2}) {
-        result.addPixmap(drawn(svg, colours.text, scale), QIcon::Normal, QIcon::Off);
-        result.addPixmap(drawn(svg, colours.onAccent, scale), QIcon::Normal, QIcon::On);
-        result.addPixmap(drawn(svg, colours.onAccent, scale), QIcon::Selected, QIcon::Off);
-        result.addPixmap(drawn(svg, colours.faded, scale), QIcon::Disabled, QIcon::Off);
-        result.addPixmap(drawn(svg, colours.text, scale), QIcon::Disabled, QIcon::On); // as its caption
-    }
-    return result;
+    return made(name, inkOnTools);
 }
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// The program's own icons, drawn in the text colour of the theme.
+// The program's own icons, drawn in the text colour of whatever theme is applied.
 #pragma once
 
 #include <QIcon>

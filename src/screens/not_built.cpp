@@ -78,7 +78,7 @@ NotBuiltScreen::NotBuiltScreen(std::string_view screen, DesktopMemory& memory, Q
     const auto* const row = std::ranges::find(planned, screen, &Planned::screen);
     const Planned& shown = row == planned.end() ? unknown : *row;
     auto* const picture = new QLabel;
-    picture->setPixmap(icon(shown.icon).pixmap(32, 32));
+    picture->setPixmap(icon(shown.icon).pixmap(QSize(32, 32), devicePixelRatioF()));
     auto* const words = new QVBoxLayout;
     words->setSpacing(4);
     words->addWidget(roleLabel("title", shown.title));

@@ -7,14 +7,12 @@
 #include <QApplication>
 #include <QCheckBox>
 
-#include <utility>
 
 namespace tarvik {
 
-SetupDisplayPage::SetupDisplayPage(const SetupModules& modules, std::function<void()> themeChanged)
+SetupDisplayPage::SetupDisplayPage(const SetupModules& modules)
     : SetupPage("pagelogdisplay", "Log display", "How the screen looks and how the logs are scaled."),
       modules_(modules),
-      themeChanged_(std::move(themeChanged)),
       before_(modules.memory.theme()),
       inches_(new QCheckBox("Log &inches: scales of the logs in inches")),
       depthTrack_(wrappingLabel({})) {
@@ -58,7 +56,6 @@ void SetupDisplayPage::cancel() {
 void SetupDisplayPage::applyTheme(Theme theme) {
     modules_.memory.keepTheme(theme);
     tarvik::applyTheme(*qApp, theme);
-    themeChanged_();
 }
 
 } // namespace tarvik

@@ -11,8 +11,7 @@ namespace tarvik {
 
 class SetupDisplayPage final : public SetupPage {
   public:
-    /// `themeChanged` is called after another theme was applied: icons are drawn in its colours.
-    SetupDisplayPage(const SetupModules& modules, std::function<void()> themeChanged);
+    explicit SetupDisplayPage(const SetupModules& modules);
 
     void load() override;
     bool store() override;
@@ -22,7 +21,6 @@ class SetupDisplayPage final : public SetupPage {
     void applyTheme(Theme theme);
 
     SetupModules modules_;
-    std::function<void()> themeChanged_;
     Theme before_;
     QButtonGroup* theme_;
     QCheckBox* inches_;

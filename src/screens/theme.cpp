@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
 
 #include <array>
 #include <utility>
@@ -42,6 +42,18 @@ const ThemeColours darkColours{.ground = "#14181d",
                                .warning = "#f2b354",
                                .bad = "#ff8080",
                                .information = "#7fbcff"};
+
+class Style final : public QProxyStyle {
+  public:
+    Style() : QProxyStyle("Fusion") {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        // Those of the display's own icons would stand beside ours.
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+        return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
 
 QPalette paletteOf(const ThemeColours& colours) {
     QPalette palette;
@@ -189,7 +201,7 @@ const ThemeColours& coloursOf(Theme theme) {
 void applyTheme(QApplication& application, Theme theme) {
     const ThemeColours& colours = coloursOf(theme);
     application.setProperty(themeProperty, static_cast<int>(theme));
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new Style);
     QFont font("DejaVu Sans");
     font.setPointSize(textPoints);
     QApplication::setFont(font);

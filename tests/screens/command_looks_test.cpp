@@ -68,4 +68,17 @@ TEST(Icons, WhatCannotBeUsedLooksSoInBothThemes) {
     applyTheme(*qApp, Theme::light);
 }
 
+TEST(Icons, TheyFollowTheThemeAndStayShapeAtAnySize) {
+    const QIcon tool = icon("open");
+    const QIcon entry = menuIcon("open");
+    for (const Theme theme : {Theme::light, Theme::dark}) {
+        applyTheme(*qApp, theme);
+        EXPECT_EQ(inkOf(tool, QIcon::Normal), coloursOf(theme).text);
+        EXPECT_EQ(inkOf(entry, QIcon::Active), coloursOf(theme).onAccent);
+    }
+    applyTheme(*qApp, Theme::light);
+    const QPixmap large = tool.pixmap(QSize(24, 24), 1.5);
+    EXPECT_EQ(large.size(), QSize(36, 36)) << "drawn for the display, not stretched";
+}
+
 } // namespace tarvik::test
