@@ -144,12 +144,11 @@ void addRemarks(LogHeading& heading, const ReviewLog& log) {
 
 } // namespace
 
-LogHeading headingOf(const ReviewLog& log, const LogDisplay& display, const std::string& scale) {
+LogHeading headingOf(const ReviewLog& log, const LogDisplay& display) {
     LogHeading heading;
     heading.company = trimmed(log.header.hole.company);
     heading.hole = trimmed(log.header.hole.holeId);
     heading.title = titleOf(display);
-    heading.scale = scale;
     heading.fields = fieldsOf(log);
     addCalibrations(heading, log.header, display);
     addRemarks(heading, log);

@@ -22,6 +22,7 @@ struct LogHeading {
     std::string title; ///< what is logged: "Gamma, Caliper, Density"
     std::string scaleLabel = "Depth scale";
     std::string scale;                ///< "1:200"
+    std::string inches;               ///< the same in inches per 100 ft; empty: not said
     std::vector<HeadingField> fields; ///< three to a row
     static constexpr std::array<const char*, 6> calibrationColumns{"Channel",    "State", "Fit",
                                                                    "Calibrated", "By",    "Coefficients"};
@@ -29,7 +30,7 @@ struct LogHeading {
     std::vector<std::string> remarks;
 };
 
-[[nodiscard]] LogHeading headingOf(const ReviewLog& log, const LogDisplay& display, const std::string& scale);
+[[nodiscard]] LogHeading headingOf(const ReviewLog& log, const LogDisplay& display);
 
 // Heights in millimetres, so that the pages can be planned before anything is drawn.
 constexpr double headingTitle = 21;

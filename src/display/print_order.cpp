@@ -39,6 +39,11 @@ std::string scaleInWords(double scale) {
     return "1:" + shortestNumber(std::round(scale * 100) / 100);
 }
 
+std::string scaleInInches(double scale) {
+    constexpr double inchesOf100Feet = 1200;
+    return shortestNumber(std::round(inchesOf100Feet / scale * 1000) / 1000) + " in per 100 ft";
+}
+
 std::string planProblem(const PagePlan& plan) {
     if (plan.noRoom) {
         return "The heads of the tracks leave the log no room on a page; take longer paper, or fewer curves "

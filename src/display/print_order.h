@@ -20,6 +20,7 @@ struct PrintOrder {
     bool continuous = false; ///< one long page as wide as the paper, as rolls and fan-fold paper are fed
     bool heading = true;
     bool equallySpaced = false;
+    bool inches = true; ///< a log in feet says its scale in inches too
 };
 
 /// The papers that a printer is fed with; "Continuous" is a way of feeding, not a size of them.
@@ -32,6 +33,9 @@ constexpr std::array<std::string_view, 3> printPapers{"A4", "A3", "Letter"};
 
 /// 1:N to two decimals: a scale that was zoomed to has no end of digits.
 [[nodiscard]] std::string scaleInWords(double scale);
+
+/// The same as it is named for logs in feet: 1:240 is "5 in per 100 ft".
+[[nodiscard]] std::string scaleInInches(double scale);
 
 /// Why a plan is not printed; empty for one that is.
 [[nodiscard]] std::string planProblem(const PagePlan& plan);

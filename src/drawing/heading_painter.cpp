@@ -36,8 +36,11 @@ void paintTitle(const Canvas& canvas, const LogHeading& heading) {
     const QRectF right(width - box, 0, box, canvas.mm(headingTitle));
     write(canvas, right.adjusted(0, canvas.mm(2.5), 0, canvas.mm(-13)), Qt::AlignCenter, 2.5, false,
           scheme.quietText, heading.scaleLabel);
-    write(canvas, right.adjusted(0, canvas.mm(6), 0, canvas.mm(-3)), Qt::AlignCenter, 6.4, true, scheme.text,
-          heading.scale);
+    const double foot = heading.inches.empty() ? 3 : 6; // mm below the scale
+    write(canvas, right.adjusted(0, canvas.mm(6), 0, canvas.mm(-foot)), Qt::AlignCenter, 6.4, true,
+          scheme.text, heading.scale);
+    write(canvas, right.adjusted(0, canvas.mm(14.5), 0, canvas.mm(-1.5)), Qt::AlignCenter, 2.8, false,
+          scheme.text, heading.inches);
     rule(canvas, canvas.mm(headingTitle), 0.3);
 }
 

@@ -43,6 +43,7 @@ void paintFooter(const PageCanvas& on, std::size_t number) {
     std::string text = on.sheet.second ? on.sheet.legend : on.sheet.heading.hole;
     if (!text.empty()) text += "   ";
     text += on.sheet.heading.scale;
+    if (!on.sheet.heading.inches.empty()) text += "   " + on.sheet.heading.inches;
     const double left = box.width() * (on.sheet.second ? 0.86 : 0.7);
     on.painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, fitted(font, qText(text), left));
     if (on.plan.pages.size() > 1) {

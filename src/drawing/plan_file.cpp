@@ -18,6 +18,7 @@ void writePlan(const LogSheet& sheet, const PlotTarget& target) {
     LogSheet words = sheet;
     words.heading.title = "Plan view, north up";
     words.heading.scaleLabel = "Rings every";
+    words.heading.inches.clear();
     words.heading.scale = scaleEndText(plan.ringStep) + " m";
     writePicture(
         target.file, {target.paper.width, height, 1, target.dotsPerInch}, sheet.heading.hole + " plan",

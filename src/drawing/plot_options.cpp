@@ -95,7 +95,7 @@ std::vector<Option> plotOptions() {
             {"--no-heading", "", "without the log heading"}};
 }
 
-LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const ReviewLog* other,
+LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const ReviewLog* other, bool inches,
                    const Files& files) {
     const double scale = scaleFrom(arguments.text("--scale").value_or("1:200"));
     LogSheet sheet;
@@ -104,7 +104,8 @@ LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Revie
     sheet.view = viewAtScale(scale, millimetresPerInch);
     sheet.view.equallySpaced = arguments.has("--equally-spaced");
     sheet.withHeading = !arguments.has("--no-heading");
-    sheet.heading = headingOf(log, sheet.display, scaleInWords(scale));
+    sheet.heading = headingOf(log, sheet.display);
+    sayScale(sheet, log, inches);
     if (other != nullptr) {
         compareOnSheet(sheet, log, *other, arguments.has("--beside") ? Comparison::beside : Comparison::over);
     }

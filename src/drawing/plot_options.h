@@ -9,10 +9,11 @@ namespace tarvik {
 
 [[nodiscard]] std::vector<Option> plotOptions();
 
-/// Views of the logs; `other` is a second run to compare with, null: none. Throws UsageError; a template that
+/// Views of the logs; `other` is a second run to compare with, null: none. `inches`: see
+/// PrintOrder. Throws UsageError; a template that
 /// cannot be read is a Failure.
 [[nodiscard]] LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const ReviewLog* other,
-                                 const Files& files);
+                                 bool inches, const Files& files);
 [[nodiscard]] PlotTarget targetFrom(const Arguments& arguments);
 
 } // namespace tarvik

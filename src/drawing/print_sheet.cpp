@@ -12,10 +12,18 @@ LogSheet printSheet(const ReviewLog& log, const LogDisplay& display, const Print
     sheet.view = viewAtScale(order.scale, millimetresPerInch);
     sheet.view.equallySpaced = order.equallySpaced;
     sheet.withHeading = order.heading;
-    sheet.heading = headingOf(log, sheet.display, scaleInWords(order.scale));
+    sheet.heading = headingOf(log, sheet.display);
+    sayScale(sheet, log, order.inches);
     sheet.from = order.interval.from;
     sheet.to = order.interval.to;
     return sheet;
+}
+
+void sayScale(LogSheet& sheet, const ReviewLog& log, bool inches) {
+    const double scale = sheet.view.perMillimetre * 1000;
+    const bool feet = log.header.setup.units == DepthUnits::feet && !log.otherDepthUnit;
+    sheet.heading.scale = scaleInWords(scale);
+    if (feet && inches) sheet.heading.inches = scaleInInches(scale);
 }
 
 void compareOnSheet(LogSheet& sheet, const ReviewLog& log, const ReviewLog& other, Comparison how) {

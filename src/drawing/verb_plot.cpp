@@ -65,7 +65,8 @@ int runPlot(const Arguments& arguments) {
     } else if (arguments.has("--beside")) {
         throw UsageError("--beside needs the second file: --with FILE");
     }
-    LogSheet sheet = sheetFrom(arguments, *log, other ? &*other : nullptr, files);
+    LogSheet sheet = sheetFrom(arguments, *log, other ? &*other : nullptr,
+                               review.program().settings.logInches != 0, files);
     addHoleNotes(sheet, files, file, *log);
     if (const auto saved = arguments.name("--save-template")) {
         files.replace(*saved, asBytes(templateText(sheet.display)));

@@ -91,6 +91,7 @@ frmPrint::frmPrint(PrintSubject subject, const PrintModules& modules, QWidget* p
       summary_(roleLabel("head")),
       page_(roleLabel("quiet")) {
     setModal(true);
+    order_.inches = subject_.inches;
     remember(order_, plain(modules.memory.text(memoryName)));
     auto* const row = new QHBoxLayout;
     row->setSpacing(measure::wide);

@@ -43,6 +43,7 @@ struct PrintSubject {
     LogDisplay display;
     double scale = 200;
     bool equallySpaced = false;
+    bool inches = true;               ///< as in PrintOrder
     Extent whole;                     ///< metres
     Extent visible;                   ///< metres: what the screen shows
     const ReviewLog* other = nullptr; ///< a second run, and how it is shown with the first

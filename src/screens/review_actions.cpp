@@ -205,6 +205,7 @@ PrintSubject ReviewActions::subject() const {
             .display = picture.display(),
             .scale = picture.scale(),
             .equallySpaced = picture.isEquallySpaced(),
+            .inches = program_.settings.logInches != 0,
             .whole = picture.extent(),
             .visible = picture.visibleOfBoth(),
             .other = second ? session_.second() : nullptr,
@@ -231,7 +232,10 @@ void ReviewActions::savePicture() {
         dialogs_.save(&screen_, qt(suggested.string()), "Picture (*.png);;Drawing (*.svg);;PDF (*.pdf)");
     if (chosen.isEmpty()) return;
     const PrintSubject now = subject();
-    PrintOrder order{.scale = now.scale, .interval = now.visible, .equallySpaced = now.equallySpaced};
+    PrintOrder order{.scale = now.scale,
+                     .interval = now.visible,
+                     .equallySpaced = now.equallySpaced,
+                     .inches = now.inches};
     order.continuous = true;
     order.heading = false;
     Path file = plain(chosen);

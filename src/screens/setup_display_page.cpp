@@ -7,14 +7,13 @@
 #include <QApplication>
 #include <QCheckBox>
 
-
 namespace tarvik {
 
 SetupDisplayPage::SetupDisplayPage(const SetupModules& modules)
     : SetupPage("pagelogdisplay", "Log display", "How the screen looks and how the logs are scaled."),
       modules_(modules),
       before_(modules.memory.theme()),
-      inches_(new QCheckBox("Log &inches: scales of the logs in inches")),
+      inches_(new QCheckBox("Log &inches: scales of logs in feet in inches too")),
       depthTrack_(wrappingLabel({})) {
     auto* const look = new Card("Look");
     theme_ = addOptions(*look->body(), "Theme",
@@ -24,7 +23,8 @@ SetupDisplayPage::SetupDisplayPage(const SetupModules& modules)
     inches_->setObjectName("optloginches");
     depthTrack_->setObjectName("lbdepthtrack");
     logs->body()->addWidget(inches_);
-    logs->body()->addWidget(wrappingLabel("Holds until Tarvik is closed; the next start begins with what the "
+    logs->body()->addWidget(wrappingLabel("The heading of a print then says 1:240 and 5 in per 100 ft. "
+                                          "Holds until Tarvik is closed; the next start begins with what the "
                                           "settings file says.",
                                           "quiet"));
     logs->body()->addWidget(depthTrack_);

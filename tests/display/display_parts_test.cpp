@@ -260,7 +260,7 @@ TEST(Headings, SayWhatIsNotCalibratedAndWhatWasLeftOut) {
     log.header.channels[1].calibration.coefficients = {150, 0.0666666666};
     log.skippedScans = 3;
     const LogHeading heading =
-        headingOf(log, displayOf({{curveOf("Gamma", 0, 1), curveOf("Caliper", 0, 1)}}), "1:200");
+        headingOf(log, displayOf({{curveOf("Gamma", 0, 1), curveOf("Caliper", 0, 1)}}));
     ASSERT_EQ(heading.calibrations.size(), 2U);
     EXPECT_EQ(heading.calibrations[0][1], "not calibrated");
     EXPECT_EQ(heading.calibrations[1][5], "150   0.066667");

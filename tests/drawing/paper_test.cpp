@@ -384,6 +384,10 @@ TEST(PlotVerb, ComparesTwoRunsOverTheExtentOfBoth) {
     EXPECT_EQ(drawn.code, 0) << drawn.err;
     EXPECT_THAT(contentOf(picture), testing::AllOf(HasSubstr("Left: H-1"), HasSubstr("Right: Deep One"),
                                                    HasSubstr(">15<"), HasSubstr(">40<")));
+    EXPECT_THAT(contentOf(picture), testing::Not(HasSubstr("per 100 ft")));
+    const std::string feet = (folder / "feet.svg").string();
+    tarvik({"plot", las, "-o", feet, "--tolerant", "--scale", "1:240", "--home", (folder / "home").string()});
+    EXPECT_THAT(contentOf(feet), testing::AllOf(HasSubstr(">1:240<"), HasSubstr(">5 in per 100 ft<")));
     EXPECT_EQ(tarvik({"plot", run, "-o", picture, "--beside"}).code, 2);
     EXPECT_EQ(tarvik({"plot", run, "-o", picture, "--with", (folder / "none.las").string(), "--home",
                       (folder / "home").string()})
