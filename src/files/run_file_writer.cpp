@@ -48,6 +48,7 @@ bool RunFileWriter::LCU_SetupFileHeader(const Path& file, const RunHeader& heade
 
 void RunFileWriter::continueFile(const Path& file, const RunHeader& header) {
     file_ = file;
+    header_ = header;
     units_ = header.setup.units;
     channels_ = header.channels.size() - 1;
     written_ = {};
@@ -79,10 +80,20 @@ std::string RunFileWriter::LCU_SaveScan(const KeptScan& scan) {
 
 bool RunFileWriter::writeHeld() {
     if (held_.empty()) return true;
-    return errors_.run("LCUFunctions-LCU_SaveScan", false, [&](Level&) {
+    try {
         appendHeld();
         return true;
-    });
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+void RunFileWriter::saveHeldIn(const Path& file) {
+    if (files_.exists(file)) throw Failure(ErrorNumber::pathFileAccess, file.string() + ": is there already");
+    Bytes bytes = encodeRunHeader(header_);
+    bytes.insert(bytes.end(), held_.begin(), held_.end());
+    files_.replace(file, bytes);
+    held_.clear();
 }
 
 void RunFileWriter::hold(const KeptScan& scan) {

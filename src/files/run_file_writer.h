@@ -54,8 +54,12 @@ class RunFileWriter {
     /// Scans that could neither be written nor held, since the file was made the current one. The first is
     /// reported, the others only counted.
     [[nodiscard]] std::int64_t lost() const { return lost_; }
-    /// A last try to write them. True when none is left.
+    /// A last try to write them; that they cannot be has been reported. True when none is left.
     bool writeHeld();
+
+    /// Puts the scans held into a new run file with the header of the current one. Throws a Failure, and
+    /// holds them still, when it cannot be written or is there already.
+    void saveHeldIn(const Path& file);
 
     /// Since the file was made the current one; stays until the next one is.
     [[nodiscard]] const WrittenScans& written() const { return written_; }
@@ -74,6 +78,7 @@ class RunFileWriter {
     ErrorTrap& errors_;
     Files& files_;
     Path file_;
+    RunHeader header_;
     DepthUnits units_ = DepthUnits::metres;
     std::size_t channels_ = 0;
     std::array<std::uint8_t, run_file::scanLength(maxChannels)> record_{};

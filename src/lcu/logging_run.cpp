@@ -7,6 +7,7 @@
 #include "lcu/run_keeping.h"
 #include "lcu/run_ownership.h"
 #include "lcu/run_preparation.h"
+#include "lcu/run_rescue.h"
 #include "lcu/scan_loop.h"
 #include "lcu/start_checks.h"
 #include "lcu/tool_buttons.h"
@@ -188,7 +189,7 @@ bool LoggingRun::close(const RunOrder& order) {
     const std::int64_t now = modules_.clock.tickMs();
     const double minutes = static_cast<double>(now - run_.startTick.value_or(now)) / 60000.0;
     modules_.lcu.LCU_PowerOFF_Reset();
-    const bool allWritten = writeHeld();
+    const bool allWritten = writeHeld(order);
     logRunSummary(modules_.log, run_.tally, written(), minutes, run_.header.setup.units);
     modules_.view.toolButton(bullseyeButton.key, bullseyeButton.caption, false);
     modules_.view.LCU_ShowLoggingProgress(
@@ -205,22 +206,41 @@ WrittenScans LoggingRun::written() const {
     return run_.fileReady ? modules_.writer.written() : WrittenScans{};
 }
 
-bool LoggingRun::writeHeld() {
-    const std::string held = std::to_string(modules_.writer.held());
-    if (const std::int64_t lost = modules_.writer.lost(); lost > 0)
-        modules_.log.red(std::to_string(lost) + " scans were lost: " + run_.file.filename().string() +
+bool LoggingRun::writeHeld(const RunOrder& order) {
+    RunFileWriter& writer = modules_.writer;
+    const std::string name = run_.file.filename().string();
+    const std::string held = std::to_string(writer.held()) + " scans";
+    if (const std::int64_t lost = writer.lost(); lost > 0)
+        modules_.log.red(std::to_string(lost) + " scans were lost: " + name +
                          " could not be written, and no more of them could be held");
-    if (modules_.writer.writeHeld()) {
-        if (held != "0")
-            modules_.log.black(run_.file.filename().string() + ": " + held +
-                               " scans that were held are written");
-        return modules_.writer.lost() == 0;
-    }
-    const std::string lost =
-        std::to_string(modules_.writer.held()) + " scans could not be written to " + run_.file.string();
-    modules_.log.red(lost);
-    modules_.operatorSide.notice("Run file", lost + ". See the error log.", Icon::critical);
+    if (writer.held() == 0) return writer.lost() == 0;
+    const std::string unwritten = held + " could not be written to " + run_.file.string();
+    do {
+        if (writer.writeHeld()) {
+            modules_.log.black(name + ": " + held + " that were held are written");
+            return writer.lost() == 0;
+        }
+        if (const auto file = saveHeldElsewhere(writer, modules_.files, order, run_.header.tool.code)) {
+            sayRescue(unwritten + "; they are in " + file->string() + ", as a run of their own");
+            return false;
+        }
+    } while (mayTryAgain(unwritten));
+    sayRescue(unwritten);
     return false;
+}
+
+/// The tool is off and nothing turns: the operator has the time to make room.
+bool LoggingRun::mayTryAgain(const std::string& unwritten) {
+    return modules_.operatorSide.ask("Run file",
+                                     unwritten +
+                                         ", nor anywhere else. They are lost when this is answered with "
+                                         "No.\n\nMake room on the disk, or plug it in again. Try again?",
+                                     Icon::critical) == Answer::yes;
+}
+
+void LoggingRun::sayRescue(const std::string& words) {
+    modules_.log.red(words);
+    modules_.operatorSide.notice("Run file", words + ". See the error log.", Icon::critical);
 }
 
 /// Neither a missing note nor a missing backup may harm the run itself.

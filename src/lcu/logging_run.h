@@ -37,7 +37,9 @@ class LoggingRun {
     [[nodiscard]] bool openFile();
     [[nodiscard]] bool continueLatest();
     [[nodiscard]] bool close(const RunOrder& order);
-    [[nodiscard]] bool writeHeld();
+    [[nodiscard]] bool writeHeld(const RunOrder& order);
+    [[nodiscard]] bool mayTryAgain(const std::string& unwritten);
+    void sayRescue(const std::string& words);
     [[nodiscard]] WrittenScans written() const;
     void keepRun(const RunOrder& order);
 

@@ -25,6 +25,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tarvik {
 
@@ -55,6 +56,8 @@ struct RunOrder {
     HoleDetails holeDetails;
     RunSetup setup;          ///< with the winch's own scale factor as depth factor; the run adds the model's
     std::string screenScale; ///< "1:200", when the display uses a scale
+    /// Where scans may go that the run file does not take, in the order in which they are tried.
+    std::vector<Path> rescueFolders = {};
 };
 
 struct RunState {

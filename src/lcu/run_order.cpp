@@ -4,6 +4,8 @@
 #include "base/number_picture.h"
 #include "base/text.h"
 
+#include <utility>
+
 namespace tarvik {
 
 namespace {
@@ -56,12 +58,16 @@ RunOrder runOrderFrom(const Settings& settings, const Places& places, const RunL
                        "A project is a single folder, which \"" + project + "\" cannot be the name of");
     const std::string hole(trimmed(settings.hole.holeId));
     if (hole.empty()) throw BadOrder(OrderPart::hole, "You must select a hole");
+    const Path folder = places.projectsFolder(settings.projectDrive) / project;
+    std::vector<Path> rescueFolders = places.rescueFolders();
+    rescueFolders.insert(rescueFolders.begin(), folder);
     return {.project = project,
-            .projectFolder = places.projectsFolder(settings.projectDrive) / project,
+            .projectFolder = folder,
             .hole = hole,
             .holeDetails = settings.hole,
             .setup = runSetupFrom(settings, limits),
-            .screenScale = {}};
+            .screenScale = {},
+            .rescueFolders = std::move(rescueFolders)};
 }
 
 } // namespace tarvik

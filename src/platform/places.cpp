@@ -4,6 +4,8 @@
 
 #include <array>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 namespace tarvik {
 
@@ -50,6 +52,14 @@ Path Places::projectsFolder(std::string_view driveLetter) const {
 
 Path Places::runHistoryFolder() const {
     return homeDrive / "Tarvik_RunHistory";
+}
+
+std::vector<Path> Places::rescueFolders() const {
+    std::vector<Path> folders{runHistoryFolder()};
+    std::error_code none;
+    const Path temporary = std::filesystem::temp_directory_path(none);
+    if (root.empty() && !none) folders.push_back(temporary);
+    return folders;
 }
 
 std::optional<std::string> environmentVariable(const std::string& name) {

@@ -12,6 +12,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tarvik {
 
@@ -28,6 +29,9 @@ struct Places {
     /// The folder "Brenna Projects" on a drive.
     [[nodiscard]] Path projectsFolder(std::string_view driveLetter) const;
     [[nodiscard]] Path runHistoryFolder() const;
+    /// For data that the folder they belong to does not take: of this machine's disks the likeliest to be
+    /// another one comes last.
+    [[nodiscard]] std::vector<Path> rescueFolders() const;
 };
 
 /// A variable of the environment; nothing when it is not set.

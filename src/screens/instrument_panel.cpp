@@ -135,7 +135,17 @@ void InstrumentPanel::clear() {
     setDirection(std::nullopt);
 }
 
+void InstrumentPanel::showSilence() {
+    forgetTool();
+    setRole(*depth_, "quiet");
+}
+
 void InstrumentPanel::showPoweredDown() {
+    forgetTool();
+    setRole(*depth_, "");
+}
+
+void InstrumentPanel::forgetTool() {
     metresPerMinute_.reset();
     showDigits();
     for (QLabel* const label : {current_, voltage_}) label->setText(unknown);
@@ -157,6 +167,7 @@ void InstrumentPanel::setDirection(std::optional<Direction> direction) {
 
 void InstrumentPanel::showDepth(double metres) {
     depthMetres_ = metres;
+    setRole(*depth_, "");
     showDigits();
 }
 

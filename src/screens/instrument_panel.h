@@ -19,6 +19,8 @@ class InstrumentPanel final : public QFrame {
 
     /// Everything unknown: no scan, no depth.
     void clear();
+    /// The box sends nothing: speed, current and voltage are unknown, the depth is the last one known.
+    void showSilence();
     /// The run has ended: speed, current and voltage are of no tool any more, the depth stands.
     void showPoweredDown();
     void setUnits(DepthUnits units);
@@ -38,6 +40,7 @@ class InstrumentPanel final : public QFrame {
 
   private:
     void showDigits();
+    void forgetTool();
     void showState(const char* role, const QString& headline, const QString& why);
 
     DepthUnits units_ = DepthUnits::metres;

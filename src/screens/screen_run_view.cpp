@@ -10,10 +10,10 @@ namespace tarvik {
 
 namespace {
 
-QString endWords(long kept, long written) {
-    if (written <= 0) return "Run ended, nothing on file";
+QString onFileWords(long kept, long written) {
+    if (written <= 0) return "Nothing on file";
     const QString all = written < kept ? QString(" of %1").arg(kept) : QString();
-    return QString("Run ended, %1%2 scans on file").arg(written).arg(all);
+    return QString("%1%2 scans on file").arg(written).arg(all);
 }
 
 } // namespace
@@ -63,6 +63,7 @@ void ScreenRunView::runStarted(const RunHeader& header, const Path& file) {
 }
 
 void ScreenRunView::LCU_ShowLCUCurrent(float milliamps, float volts) {
+    scanTick_ = clock_.tickMs();
     latest_.milliamps = milliamps;
     latest_.volts = volts;
     refreshWhenDue();
@@ -96,11 +97,7 @@ void ScreenRunView::refresh() {
     refreshedTick_ = clock_.tickMs();
     if (std::exchange(keptSinceRefresh_, false)) parts_.shown();
     InstrumentPanel& instrument = screen_.side().instrument();
-    instrument.showCurrent(latest_.milliamps, latest_.volts, parts_.currentLimit());
-    if (latest_.depth) {
-        instrument.showDepth(*latest_.depth);
-        instrument.showSpeed(latest_.speed);
-    }
+    silent() ? instrument.showSilence() : showLatest(instrument);
     std::error_code unknown;
     const auto bytes = std::filesystem::file_size(file_, unknown);
     const QString onFile = unknown ? QString("nothing on file")
@@ -109,8 +106,23 @@ void ScreenRunView::refresh() {
     instrument.showScans(latest_.kept, onFile);
 }
 
+void ScreenRunView::showLatest(InstrumentPanel& instrument) const {
+    instrument.showCurrent(latest_.milliamps, latest_.volts, parts_.currentLimit());
+    if (!latest_.depth) return;
+    instrument.showDepth(*latest_.depth);
+    instrument.showSpeed(latest_.speed);
+}
+
+/// Scans may come again that are not kept.
+bool ScreenRunView::silent() const {
+    constexpr std::int64_t staleMs = 1000;
+    return saidSilent_ && clock_.tickMs() - scanTick_ > staleMs;
+}
+
 void ScreenRunView::keepingState(KeepingState state, std::string_view words) {
     keepingShown_ = true;
+    saidSilent_ = state == KeepingState::noScans || state == KeepingState::communicationsLost;
+    if (saidSilent_) refresh();
     screen_.side().instrument().showKeeping(state, words);
 }
 
@@ -120,7 +132,7 @@ void ScreenRunView::runEnded(const Path&, long scansWritten) {
     instrument.setDirection(std::nullopt);
     instrument.showPoweredDown();
     instrument.hideScans();
-    instrument.showIdle(endWords(latest_.kept, scansWritten));
+    instrument.showIdle("Run ended", onFileWords(latest_.kept, scansWritten));
     parts_.ended();
 }
 

@@ -9,6 +9,8 @@
 
 namespace tarvik {
 
+class InstrumentPanel;
+
 struct RunViewParts {
     std::function<RunChoice(const LoggingRuns&, std::string_view depthRangeText)> chooseRun;
     std::function<void(bool)> setEnabled;          ///< the frame's menus and buttons
@@ -55,6 +57,8 @@ class ScreenRunView final : public RunView {
     };
     void refreshWhenDue();
     void refresh();
+    void showLatest(InstrumentPanel& instrument) const;
+    [[nodiscard]] bool silent() const;
 
     IntroScreen& screen_;
     const Clock& clock_;
@@ -63,8 +67,10 @@ class ScreenRunView final : public RunView {
     Path file_;
     Latest latest_;
     std::int64_t refreshedTick_ = 0;
+    std::int64_t scanTick_ = 0; ///< of the latest scan, kept or not
     bool keptSinceRefresh_ = false;
     bool keepingShown_ = false; ///< a run that keeps its scans from the start says nothing of it
+    bool saidSilent_ = false;
     bool stop_ = false;
 };
 

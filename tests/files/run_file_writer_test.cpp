@@ -258,7 +258,9 @@ TEST(RunFileWriter, AFullDiskLosesNoScan) {
     run.files.failWritesAfter = 0;
     run.save(5);
     EXPECT_FALSE(run.writer.writeHeld());
+    EXPECT_THROW(run.writer.saveHeldIn("other.kvx"), Failure);
     run.files.failWritesAfter = 100;
+    EXPECT_THROW(run.writer.saveHeldIn(runFile), Failure) << "a run that is there stays";
     EXPECT_TRUE(run.writer.writeHeld());
     EXPECT_EQ(run.open()->depth, (std::vector<double>{1, 2, 3, 4, 5}));
 }

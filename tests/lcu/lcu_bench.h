@@ -8,6 +8,7 @@
 #include "lcu/scripted_port.h"
 #include "platform/memory_files.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,7 @@ class Operator final : public OperatorSide {
     void message(std::string_view title, std::string_view text, Icon) override { add("!", title, text); }
     Answer ask(std::string_view title, std::string_view text, Icon) override {
         add("*", title, text);
+        if (whenAsked) whenAsked();
         return answer;
     }
     void notice(std::string_view title, std::string_view text, Icon) override { add("?", title, text); }
@@ -48,6 +50,7 @@ class Operator final : public OperatorSide {
     void linkPanel(std::string_view text) override { add("p", "", text); }
     Lines shown;
     Answer answer = Answer::no;
+    std::function<void()> whenAsked;
 
   private:
     void add(std::string kind, std::string_view title, std::string_view text) {

@@ -365,6 +365,39 @@ TEST(LoggingRun, AFullDiskCostsNoScan) {
     EXPECT_EQ(full.view.written, 5);
     EXPECT_EQ(full.faultLines().back(), "2"
                                         "7 scans could not be written to project/H1_K215_01.kvx");
+    EXPECT_THAT(full.operatorSide.shown, testing::Contains(testing::HasSubstr("Try again?")));
+
+    RunRig freed;
+    freed.view.atPass = [&] {
+        if (freed.view.kept == 5) freed.files.failWritesAfter = 0;
+    };
+    freed.operatorSide.answer = Answer::yes;
+    freed.operatorSide.whenAsked = [&] { freed.files.failWritesAfter = 1000; };
+    EXPECT_EQ(freed.startLogging(), RunResult::finished);
+    EXPECT_EQ(freed.view.written, 12);
+}
+
+/// The folder may not be written any more, or the file has gone: the rest is a run of its own somewhere else.
+TEST(LoggingRun, ScansThatTheRunFileDoesNotTakeAreSavedElsewhere) {
+    for (const auto& [gone, where] :
+         {std::pair(false, "rescue/H1_K215_02.kvx"), {true, "project/H1_K215_02.kvx"}}) {
+        RunRig rig;
+        rig.order.rescueFolders = {"project", "rescue"};
+        rig.view.atPass = [&] {
+            if (rig.view.kept != 5) return;
+            gone ? rig.files.remove(rig.order.projectFolder / "H1_K215_01.kvx")
+                 : void(rig.files.readOnly.insert("project"));
+        };
+        EXPECT_EQ(rig.startLogging(), RunResult::failed);
+        EXPECT_EQ(rig.faultLines().back(),
+                  "27 scans could not be written to project/H1_K215_01.kvx; they are in " +
+                      std::string(where) + ", as a run of their own");
+        const auto rescued = rig.reader.Tarvikfileopen(where);
+        ASSERT_TRUE(rescued);
+        EXPECT_EQ(rescued->steps(), 7U);
+        EXPECT_EQ(rescued->header.tool.code, "K215");
+        EXPECT_THAT(rig.operatorSide.shown, testing::Each(testing::Not(testing::HasSubstr("Try again?"))));
+    }
 }
 
 TEST(LoggingRun, AFolderThatMayNotBeWrittenIsSaidBeforeTheStream) {

@@ -48,6 +48,27 @@ TEST(DesktopTest, ARunFromTheMainScreenIsOnFileAndTheToolIsPoweredDown) {
     EXPECT_EQ(scale(), "1:200") << "that of the live plot";
 }
 
+/// What was measured before the silence is not shown as if it were now.
+TEST(DesktopTest, ASilentBoxHasNoSpeed) {
+    Truck truck({.faults = {"silence@12=8000"}});
+    truck.acquire();
+    std::string silent, again;
+    truck.log([&] {
+        const std::string state = truck.label("lbrecordingstate");
+        if (silent.empty() && state.ends_with("NO SCAN KEPT"))
+            silent = truck.label("lbspeed") + truck.label("lbcurrent") + " " +
+                     control<QLabel>(truck.screen(), "lbdepth").property("role").toString().toStdString();
+        if (silent.empty() || truck.kept() < 30) return;
+        again = truck.label("lbspeed") +
+                control<QLabel>(truck.screen(), "lbdepth").property("role").toString().toStdString();
+        click(truck.screen(), "comstoplogging");
+    });
+    EXPECT_EQ(silent, "\xE2\x80\x93\xE2\x80\x93 quiet");
+    EXPECT_THAT(again, testing::MatchesRegex("[0-9.]+"));
+    EXPECT_EQ(truck.label("lbrecordingstate"), "Run ended");
+    EXPECT_THAT(truck.label("lbrecordingreason"), testing::HasSubstr(" scans on file"));
+}
+
 TEST(DesktopTest, ErrorsOfARunOpenTheirFormBehindItsEnd) {
     Truck truck;
     truck.acquire();

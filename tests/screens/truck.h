@@ -20,6 +20,7 @@ struct TruckOptions {
     lcusim::LcuModel model = lcusim::LcuModel::lcu4;
     std::string tool = "K215";
     std::string sampling = "DEPTH";
+    std::vector<std::string> faults = {};
     bool dark = false;
     bool openScreens = false; ///< false: the screens that the frame wants are noted, not opened
 };
@@ -28,7 +29,8 @@ struct TruckOptions {
 struct Truck {
     explicit Truck(TruckOptions with = {})
         : options(std::move(with)),
-          engine({.model = options.model, .winch = {.startDepth = 10}}, simulatedTool(options.tool), truth) {
+          engine({.model = options.model, .winch = {.startDepth = 10}, .faults = parsed(options.faults)},
+                 simulatedTool(options.tool), truth) {
         serial.connect(1, engine);
         serial.whileWaiting([this] {
             QCoreApplication::processEvents();
@@ -42,6 +44,12 @@ struct Truck {
             p().hooks.openScreen = [this](const ScreenRequest& request) {
                 screensOpened.emplace_back(request.screen);
             };
+    }
+
+    static std::vector<lcusim::Fault> parsed(const std::vector<std::string>& texts) {
+        std::vector<lcusim::Fault> faults;
+        for (const std::string& text : texts) faults.push_back(lcusim::parseFault(text).fault.value());
+        return faults;
     }
 
     /// As an earlier start left it.
