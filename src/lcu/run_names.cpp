@@ -16,19 +16,19 @@ std::string stem(std::string_view hole, std::string_view toolCode) {
     return std::string(hole) + "_" + std::string(toolCode) + "_";
 }
 
-/// The number between the stem and the extension, when the name has that form.
-std::optional<int> runNumber(std::string_view name, std::string_view stem) {
+} // namespace
+
+std::optional<int> runNumber(std::string_view name, std::string_view hole, std::string_view toolCode) {
+    const std::string start = stem(hole, toolCode);
     constexpr std::size_t mostDigits = 6;
-    if (!name.starts_with(stem) || !name.ends_with(extension)) return std::nullopt;
-    if (name.size() <= stem.size() + extension.size()) return std::nullopt;
-    const auto digits = name.substr(stem.size(), name.size() - stem.size() - extension.size());
+    if (!name.starts_with(start) || !name.ends_with(extension)) return std::nullopt;
+    if (name.size() <= start.size() + extension.size()) return std::nullopt;
+    const auto digits = name.substr(start.size(), name.size() - start.size() - extension.size());
     if (digits.size() > mostDigits || digits.find_first_not_of("0123456789") != std::string_view::npos) {
         return std::nullopt;
     }
     return static_cast<int>(*parseInteger(digits));
 }
-
-} // namespace
 
 std::string runFileName(std::string_view hole, std::string_view toolCode, int number) {
     return stem(hole, toolCode) + formatPicture(number, "00") + std::string(extension);
@@ -37,9 +37,8 @@ std::string runFileName(std::string_view hole, std::string_view toolCode, int nu
 LoggingRuns CheckLoggingRuns(const Files& files, const Path& folder, std::string_view hole,
                              std::string_view toolCode) {
     LoggingRuns runs;
-    const std::string start = stem(hole, toolCode);
     for (const std::string& name : files.list(folder)) {
-        const auto number = runNumber(name, start);
+        const auto number = runNumber(name, hole, toolCode);
         if (!number) continue;
         ++runs.count;
         if (runs.latestFile.empty() || *number > runs.latest) {

@@ -22,6 +22,10 @@ struct LoggingRuns {
 
 [[nodiscard]] std::string runFileName(std::string_view hole, std::string_view toolCode, int number);
 
+/// Nothing when the name is not that of a run of the tool in the hole.
+[[nodiscard]] std::optional<int> runNumber(std::string_view fileName, std::string_view hole,
+                                           std::string_view toolCode);
+
 /// Counts the runs in `folder`; a file whose number is no number is not one of them.
 [[nodiscard]] LoggingRuns CheckLoggingRuns(const Files& files, const Path& folder, std::string_view hole,
                                            std::string_view toolCode);

@@ -3,6 +3,8 @@
 #include "base/failure.h"
 #include "lcu/run_names.h"
 
+#include <algorithm>
+
 namespace tarvik {
 
 namespace {
@@ -10,9 +12,9 @@ namespace {
 Path freeName(const Path& folder, const Path& taken, Files& files, const RunOrder& order,
               std::string_view toolCode) {
     const int next = CheckLoggingRuns(files, folder, order.hole, toolCode).next();
-    const std::string name = runFileName(order.hole, toolCode, next);
-    // A file that has gone may come back.
-    return folder / (name == taken.filename() ? runFileName(order.hole, toolCode, next + 1) : name);
+    const int own = runNumber(taken.filename().string(), order.hole, toolCode).value_or(0);
+    return folder /
+           runFileName(order.hole, toolCode, std::max(next, own + 1)); // a run that has gone may come back
 }
 
 } // namespace
