@@ -116,15 +116,21 @@ void addCalibrations(LogHeading& heading, const RunHeader& header, const LogDisp
     }
 }
 
+/// All curves, or as many as have room on a line.
 std::string titleOf(const LogDisplay& display) {
+    constexpr std::size_t room = 90; // letters
     std::string title;
+    int more = 0;
     for (const Track& track : display.tracks) {
         for (const LogCurve* curve : shownCurves(track)) {
-            if (!title.empty()) title += ", ";
-            title += curve->channel;
+            if (more > 0 || title.size() + curve->channel.size() > room) {
+                ++more;
+            } else {
+                title += (title.empty() ? "" : ", ") + curve->channel;
+            }
         }
     }
-    return title;
+    return more > 0 ? title + " and " + std::to_string(more) + " more" : title;
 }
 
 void addRemarks(LogHeading& heading, const ReviewLog& log) {

@@ -171,6 +171,8 @@ void paintNumbers(const Canvas& canvas, const NumberColumn& column, const Band& 
     const bool few = view.height < 2 * numbered.medium * axis.unit * view.unitsPer();
     if (few) numbered.medium = numbered.fine;
     const double margin = canvas.mm(3);
+    const double half = canvas.mm(1.5); // of a number's height
+    double lowest = band.top - canvas.mm(10);
     for (const Tick& tick : ticksOf(view, axis, band.top - margin, band.bottom + margin)) {
         if (view.axis == Axis::time && tick.position < 0) continue;
         const double y = crisp(view, view.yOf(tick.position * axis.unit));
@@ -185,10 +187,12 @@ void paintNumbers(const Canvas& canvas, const NumberColumn& column, const Band& 
         }
         const std::string text = view.axis == Axis::time ? timeTickText(tick.position, numbered)
                                                          : depthTickText(tick.position, numbered);
-        const double half = canvas.mm(1.5);
+        // Paper ends at an edge: a number there is moved inside, unless it would meet the one before.
         const double middle =
-            view.paper ? std::clamp(y, band.top + half, std::max(band.top, band.bottom - half)) : y;
-        paintNumber(canvas, column, tick, {y, middle}, qText(text));
+            view.paper ? std::clamp(y, band.top + half, std::max(band.top + half, band.bottom - half)) : y;
+        const bool meets = view.paper && middle - lowest < 2 * half;
+        paintNumber(canvas, column, tick, {y, middle}, meets ? QString() : qText(text));
+        if (!meets) lowest = middle;
     }
 }
 
