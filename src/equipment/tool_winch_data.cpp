@@ -192,6 +192,15 @@ bool ToolWinchData::ToolWinchData_checkserialnumber(std::string_view serialNumbe
     });
 }
 
+bool ToolWinchData::userFileReads() {
+    try {
+        if (files_.exists(userFile_)) std::ignore = load(userFile_);
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
 template <class Record>
 void ToolWinchData::add(Level& level, const EquipmentKind<Record>& kind, int makerIndex,
                         std::string_view serialNumber) {

@@ -56,8 +56,10 @@ class ToolWinchData {
     bool ToolWinchData_removeusertool(int userTool);
     bool ToolWinchData_removeuserwinch(int userWinch);
 
-    /// True when no tool and no winch of the user carries the serial number yet.
+    /// True when no tool and no winch of the user carries the serial number yet. False after an error, too.
     [[nodiscard]] bool ToolWinchData_checkserialnumber(std::string_view serialNumber);
+    /// False when the user's file is there and cannot be read. Reports nothing.
+    [[nodiscard]] bool userFileReads();
 
     /// Sets the maker's selected flags from the user's file.
     void ToolWinchData_updatebrennatoollist();

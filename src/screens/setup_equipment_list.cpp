@@ -117,7 +117,9 @@ QWidget* SetupEquipmentList::buildMakers() {
 QString SetupEquipmentList::serialProblem() const {
     const std::string serial(trimmed(plain(static_cast<QLineEdit*>(serial_->editor())->text())));
     if (serial.empty() || modules_.equipment.ToolWinchData_checkserialnumber(serial)) return {};
-    return "One of your tools or winches has this serial number already.";
+    return modules_.equipment.userFileReads()
+               ? "One of your tools or winches has this serial number already."
+               : "The file of your equipment cannot be read, so nothing can be added to it.";
 }
 
 void SetupEquipmentList::load() {

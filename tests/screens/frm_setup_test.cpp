@@ -14,6 +14,8 @@
 #include <QTableWidget>
 #include <QTest>
 
+#include <filesystem>
+
 namespace tarvik::test {
 
 namespace {
@@ -150,6 +152,14 @@ TEST_F(Setup, ToolsAndWinchesAreAddedRemovedAndTakenBack) {
     addTool("K417", "77");
     EXPECT_EQ(edit("toolserialnumber").accessibleDescription(),
               "One of your tools or winches has this serial number already.");
+    const Path users = desk.home / "program" / "UserTools-Winches.dat"; // for a moment it cannot be read
+    std::filesystem::rename(users, users.string() + ".away");
+    std::filesystem::create_directory(users);
+    addTool("K417", "78");
+    EXPECT_EQ(edit("toolserialnumber").accessibleDescription(),
+              "The file of your equipment cannot be read, so nothing can be added to it.");
+    std::filesystem::remove(users);
+    std::filesystem::rename(users.string() + ".away", users);
     choose("paramwinchlist", "W110");
     edit("winchserialnumber").setText("W-1");
     press("comaddwinch");
