@@ -46,7 +46,8 @@ Bullseye bullseyeOf(const LogData& data) {
     const ChannelData* east = data.find("East");
     const ChannelData* north = data.find("North");
     double furthest = 0;
-    if (east != nullptr && north != nullptr) {
+    plan.summed = !data.sampledByTime;
+    if (plan.summed && east != nullptr && north != nullptr) {
         for (std::size_t i = 0; i < data.steps(); ++i) {
             const PlanPoint point{east->values[i], north->values[i]};
             if (!std::isfinite(point.east) || !std::isfinite(point.north)) continue;

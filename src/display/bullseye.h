@@ -25,6 +25,7 @@ struct Bullseye {
     std::optional<float> azimuth;     ///< degrees, of the latest step
     std::optional<float> inclination; ///< degrees
     bool calibrated = true;           ///< of azimuth and inclination
+    bool summed = true;               ///< a run by time sums no displacement; it has no way then
 
     [[nodiscard]] double reach() const { return ringStep * rings; }
 };

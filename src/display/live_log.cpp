@@ -17,6 +17,7 @@ double joinLimitOf(const RunSetup& setup) {
 void LiveLog::begin(const RunHeader& header) {
     channels_.clear();
     units_ = header.setup.units;
+    sampledByTime_ = header.setup.sampling == Sampling::time;
     joinLimit_ = joinLimitOf(header.setup);
     channels_.push_back({"Speed", units_ == DepthUnits::metres ? "M/min" : "FT/Min", true, 0,
                          std::vector<float>(columnLength)});
@@ -86,6 +87,7 @@ LogData LiveLog::data() const {
     }
     data.firstStep = seen_ - size_;
     data.revision = seen_;
+    data.sampledByTime = sampledByTime_;
     data.joinLimit = joinLimit_;
     return data;
 }

@@ -45,6 +45,7 @@ class LiveLog {
     [[nodiscard]] float speedAt(std::size_t at) const;
 
     DepthUnits units_ = DepthUnits::metres; ///< of the speed
+    bool sampledByTime_ = false;
     double joinLimit_ = 0;                  ///< metres
     std::vector<Channel> channels_;
     std::vector<double> depth_;

@@ -24,6 +24,7 @@ LogData logDataOf(const ReviewLog& log) {
     data.depth = log.depth;
     if (log.time.size() == log.depth.size()) data.time = log.time;
     data.units = log.header.setup.units;
+    data.sampledByTime = !log.las && log.header.setup.sampling == Sampling::time;
     if (log.otherDepthUnit) data.otherUnit = *log.otherDepthUnit;
     data.joinLimit = usualJoinLimit(data.depth, data.units);
     data.channels.reserve(log.channels.size() + 3);

@@ -29,7 +29,8 @@ struct LogData {
     std::string_view otherUnit; ///< of an index that is neither; each counts as a metre. Mostly empty
     std::size_t firstStep = 0;  ///< number of the first step, when older ones have left the arrays
     std::uint64_t revision = 0; ///< another number when values have changed in place
-    double joinLimit = 0;       ///< metres; steps further apart are not joined by a line. 0: no limit
+    bool sampledByTime = false;
+    double joinLimit = 0; ///< metres; steps further apart are not joined by a line. 0: no limit
 
     [[nodiscard]] std::size_t steps() const { return depth.size(); }
     [[nodiscard]] std::span<const double> along(Axis axis) const {

@@ -110,6 +110,7 @@ void paintFigures(const PlanCanvas& on, const QRectF& box) {
                              metres(now.east, "E", "W") + "   " + metres(now.north, "N", "S"));
         figures.emplace_back("Distance", formatPicture(std::hypot(now.east, now.north), "0.00") + " m");
     }
+    if (!on.plan.summed) figures.emplace_back("Displacement", "none is summed by time");
     const char* note = on.plan.calibrated ? "\u00b0" : " counts, not calibrated";
     if (on.plan.azimuth) figures.emplace_back("Azimuth", formatPicture(*on.plan.azimuth, "0.0") + note);
     if (on.plan.inclination) {

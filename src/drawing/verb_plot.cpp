@@ -74,7 +74,9 @@ int runPlot(const Arguments& arguments) {
     const Toolkit toolkit;
     if (upperCase(arguments.text("--deviation").value_or("")) == upperCase(bullseyeCaption)) {
         if (bullseyeOf(sheet.data).way.empty())
-            throw UsageError("--deviation Bullseye: the log has no East and North");
+            throw UsageError(sheet.data.sampledByTime
+                                 ? "--deviation Bullseye: a run by time sums no displacement"
+                                 : "--deviation Bullseye: the log has no East and North");
         writePlan(sheet, target);
     } else {
         writePlot(sheet, target, review.progress());

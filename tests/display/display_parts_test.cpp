@@ -223,6 +223,7 @@ TEST(Bullseyes, HoldTheWholeWayWithinRoundRings) {
     for (const Case& each :
          {Case{0.41F, -6.62F, 2, 4}, Case{0, 0, 0.1, 3}, Case{30, 40, 10, 5}, Case{0.5F, 0, 0.1, 5}}) {
         ReviewLog log = logOf(3, 1, {"East", "North", "Azimuth"});
+        log.header.setup.sampling = Sampling::depth;
         log.channels[0].values = {0, noValue(), each.east};
         log.channels[1].values = {0, 1, each.north};
         const Bullseye plan = bullseyeOf(logDataOf(log));
@@ -232,6 +233,10 @@ TEST(Bullseyes, HoldTheWholeWayWithinRoundRings) {
         EXPECT_EQ(plan.current->north, each.north);
     }
     EXPECT_FALSE(bullseyeOf(logDataOf(logOf(3, 1, {"Gamma"}))).current);
+    ReviewLog byTime = logOf(3, 1, {"East", "North"});
+    byTime.header.setup.sampling = Sampling::time;
+    const Bullseye plan = bullseyeOf(logDataOf(byTime));
+    EXPECT_TRUE(!plan.summed && !plan.current) << "its zeros are no way";
 }
 
 TEST(Gauges, ShowTheLatestValueAndSayWhenItIsBeyondTheScale) {
