@@ -18,6 +18,7 @@ struct DisplayView {
     bool equallySpaced = false;
     double rowHeight = 1; ///< painter units that are told apart down the log
     bool vectors = false; ///< the drawing keeps lines as lines, as PDF and SVG do
+    bool whole = false;   ///< drawn anew whenever it moves: a number that an edge would cut is left out
     bool paper = false;   ///< drawn once, for good: fine lines whatever they cost, no number cut at an edge
 
     [[nodiscard]] double millimetres(double length) const { return length * unitsPerMillimetre; }

@@ -191,7 +191,8 @@ void paintNumbers(const Canvas& canvas, const NumberColumn& column, const Band& 
         const double middle =
             view.paper ? std::clamp(y, band.top + half, std::max(band.top + half, band.bottom - half)) : y;
         const bool meets = view.paper && middle - lowest < 2 * half;
-        paintNumber(canvas, column, tick, {y, middle}, meets ? QString() : qText(text));
+        const bool cut = view.whole && (y - half < band.top || y + half > band.bottom);
+        paintNumber(canvas, column, tick, {y, middle}, meets || cut ? QString() : qText(text));
         if (!meets) lowest = middle;
     }
 }

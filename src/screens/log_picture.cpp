@@ -51,6 +51,7 @@ void LogPicture::setLog(const ReviewLog* log, std::vector<DepthMark> notes) {
     painter_ = log == nullptr ? nullptr : std::make_unique<PairPainter>();
     history_ = DisplayHistory(log == nullptr ? LogDisplay{} : usualDisplay());
     view_ = viewAtScale(firstScale, logicalDpiY());
+    view_.whole = true;
     view_.top = extent().from - edgeRoom(view_);
     readings_->setVisible(log != nullptr);
     readings_->setLegend({});
