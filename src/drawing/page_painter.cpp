@@ -83,7 +83,7 @@ void PagePainter::paint(QPainter& painter, const LogSheet& sheet, const PagePlan
     view.paper = true;
     view.rowHeight = vectors ? std::max(1.0, view.millimetres(0.05)) : 1;
     view.width = view.millimetres(plan.contentWidth());
-    view.height = view.millimetres(page.bodyHeight);
+    view.height = (sheet.to - sheet.from) * view.unitsPer(); // of all pages: they number the same depths
     view.top = page.top;
     const PageCanvas on{painter, sheet, plan, page, view};
     painter.fillRect(QRectF(0, 0, view.millimetres(plan.width), view.millimetres(plan.height)),

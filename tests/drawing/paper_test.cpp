@@ -13,6 +13,9 @@
 #include "platform/disk_files.h"
 #include "platform/temporary_folder.h"
 
+#include <QBuffer>
+#include <QSvgGenerator>
+
 #include <csignal>
 #include <fstream>
 #include <gmock/gmock.h>
@@ -153,6 +156,27 @@ TEST(Paper, ADrawingKeepsCurvesWithinTheirTracksWithoutAClip) {
         }
     }
     EXPECT_GT(points, 100U);
+}
+
+TEST(Paper, AllPagesNumberTheSameDepths) {
+    const ReviewLog log = samples::logOf(700, 0.1, {"Gamma"});
+    LogSheet sheet = sheetOf(log);
+    sheet.from = 10.2;
+    sheet.to = 64;
+    const PagePlan plan = planOf(sheet, *paperNamed("A4"));
+    ASSERT_EQ(plan.pages.size(), 2U);
+    for (std::size_t page = 0; page < 2; ++page) {
+        QByteArray drawing;
+        QBuffer device(&drawing);
+        QSvgGenerator svg;
+        svg.setOutputDevice(&device);
+        QPainter painter(&svg);
+        PagePainter().paint(painter, sheet, plan, page, 10, true);
+        painter.end();
+        EXPECT_EQ(drawing.contains(">15<"), page == 0);
+        EXPECT_EQ(drawing.contains(">60<"), page == 1);
+        EXPECT_FALSE(drawing.contains(">14<") || drawing.contains(">61<")) << page;
+    }
 }
 
 /// A spike of the first run at 5 m, one of the second at 15 m: each stands at its depth in its own place.
