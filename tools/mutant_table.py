@@ -256,7 +256,7 @@ MUTANTS = [
     Mutant("a coarse curve falls into dots", "display_tests", "src/display/log_cache.cpp",
            "return rule ? ", "return false && rule ? "),
     Mutant("two runs stand in one place", "drawing_tests", "src/drawing/pair_painter.cpp",
-           "painter.translate(view.width + paneGap(view), 0);", "painter.translate(0, 0);"),
+           "painter.translate(view.width + paneGap(view), 0);", "painter.translate(0 * view.width, 0);"),
     Mutant("pages are laid end to end", "display_tests", "src/display/page_plan.cpp",
            "            done_ -= pageOverlap;\n", ""),
     Mutant("the live log keeps its oldest points", "display_tests", "src/display/live_log.cpp",

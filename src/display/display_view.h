@@ -29,10 +29,19 @@ struct DisplayView {
     [[nodiscard]] double positionAt(double y) const { return top + y / unitsPer(); }
 };
 
-/// A depth view at 1:`scale`.
-[[nodiscard]] inline DisplayView viewAtScale(double scale, double dotsPerInch) {
+/// Metres that a millimetre stands for at 1:`scale`; by time seconds, at 1:200 one: the list of scales serves
+/// both.
+[[nodiscard]] constexpr double perMillimetreAt(double scale, Axis axis) {
+    return axis == Axis::depth ? scale / 1000 : scale / 200;
+}
+[[nodiscard]] constexpr double scaleOf(const DisplayView& view) {
+    return view.perMillimetre / perMillimetreAt(1, view.axis);
+}
+
+[[nodiscard]] inline DisplayView viewAtScale(double scale, double dotsPerInch, Axis axis = Axis::depth) {
     DisplayView view;
-    view.perMillimetre = scale / 1000;
+    view.axis = axis;
+    view.perMillimetre = perMillimetreAt(scale, axis);
     view.unitsPerMillimetre = dotsPerInch / millimetresPerInch;
     return view;
 }

@@ -46,7 +46,7 @@ class LiveLog {
 
     DepthUnits units_ = DepthUnits::metres; ///< of the speed
     bool sampledByTime_ = false;
-    double joinLimit_ = 0;                  ///< metres
+    double joinLimit_ = 0; ///< metres
     std::vector<Channel> channels_;
     std::vector<double> depth_;
     std::vector<double> time_;

@@ -12,10 +12,6 @@ namespace {
 constexpr double startShare = 0.1; // of the body, before the first point
 constexpr double aheadShare = 0.2; // beyond the ends of the run, as room for the tool to move on
 
-double perMillimetreOf(double scale, Axis axis) {
-    return axis == Axis::depth ? scale / 1000 : secondsPerMillimetre(scale);
-}
-
 } // namespace
 
 void LiveView::begin(Axis axis, Direction direction, double scale, double dotsPerInch) {
@@ -23,7 +19,7 @@ void LiveView::begin(Axis axis, Direction direction, double scale, double dotsPe
     view_.top = 0;
     view_.unitsPerMillimetre = dotsPerInch / millimetresPerInch;
     scale_ = scale;
-    view_.perMillimetre = perMillimetreOf(scale, axis);
+    view_.perMillimetre = perMillimetreAt(scale, axis);
     upwards_ = direction == Direction::up;
     following_ = true;
     tool_.reset();
@@ -43,7 +39,7 @@ void LiveView::setScale(double scale) {
     const double fixed = tool >= 0 && tool <= bodyHeight_ ? tool : bodyHeight_ / 2;
     const double there = view_.positionAt(fixed);
     scale_ = scale;
-    view_.perMillimetre = perMillimetreOf(scale, view_.axis);
+    view_.perMillimetre = perMillimetreAt(scale, view_.axis);
     view_.top = there - fixed / view_.unitsPer();
     keepToolInSight();
 }
@@ -51,7 +47,7 @@ void LiveView::setScale(double scale) {
 void LiveView::setAxis(Axis axis) {
     if (axis == view_.axis) return;
     view_.axis = axis;
-    view_.perMillimetre = perMillimetreOf(scale_, axis);
+    view_.perMillimetre = perMillimetreAt(scale_, axis);
     view_.top = 0;
     following_ = true;
     tool_.reset();

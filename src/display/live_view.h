@@ -13,12 +13,6 @@
 
 namespace tarvik {
 
-/// Seconds that a millimetre stands for by time, at the depth scale 1:`scale`: at 1:200 one second. The list
-/// of scales serves both plots.
-[[nodiscard]] constexpr double secondsPerMillimetre(double scale) {
-    return scale / 200;
-}
-
 /// A scroll bar, in painter units.
 struct ScrollRange {
     long most = 0; ///< the bar runs from 0

@@ -19,6 +19,12 @@ const ChannelData* LogData::find(std::string_view channel) const {
     return found == channels.end() ? nullptr : &*found;
 }
 
+Axis LogData::usualAxis() const {
+    if (!sampledByTime || !has(Axis::time) || steps() < 2) return Axis::depth;
+    const auto [least, most] = std::ranges::minmax_element(depth);
+    return *least == *most ? Axis::time : Axis::depth;
+}
+
 LogData logDataOf(const ReviewLog& log) {
     LogData data;
     data.depth = log.depth;

@@ -38,6 +38,9 @@ struct LogData {
     }
     /// What a number of along(axis) is in metres or seconds.
     [[nodiscard]] double unitOf(Axis axis) const { return axis == Axis::depth ? toMetres(1, units) : 1; }
+    /// By time where it was sampled so and the tool stood still: by depth there is nothing to see.
+    [[nodiscard]] Axis usualAxis() const;
+    [[nodiscard]] bool has(Axis axis) const { return along(axis).size() == steps(); }
     /// Nothing (null) when the log has no such channel.
     [[nodiscard]] const ChannelData* find(std::string_view channel) const;
 };

@@ -39,6 +39,10 @@ std::string scaleInWords(double scale) {
     return "1:" + shortestNumber(std::round(scale * 100) / 100);
 }
 
+std::string timeScaleInWords(double scale) {
+    return shortestNumber(std::round(perMillimetreAt(scale, Axis::time) * 1000) / 1000) + " s/mm";
+}
+
 std::string scaleInInches(double scale) {
     constexpr double inchesOf100Feet = 1200;
     return shortestNumber(std::round(inchesOf100Feet / scale * 1000) / 1000) + " in per 100 ft";
@@ -57,8 +61,9 @@ std::string planProblem(const PagePlan& plan) {
 
 std::string printSummary(const PrintOrder& order, const PagePlan& plan) {
     if (const std::string problem = planProblem(plan); !problem.empty()) return problem + ".";
-    const double metres = (order.interval.to - order.interval.from) / order.scale;
-    const std::string length = formatPicture(metres, "0.00") + " m of log";
+    const double millimetres =
+        (order.interval.to - order.interval.from) / perMillimetreAt(order.scale, order.axis);
+    const std::string length = formatPicture(millimetres / 1000, "0.00") + " m of log";
     const std::size_t pages = plan.pages.size();
     if (order.continuous && pages == 1) {
         return "One page, " + formatPicture(plan.width / 10, "0.0") + " cm wide and " +
@@ -84,14 +89,14 @@ void remember(PrintOrder& order, std::string_view text) {
     order.heading = !holds(" plain");
 }
 
-std::string intervalProblem(std::string_view from, std::string_view to, const Extent& log, DepthUnits units) {
+std::string intervalProblem(std::string_view from, std::string_view to, const Extent& log, double unit) {
     const auto first = parseNumber(trimmed(from));
     const auto last = parseNumber(trimmed(to));
-    if (!first || !last) return "Two depths, the upper one first.";
-    if (*first >= *last) return "The first depth is not above the second.";
-    if (toMetres(*first, units) >= log.to || toMetres(*last, units) <= log.from) {
-        return "There is no log there; it goes from " + formatPicture(fromMetres(log.from, units), "0.00") +
-               " to " + formatPicture(fromMetres(log.to, units), "0.00") + ".";
+    if (!first || !last) return "Two numbers, the upper one first.";
+    if (*first >= *last) return "The first is not above the second.";
+    if (*first * unit >= log.to || *last * unit <= log.from) {
+        return "There is no log there; it goes from " + formatPicture(log.from / unit, "0.00") + " to " +
+               formatPicture(log.to / unit, "0.00") + ".";
     }
     return {};
 }

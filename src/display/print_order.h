@@ -13,8 +13,9 @@
 namespace tarvik {
 
 struct PrintOrder {
+    Axis axis = Axis::depth;
     double scale = 200; ///< 1:N
-    Extent interval;    ///< metres
+    Extent interval;    ///< metres or seconds
     std::string paper = "A4";
     bool landscape = false;
     bool continuous = false; ///< one long page as wide as the paper, as rolls and fan-fold paper are fed
@@ -34,6 +35,9 @@ constexpr std::array<std::string_view, 3> printPapers{"A4", "A3", "Letter"};
 /// 1:N to two decimals: a scale that was zoomed to has no end of digits.
 [[nodiscard]] std::string scaleInWords(double scale);
 
+/// What a millimetre is by time: "1 s/mm".
+[[nodiscard]] std::string timeScaleInWords(double scale);
+
 /// The same as it is named for logs in feet: 1:240 is "5 in per 100 ft".
 [[nodiscard]] std::string scaleInInches(double scale);
 
@@ -47,8 +51,9 @@ constexpr std::array<std::string_view, 3> printPapers{"A4", "A3", "Letter"};
 [[nodiscard]] std::string rememberedText(const PrintOrder& order);
 void remember(PrintOrder& order, std::string_view text);
 
-/// What is wrong with an end of the interval, in one sentence; empty when nothing is. Numbers in `units`.
+/// What is wrong with an end of the interval, in one sentence; empty when nothing is. One of the numbers is
+/// `unit` metres or seconds.
 [[nodiscard]] std::string intervalProblem(std::string_view from, std::string_view to, const Extent& log,
-                                          DepthUnits units);
+                                          double unit);
 
 } // namespace tarvik

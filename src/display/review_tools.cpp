@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace tarvik {
 
@@ -74,6 +75,17 @@ DisplayView heldInside(const DisplayView& view, const Extent& extent, double bod
 Extent visibleInterval(const DisplayView& view, const Extent& extent, double bodyHeight) {
     return {std::clamp(view.top, extent.from, extent.to),
             std::clamp(view.positionAt(bodyHeight), extent.from, extent.to)};
+}
+
+Extent depthsBetween(const LogData& data, const Extent& seconds) {
+    Extent depths{std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
+    for (std::size_t i = 0; i < data.time.size(); ++i) {
+        if (data.time[i] < seconds.from || data.time[i] > seconds.to) continue;
+        depths.from = std::min(depths.from, data.depth[i]);
+        depths.to = std::max(depths.to, data.depth[i]);
+    }
+    if (depths.from > depths.to) return extentOf(data, Axis::depth);
+    return {toMetres(depths.from, data.units), toMetres(depths.to, data.units)};
 }
 
 double toHundredths(double depth) {

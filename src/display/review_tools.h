@@ -38,6 +38,9 @@ struct Extent {
 /// What of the log is in the body: the interval to export.
 [[nodiscard]] Extent visibleInterval(const DisplayView& view, const Extent& extent, double bodyHeight);
 
+/// The depths that were logged in an interval of time, metres.
+[[nodiscard]] Extent depthsBetween(const LogData& data, const Extent& seconds);
+
 /// As depths are written in forms: two decimals, without the tail of a position of pixels.
 [[nodiscard]] double toHundredths(double depth);
 

@@ -18,6 +18,7 @@ namespace tarvik {
 namespace {
 
 constexpr std::array<std::string_view, 3> schemeNames{"paper", "light", "dark"};
+constexpr std::array<std::string_view, 2> axisNames{"depth", "time"};
 constexpr std::array<std::string_view, 4> paperNames{"A4", "A3", "Letter", "Continuous"};
 constexpr std::array<std::string_view, 3> deviationNames{bullseyeCaption, magneticsCaption, deviationCaption};
 
@@ -68,11 +69,20 @@ LogDisplay displayFrom(const Arguments& arguments, const ReviewLog& log, const L
     return display;
 }
 
+Axis axisFrom(const Arguments& arguments, const LogData& data) {
+    const auto asked = arguments.oneOf("--by", axisNames);
+    if (!asked) return data.usualAxis();
+    const Axis axis = *asked == "time" ? Axis::time : Axis::depth;
+    if (!data.has(axis)) throw UsageError("--by time: the log has no times");
+    return axis;
+}
+
 /// In the unit of the first log, whatever that of the second is.
-Extent wholeExtent(const LogSheet& sheet, DepthUnits units) {
-    const Extent metres = sheet.second ? extentOfBoth(sheet.data, sheet.second->data, Axis::depth)
-                                       : extentOf(sheet.data, Axis::depth);
-    return {fromMetres(metres.from, units), fromMetres(metres.to, units)};
+Extent wholeExtent(const LogSheet& sheet, double unit) {
+    const Axis axis = sheet.view.axis;
+    const Extent whole =
+        sheet.second ? extentOfBoth(sheet.data, sheet.second->data, axis) : extentOf(sheet.data, axis);
+    return {whole.from / unit, whole.to / unit};
 }
 
 } // namespace
@@ -80,8 +90,9 @@ Extent wholeExtent(const LogSheet& sheet, DepthUnits units) {
 std::vector<Option> plotOptions() {
     return {{"-o", "FILE", "a picture (.png), pages (.pdf) or a drawing (.svg)"},
             {"--scale", "1:N", "depth scale (default 1:200)"},
-            {"--from", "D", "first depth (default: the first on file)"},
-            {"--to", "D", "last depth (default: the last on file)"},
+            {"--by", "AXIS", "depth or time (default: depth, unless the tool stood still)"},
+            {"--from", "D", "first depth, or second (default: the first on file)"},
+            {"--to", "D", "last depth, or second (default: the last on file)"},
             {"--paper", "NAME", "A4, A3, Letter or Continuous (default A4)"},
             {"--dpi", "N", "dots to the inch of a picture (default 150)"},
             {"--scheme", "NAME", "paper, light or dark (default paper)"},
@@ -101,7 +112,7 @@ LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Revie
     LogSheet sheet;
     sheet.data = logDataOf(log);
     sheet.display = displayFrom(arguments, log, sheet.data, files);
-    sheet.view = viewAtScale(scale, millimetresPerInch);
+    sheet.view = viewAtScale(scale, millimetresPerInch, axisFrom(arguments, sheet.data));
     sheet.view.equallySpaced = arguments.has("--equally-spaced");
     sheet.withHeading = !arguments.has("--no-heading");
     sheet.heading = headingOf(log, sheet.display);
@@ -109,17 +120,17 @@ LogSheet sheetFrom(const Arguments& arguments, const ReviewLog& log, const Revie
     if (other != nullptr) {
         compareOnSheet(sheet, log, *other, arguments.has("--beside") ? Comparison::beside : Comparison::over);
     }
-    const DepthUnits units = log.header.setup.units;
-    const auto [first, last] = wholeExtent(sheet, units);
-    sheet.from = toMetres(arguments.number("--from").value_or(first), units);
-    sheet.to = toMetres(arguments.number("--to").value_or(last), units);
+    const double unit = sheet.data.unitOf(sheet.view.axis);
+    const auto [first, last] = wholeExtent(sheet, unit);
+    sheet.from = arguments.number("--from").value_or(first) * unit;
+    sheet.to = arguments.number("--to").value_or(last) * unit;
     if (sheet.to <= sheet.from && first >= last) {
         throw Failure(ErrorNumber::badFile,
                       "There is nothing to draw: the log has " +
                           (log.depth.empty() ? std::string("no depth")
                                              : "one depth only, " + formatPicture(first, "0.00")));
     }
-    if (sheet.to <= sheet.from || sheet.to < toMetres(first, units) || sheet.from > toMetres(last, units)) {
+    if (sheet.to <= sheet.from || sheet.to < first * unit || sheet.from > last * unit) {
         throw UsageError("there is no log between --from and --to; it runs from " +
                          formatPicture(first, "0.00") + " to " + formatPicture(last, "0.00"));
     }

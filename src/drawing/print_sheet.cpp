@@ -9,7 +9,7 @@ LogSheet printSheet(const ReviewLog& log, const LogDisplay& display, const Print
     sheet.display = display;
     sheet.display.scheme = paperScheme();
     sheet.data = logDataOf(log);
-    sheet.view = viewAtScale(order.scale, millimetresPerInch);
+    sheet.view = viewAtScale(order.scale, millimetresPerInch, order.axis);
     sheet.view.equallySpaced = order.equallySpaced;
     sheet.withHeading = order.heading;
     sheet.heading = headingOf(log, sheet.display);
@@ -20,7 +20,12 @@ LogSheet printSheet(const ReviewLog& log, const LogDisplay& display, const Print
 }
 
 void sayScale(LogSheet& sheet, const ReviewLog& log, bool inches) {
-    const double scale = sheet.view.perMillimetre * 1000;
+    const double scale = scaleOf(sheet.view);
+    if (sheet.view.axis == Axis::time) {
+        sheet.heading.scaleLabel = "Time scale";
+        sheet.heading.scale = timeScaleInWords(scale);
+        return;
+    }
     const bool feet = log.header.setup.units == DepthUnits::feet && !log.otherDepthUnit;
     sheet.heading.scale = scaleInWords(scale);
     if (feet && inches) sheet.heading.inches = scaleInInches(scale);

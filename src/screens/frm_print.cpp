@@ -46,10 +46,6 @@ constexpr const char* memoryName = "Print";
 constexpr std::size_t mostPreviewed = 60; // every page of a preview is kept in memory
 enum IntervalChoice { wholeLog, visibleLog, ownInterval };
 
-QString depthText(double metres, DepthUnits units) {
-    return qt(formatPicture(fromMetres(metres, units), "0.00"));
-}
-
 QPageSize pageSize(const PrintOrder& order, const PagePlan& plan) {
     if (order.continuous) {
         return QPageSize(QSizeF(plan.width, plan.height), QPageSize::Millimeter, QString(),
@@ -92,6 +88,7 @@ frmPrint::frmPrint(PrintSubject subject, const PrintModules& modules, QWidget* p
       page_(roleLabel("quiet")) {
     setModal(true);
     order_.inches = subject_.inches;
+    order_.axis = subject_.axis;
     remember(order_, plain(modules.memory.text(memoryName)));
     auto* const row = new QHBoxLayout;
     row->setSpacing(measure::wide);
@@ -122,7 +119,7 @@ QWidget* frmPrint::buildForm() {
 }
 
 void frmPrint::buildDepths(QVBoxLayout& column) {
-    auto* const card = new Card("Depths");
+    auto* const card = new Card(subject_.axis == Axis::depth ? "Depths" : "Times");
     column.addWidget(card);
     scale_->setObjectName("lbprintscale");
     scale_->setEditable(true);
@@ -137,16 +134,15 @@ void frmPrint::buildDepths(QVBoxLayout& column) {
     interval_ = addOptions(*card->body(), "Interval",
                            {{"optwhole", "&Whole"}, {"optvisible", "&On screen"}, {"optown", "&From, to"}});
     interval_->button(wholeLog)->setChecked(true);
-    const DepthUnits units = subject_.log.header.setup.units;
-    from_->setText(depthText(subject_.whole.from, units));
-    to_->setText(depthText(subject_.whole.to, units));
+    from_->setText(qt(formatPicture(subject_.whole.from / unit(), "0.00")));
+    to_->setText(qt(formatPicture(subject_.whole.to / unit(), "0.00")));
     auto* const row = new QHBoxLayout;
     row->setSpacing(measure::gap);
     auto* const from = new Field("From", from_);
-    auto* const to = new Field("To", to_, qt(subject_.log.depthUnit()).toLower());
+    auto* const to = new Field(
+        "To", to_, subject_.axis == Axis::depth ? qt(subject_.log.depthUnit()).toLower() : "seconds");
     to->setCheck([this] {
-        return qt(intervalProblem(plain(from_->text()), plain(to_->text()), subject_.whole,
-                                  subject_.log.header.setup.units));
+        return qt(intervalProblem(plain(from_->text()), plain(to_->text()), subject_.whole, unit()));
     });
     row->addWidget(from, 2, Qt::AlignTop);
     row->addWidget(to, 3, Qt::AlignTop);
@@ -248,11 +244,14 @@ bool frmPrint::allRight() {
 }
 
 Extent frmPrint::chosenInterval() const {
-    const DepthUnits units = subject_.log.header.setup.units;
     if (interval_->checkedId() == wholeLog) return subject_.whole;
     if (interval_->checkedId() == visibleLog) return subject_.visible;
-    return {toMetres(parseNumber(plain(from_->text())).value_or(0), units),
-            toMetres(parseNumber(plain(to_->text())).value_or(0), units)};
+    return {parseNumber(plain(from_->text())).value_or(0) * unit(),
+            parseNumber(plain(to_->text())).value_or(0) * unit()};
+}
+
+double frmPrint::unit() const {
+    return subject_.axis == Axis::depth ? toMetres(1, subject_.log.header.setup.units) : 1;
 }
 
 void frmPrint::follow() {

@@ -41,11 +41,12 @@ struct PrintSubject {
     const ReviewLog& log;
     Path file;
     LogDisplay display;
+    Axis axis = Axis::depth;
     double scale = 200;
     bool equallySpaced = false;
     bool inches = true;               ///< as in PrintOrder
-    Extent whole;                     ///< metres
-    Extent visible;                   ///< metres: what the screen shows
+    Extent whole;                     ///< metres or seconds
+    Extent visible;                   ///< what the screen shows of it
     const ReviewLog* other = nullptr; ///< a second run, and how it is shown with the first
     Comparison how = Comparison::over;
 };
@@ -64,6 +65,8 @@ class frmPrint final : public ScreenDialog {
     void buildButtons();
     [[nodiscard]] bool allRight();
     [[nodiscard]] Extent chosenInterval() const;
+    /// Metres or seconds to one of the numbers in the form.
+    [[nodiscard]] double unit() const;
     /// The form has changed: the order, the plan and the preview follow, unless a field is wrong.
     void follow();
     void showPage();

@@ -53,7 +53,7 @@ double scaleOf(const QString& text) {
 /// What the scale means: "1 mm is 0.2 m".
 QString scaleWords(const LiveView& view) {
     const bool byTime = view.view().axis == Axis::time;
-    const double one = byTime ? secondsPerMillimetre(view.scale()) : view.scale() / 1000;
+    const double one = perMillimetreAt(view.scale(), view.view().axis);
     return "1 mm is " + qt(shortestNumber(static_cast<float>(one))) + (byTime ? " s" : " m");
 }
 

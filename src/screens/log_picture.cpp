@@ -50,7 +50,7 @@ void LogPicture::setLog(const ReviewLog* log, std::vector<DepthMark> notes) {
     data_ = log == nullptr ? LogData{} : logDataOf(*log);
     painter_ = log == nullptr ? nullptr : std::make_unique<PairPainter>();
     history_ = DisplayHistory(log == nullptr ? LogDisplay{} : usualDisplay());
-    view_ = viewAtScale(firstScale, logicalDpiY());
+    view_ = viewAtScale(firstScale, logicalDpiY(), data_.usualAxis());
     view_.whole = true;
     view_.top = extent().from - edgeRoom(view_);
     readings_->setVisible(log != nullptr);
@@ -77,8 +77,16 @@ void LogPicture::compareWith(const ReviewLog* second, Comparison how) {
     displayChanged();
 }
 
+void LogPicture::setAxis(Axis axis) {
+    if (log_ == nullptr || axis == view_.axis || !data_.has(axis)) return;
+    view_.perMillimetre = perMillimetreAt(scale(), axis);
+    view_.axis = axis;
+    view_.top = extent().from - edgeRoom(view_);
+    displayChanged();
+}
+
 void LogPicture::setScale(double scale) {
-    view_.perMillimetre = scale / 1000;
+    view_.perMillimetre = perMillimetreAt(scale, view_.axis);
     view_.equallySpaced = false;
     displayChanged();
 }
@@ -91,9 +99,9 @@ void LogPicture::showEquallySpaced() {
     showsAll_ = true;
 }
 
-void LogPicture::jumpTo(double metres) {
-    moveTo(jumpedTo(view_, metres, bodyHeight()));
-    pointer_ = headHeight() + view_.yOf(metres);
+void LogPicture::jumpTo(double position) {
+    moveTo(jumpedTo(view_, position, bodyHeight()));
+    pointer_ = headHeight() + view_.yOf(position);
     showReadings(*pointer_ - headHeight());
 }
 
@@ -109,7 +117,8 @@ void LogPicture::readNext(bool up) {
 }
 
 Extent LogPicture::visible() const {
-    return visibleInterval(view_, extentOf(data_, view_.axis), bodyHeight());
+    const Extent shown = visibleInterval(view_, extentOf(data_, view_.axis), bodyHeight());
+    return view_.axis == Axis::depth ? shown : depthsBetween(data_, shown);
 }
 
 Extent LogPicture::visibleOfBoth() const {
@@ -140,7 +149,7 @@ void LogPicture::redo() {
 void LogPicture::displayChanged() {
     drawn_ = tried_.value_or(history_.current());
     drawn_.scheme = schemeOfTheme();
-    readings_->setDisplay(drawn_, data_.units);
+    readings_->setDisplay(drawn_, data_.units, view_.axis);
     layOut();
     if (changed_) changed_();
 }
@@ -241,8 +250,8 @@ void LogPicture::showReadings(double y) {
     if (log_ == nullptr || y < 0) return readings_->showNone();
     const double position = view_.positionAt(y);
     std::optional<CursorReading> second;
-    if (second_) second = readingsAt(drawn_, second_->data, Axis::depth, position);
-    readings_->showReadings(readingsAt(drawn_, data_, Axis::depth, position), second);
+    if (second_) second = readingsAt(drawn_, second_->data, view_.axis, position);
+    readings_->showReadings(readingsAt(drawn_, data_, view_.axis, position), second);
 }
 
 } // namespace tarvik

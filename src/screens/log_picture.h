@@ -31,20 +31,26 @@ class LogPicture final : public QWidget {
     void setLog(const ReviewLog* log, std::vector<DepthMark> notes = {});
     /// Null: the first run alone again. The second log outlives its time here.
     void compareWith(const ReviewLog* second, Comparison how);
+    /// By depth or by time, from its start at the same scale.
+    void setAxis(Axis axis);
+    [[nodiscard]] Axis axis() const { return view_.axis; }
+    /// Whether there is more than one axis to show the log by.
+    [[nodiscard]] bool hasTimes() const { return !data_.time.empty() && data_.has(Axis::time); }
     /// 1:`scale`; what is at the top stays there.
     void setScale(double scale);
-    [[nodiscard]] double scale() const { return view_.perMillimetre * 1000; }
+    [[nodiscard]] double scale() const { return scaleOf(view_); }
     /// The whole log in the window, each curve in a track of its own.
     void showEquallySpaced();
     [[nodiscard]] bool isEquallySpaced() const { return view_.equallySpaced; }
-    void jumpTo(double metres);
+    /// Metres or seconds.
+    void jumpTo(double position);
     /// Reads the step next below the one that was read (or the middle of the window), or above it.
     void readNext(bool up);
-    /// What of the log the window shows, metres; and of both when there are two.
+    /// What of the log the window shows, in metres whatever the axis.
     [[nodiscard]] Extent visible() const;
+    /// What the window shows of both when there are two, metres or seconds.
     [[nodiscard]] Extent visibleOfBoth() const;
-
-    /// From the first depth of the log to its last, metres; of both when there are two.
+    /// From the start of the log to its end, metres or seconds; of both when there are two.
     [[nodiscard]] Extent extent() const;
     /// What is drawn of a second run.
     [[nodiscard]] const std::optional<SecondRun>& second() const { return second_; }

@@ -39,8 +39,9 @@ ReadingsStrip::ReadingsStrip() {
     setAccessibleName("Values at the pointer");
 }
 
-void ReadingsStrip::setDisplay(const LogDisplay& display, DepthUnits units) {
+void ReadingsStrip::setDisplay(const LogDisplay& display, DepthUnits units, Axis axis) {
     display_ = display;
+    axis_ = axis;
     units_ = units;
     update();
 }
@@ -71,6 +72,9 @@ std::vector<ReadingsStrip::Cell> ReadingsStrip::cells() const {
     const QString depth =
         first_ ? qt(formatPicture(fromMetres(first_->depth, units_), "0.00")) : QString("\u2013");
     std::vector<Cell> all{{"Depth", depth, units_ == DepthUnits::metres ? "m" : "ft", colours.text}};
+    if (axis_ == Axis::time)
+        all.push_back({"Time", first_ ? qt(formatPicture(first_->time, "0.00")) : QString("\u2013"), "s",
+                       colours.text});
     for (const Track& track : display_.tracks) {
         for (const LogCurve* curve : shownCurves(track)) {
             const Reading* const first = readingOf(first_, curve->channel);

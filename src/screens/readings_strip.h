@@ -16,7 +16,7 @@ class ReadingsStrip final : public QWidget {
     ReadingsStrip();
 
     /// The curves that have a place. Its height follows.
-    void setDisplay(const LogDisplay& display, DepthUnits units);
+    void setDisplay(const LogDisplay& display, DepthUnits units, Axis axis);
     /// Of the first run, and of a second one; nothing where nothing was logged.
     void showReadings(const std::optional<CursorReading>& first, const std::optional<CursorReading>& second);
     /// No depth is asked for: how to ask for one stands there instead.
@@ -44,6 +44,7 @@ class ReadingsStrip final : public QWidget {
 
     LogDisplay display_;
     DepthUnits units_ = DepthUnits::metres;
+    Axis axis_ = Axis::depth;
     bool hasSecond_ = false;
     bool asked_ = false;
     std::optional<CursorReading> first_;

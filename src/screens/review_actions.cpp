@@ -27,6 +27,7 @@ namespace {
 
 constexpr const char* templateFilter = "Display templates (*.display);;All files (*)";
 constexpr const char* templateMemory = "Template";
+constexpr double near = 0.005;                     // metres or seconds: ends are said to two decimals
 constexpr std::size_t largestTemplate = 1'000'000; // bytes; what is larger is another kind of file
 
 QString askForOpenFile(QWidget* parent, const QString& folder, const QString& filter) {
@@ -64,11 +65,13 @@ ReviewActions::ReviewActions(ReviewSession& session, Program& program, IntroScre
 std::string ReviewActions::jumpTo(double depth) {
     const ReviewLog* const log = session_.log();
     if (log == nullptr || log->depth.empty()) return {};
-    const auto [least, most] = log->extent();
-    if (depth < least || depth > most)
-        return "The log runs from " + formatPicture(least, "0.00") + " to " + formatPicture(most, "0.00") +
-               ".";
-    screen_.picture().jumpTo(toMetres(depth, log->header.setup.units));
+    const LogPicture& picture = screen_.picture();
+    const double unit = picture.axis() == Axis::depth ? toMetres(1, log->header.setup.units) : 1;
+    const Extent whole = picture.extent();
+    if (depth * unit < whole.from - near || depth * unit > whole.to + near)
+        return "The log runs from " + formatPicture(whole.from / unit, "0.00") + " to " +
+               formatPicture(whole.to / unit, "0.00") + ".";
+    screen_.picture().jumpTo(depth * unit);
     screen_.reviewPages().setCurrentWidget(&screen_.picture());
     return {};
 }
@@ -81,7 +84,8 @@ void ReviewActions::showState() {
     bar_->setEnabled(log != nullptr);
     if (log != nullptr && program_.state.mode == programMode::review)
         screen_.bars().showScale(picture.scale());
-    bar_->showUnit(log == nullptr ? QString() : qt(log->depthUnit()));
+    if (log != nullptr && picture.axis() == Axis::time) return bar_->showUnit("Time", "s");
+    bar_->showUnit("Depth", log == nullptr ? QString() : qt(log->depthUnit()));
 }
 
 // ---- The display.
@@ -91,6 +95,7 @@ void ReviewActions::fillDisplayMenu() {
     display_->addAction("&Tracks and curves\u2026", [this] { edit({DisplayPlace::Part::track, 0, 0}); });
     display_->addAction("&Usual display of this log",
                         [this] { screen_.picture().change(screen_.picture().usualDisplay()); });
+    addAxes();
     display_->addSeparator();
     display_->addAction("&Save as template\u2026", [this] { saveTemplate(); });
     display_->addAction("&Load template\u2026", [this] { chooseTemplate(); });
@@ -101,6 +106,19 @@ void ReviewActions::fillDisplayMenu() {
         action->setToolTip(file);
     }
     display_->setToolTipsVisible(true);
+}
+
+/// A log with times can be seen by either.
+void ReviewActions::addAxes() {
+    LogPicture& picture = screen_.picture();
+    if (!picture.hasTimes()) return;
+    display_->addSeparator();
+    for (const auto& [axis, text] : {std::pair(Axis::depth, "By &depth"), {Axis::time, "By t&ime"}}) {
+        QAction* const action =
+            display_->addAction(text, [&picture, shown = axis] { picture.setAxis(shown); });
+        action->setCheckable(true);
+        action->setChecked(picture.axis() == axis);
+    }
 }
 
 void ReviewActions::edit(const DisplayPlace& place) {
@@ -203,6 +221,7 @@ PrintSubject ReviewActions::subject() const {
     return {.log = *session_.log(),
             .file = session_.file(),
             .display = picture.display(),
+            .axis = picture.axis(),
             .scale = picture.scale(),
             .equallySpaced = picture.isEquallySpaced(),
             .inches = program_.settings.logInches != 0,
@@ -232,7 +251,8 @@ void ReviewActions::savePicture() {
         dialogs_.save(&screen_, qt(suggested.string()), "Picture (*.png);;Drawing (*.svg);;PDF (*.pdf)");
     if (chosen.isEmpty()) return;
     const PrintSubject now = subject();
-    PrintOrder order{.scale = now.scale,
+    PrintOrder order{.axis = now.axis,
+                     .scale = now.scale,
                      .interval = now.visible,
                      .equallySpaced = now.equallySpaced,
                      .inches = now.inches};

@@ -33,11 +33,12 @@ class ReviewActions {
 
   private:
     void fillDisplayMenu();
+    void addAxes();
     void fillCompareMenu();
     void fillExportMenu();
     void showState();
     void edit(const DisplayPlace& place);
-    /// Why it cannot be gone to, else nothing.
+    /// To a depth in the log's unit, or a second of it; why it cannot be gone to, else nothing.
     [[nodiscard]] std::string jumpTo(double depth);
     void saveTemplate();
     void chooseTemplate();

@@ -30,7 +30,7 @@ ReviewBar::ReviewBar(QTabWidget& pages, Jump jump)
     depth_->setAccessibleName("Go to depth");
     depth_->setToolTip("A depth of the log, then Enter (Ctrl+G)");
     depth_->setStyleSheet("QLineEdit { padding: 1px 6px; min-height: 20px; }"); // no higher than the tabs
-    showUnit({});
+    showUnit("Depth", {});
     pages.installEventFilter(this);
     row->addWidget(depth_);
     connect(depth_, &QLineEdit::returnPressed, this, [this] { go(); });
@@ -95,11 +95,11 @@ void ReviewBar::follow(QWidget* before) {
     }
 }
 
-void ReviewBar::showUnit(const QString& depthUnit) {
+void ReviewBar::showUnit(const QString& what, const QString& longUnit) {
     if (!depth_->hasFocus()) showWrong({}); // another run may have the depth
-    const QString unit = depthUnit.toLower();
+    const QString unit = longUnit.toLower();
     const QString sign = unit == "metres" ? "m" : unit == "feet" ? "ft" : unit;
-    const QString words = sign.isEmpty() || sign.size() > 4 ? "Depth" : "Depth, " + sign;
+    const QString words = sign.isEmpty() || sign.size() > 4 ? what : what + ", " + sign;
     constexpr int frame = 24; // padding, border, margins and cursor
     const QFontMetrics font = depth_->fontMetrics();
     depth_->setPlaceholderText(words);

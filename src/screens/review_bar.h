@@ -17,7 +17,8 @@ namespace tarvik {
 
 class ReviewBar final : public QWidget {
   public:
-    /// Goes to a depth in the log's unit; why it cannot, else nothing.
+    /// Goes to a depth in the log's unit (or a second, when it is shown by time); why it cannot, else
+    /// nothing.
     using Jump = std::function<std::string(double depth)>;
     /// The corner of `pages`.
     ReviewBar(QTabWidget& pages, Jump jump);
@@ -29,7 +30,8 @@ class ReviewBar final : public QWidget {
                            const QKeySequence& keys, std::function<void()> act);
     /// The Tab key comes to the bar after `before`, where the eye does.
     void follow(QWidget* before);
-    void showUnit(const QString& depthUnit);
+    /// What the field takes: "Depth" in "metres".
+    void showUnit(const QString& what, const QString& longUnit);
     /// Without the buttons.
     [[nodiscard]] QSize minimumSizeHint() const override;
     bool eventFilter(QObject* watched, QEvent* event) override;

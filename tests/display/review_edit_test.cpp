@@ -184,11 +184,11 @@ TEST(PrintOrders, SayWhatTheyCostAndAreRemembered) {
 TEST(PrintOrders, AnIntervalOutsideTheLogIsSaid) {
     const Extent log{10, 60};
     const auto problem = [&](const char* from, const char* to, DepthUnits units = DepthUnits::metres) {
-        return intervalProblem(from, to, log, units);
+        return intervalProblem(from, to, log, toMetres(1, units));
     };
     EXPECT_EQ(problem("20", "30"), "");
     EXPECT_EQ(problem("0", "10.5"), "");
-    EXPECT_THAT(problem("20", "x"), HasSubstr("Two depths"));
+    EXPECT_THAT(problem("20", "x"), HasSubstr("Two numbers"));
     EXPECT_THAT(problem("30", "20"), HasSubstr("not above"));
     EXPECT_THAT(problem("61", "70"), HasSubstr("from 10.00 to 60.00"));
     EXPECT_EQ(problem("61", "70", DepthUnits::feet), "");

@@ -316,9 +316,10 @@ Done tarvik(std::vector<std::string> words) {
     return {code, std::move(out), ::testing::internal::GetCapturedStderr()};
 }
 
-Path runFileIn(const TemporaryFolder& folder) {
+/// By time the tool hangs at 30 m.
+Path runFileIn(const TemporaryFolder& folder, Sampling sampling = Sampling::depth) {
     RunHeader header;
-    header.setup.sampling = Sampling::depth;
+    header.setup.sampling = sampling;
     header.hole.holeId = "H-1";
     header.channels = {speedChannel(header.setup.units), {"Gamma", "API", {0, 300}, {0, 300}, {}}};
     Bytes bytes = encodeRunHeader(header);
@@ -326,7 +327,11 @@ Path runFileIn(const TemporaryFolder& folder) {
     for (int i = 0; i < 200; ++i) {
         const float value[]{static_cast<float>(i)};
         encodeScan(record,
-                   {.depth = 10 + i * 0.1, .scanTime = 500, .speed = 6, .channels = value, .toolCurrent = 40},
+                   {.depth = sampling == Sampling::depth ? 10 + i * 0.1 : 30,
+                    .scanTime = 500,
+                    .speed = 6,
+                    .channels = value,
+                    .toolCurrent = 40},
                    header.setup.units);
         bytes.insert(bytes.end(), record.begin(), record.end());
     }
@@ -419,6 +424,20 @@ TEST(PlotVerb, ComparesTwoRunsOverTheExtentOfBoth) {
               1);
 }
 
+TEST(PlotVerb, ARunOfAToolThatHangsStillIsDrawnByTime) {
+    const TemporaryFolder folder;
+    const std::string run = runFileIn(folder, Sampling::time).string();
+    const std::string home = (folder / "home").string();
+    const std::string picture = (folder / "t.svg").string();
+    EXPECT_EQ(tarvik({"plot", run, "-o", picture, "--home", home, "--from", "2"}).code, 0);
+    EXPECT_THAT(contentOf(picture),
+                testing::AllOf(HasSubstr(">Time<"), HasSubstr(">Time scale<"), HasSubstr(">1 s/mm<"),
+                               testing::Not(HasSubstr(">Depth<"))));
+    const Done byDepth = tarvik({"plot", run, "-o", picture, "--home", home, "--by", "depth"});
+    EXPECT_EQ(byDepth.code, 1);
+    EXPECT_THAT(byDepth.err, HasSubstr("one depth only, 30.00"));
+}
+
 TEST(PlotVerb, ALogOfOneDepthSaysSo) {
     const TemporaryFolder folder;
     const std::string las = (folder / "one.las").string();
@@ -430,6 +449,10 @@ TEST(PlotVerb, ALogOfOneDepthSaysSo) {
                               (folder / "home").string()});
     EXPECT_EQ(done.code, 1);
     EXPECT_THAT(done.err, HasSubstr("the log has one depth only, 10.00"));
+    EXPECT_EQ(tarvik({"plot", las, "-o", "x.svg", "--tolerant", "--by", "time", "--home",
+                      (folder / "home").string()})
+                  .code,
+              2);
 }
 
 TEST(PlotVerb, SaysWhatIsWrong) {

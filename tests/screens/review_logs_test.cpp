@@ -119,6 +119,35 @@ TEST(LogPictureTest, PointerAndKeysMoveZoomAndRead) {
     EXPECT_GT(on.picture.visible().to, 64.95) << "the window follows";
 }
 
+TEST(LogPictureTest, ARunByTimeOfAToolThatHangsStillIsShownByTime) {
+    ReviewLog still = longRun();
+    still.header.setup.sampling = Sampling::time;
+    still.depth.assign(2000, 30);
+    for (int i = 0; i < 2000; ++i) still.time.push_back(i * 0.5);
+    Light on(std::move(still));
+    EXPECT_EQ(on.picture.axis(), Axis::time);
+    EXPECT_EQ(on.picture.scale(), 200);
+    EXPECT_NEAR(on.picture.extent().to, 999.5, 1e-9);
+    on.picture.jumpTo(500);
+    const QStringList readings = control<ReadingsStrip>(on.picture, "lbreadings").texts();
+    EXPECT_TRUE(readings.contains("Time 500.00 s") && readings.contains("Depth 30.00 m"))
+        << readings.join(" ").toStdString();
+    EXPECT_EQ(on.picture.visible().from, 30) << "what is exported of it are depths";
+    Desk desk;
+    frmPrint print({.log = on.log,
+                    .file = "H1.kvx",
+                    .display = on.picture.display(),
+                    .axis = Axis::time,
+                    .whole = on.picture.extent(),
+                    .visible = {100, 300}},
+                   {desk.operatorSide, desk.memory, {}, {}});
+    click(print, "optvisible");
+    EXPECT_TRUE(control<QLabel>(print, "lbprintsummary").text().endsWith("A4, 0.20 m of log"));
+    on.picture.setAxis(Axis::depth);
+    EXPECT_EQ(on.picture.scale(), 200);
+    EXPECT_EQ(on.picture.extent().to, 30);
+}
+
 TEST(LogPictureTest, ZoomingEndsAtTrueSize) {
     Light on;
     for (int i = 0; i < 40; ++i) QTest::keyClick(&on.picture, Qt::Key_Plus);
