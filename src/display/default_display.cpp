@@ -38,6 +38,11 @@ bool suits(const CurveScale& custom, const ValueRange& values) {
     return most - least >= 0.05 * (double{values.most} - values.least);
 }
 
+bool touches(const CurveScale& scale, const ValueRange& values) {
+    return values.empty() || (values.most >= std::min(scale.left, scale.right) &&
+                              values.least <= std::max(scale.left, scale.right));
+}
+
 /// Whole decades around the values above 0.
 CurveScale decadesAround(std::span<const float> values) {
     double least = std::numeric_limits<double>::max();
@@ -55,9 +60,8 @@ CurveScale decadesAround(std::span<const float> values) {
 CurveScale customScale(const DisplayChannel& channel, const CurveRule& rule) {
     const ValueRange values = rangeOf(channel.values);
     if (rule.scale.kind == ScaleKind::logarithmic) {
-        const bool touches = values.empty() || !(values.most > 0) ||
-                             (values.most >= rule.scale.left && values.least <= rule.scale.right);
-        return touches ? rule.scale : decadesAround(channel.values);
+        const bool holds = !(values.most > 0) || touches(rule.scale, values);
+        return holds ? rule.scale : decadesAround(channel.values);
     }
     if (suits(rule.scale, values)) return rule.scale;
     const ScalePair round = roundScale(channel.values);
@@ -70,7 +74,10 @@ CurveScale scaleOf(const DisplayChannel& channel, const CurveRule& rule) {
     if (channel.calibrated && known && rule.scale.kind == ScaleKind::logarithmic)
         return logarithmic(channel.scale);
     if (channel.calibrated && !known && rule.hasScale()) return customScale(channel, rule);
-    const ScalePair scale = known ? channel.scale : roundScale(channel.values);
+    // A recorded scale that none of the values lies on would show nothing but how often they go round.
+    const CurveScale recorded{ScaleKind::linear, channel.scale.left, channel.scale.right};
+    const bool holds = known && touches(recorded, rangeOf(channel.values));
+    const ScalePair scale = holds ? channel.scale : roundScale(channel.values);
     return {ScaleKind::linear, scale.left, scale.right};
 }
 

@@ -17,8 +17,9 @@ class DisplayHistory {
     [[nodiscard]] bool canUndo() const { return at_ > 0; }
     [[nodiscard]] bool canRedo() const { return at_ + 1 < states_.size(); }
 
-    /// What had been undone is gone.
+    /// What had been undone is gone. A display that is drawn as the current one is no change.
     void change(LogDisplay next) {
+        if (isDrawnAs(current(), next)) return;
         states_.resize(at_ + 1);
         states_.push_back(std::move(next));
         if (states_.size() > most) states_.erase(states_.begin());
@@ -30,6 +31,11 @@ class DisplayHistory {
     static constexpr std::size_t most = 100;
 
   private:
+    [[nodiscard]] static bool isDrawnAs(const LogDisplay& one, const LogDisplay& other) {
+        return one.tracks == other.tracks && one.depthPlace == other.depthPlace &&
+               one.depthTrack == other.depthTrack && one.marks == other.marks;
+    }
+
     std::vector<LogDisplay> states_;
     std::size_t at_ = 0;
 };

@@ -63,7 +63,7 @@ std::string printSummary(const PrintOrder& order, const PagePlan& plan) {
     if (const std::string problem = planProblem(plan); !problem.empty()) return problem + ".";
     const double millimetres =
         (order.interval.to - order.interval.from) / perMillimetreAt(order.scale, order.axis);
-    const std::string length = formatPicture(millimetres / 1000, "0.00") + " m of log";
+    const std::string length = formatPicture(millimetres / 1000, "0.00") + " m of paper";
     const std::size_t pages = plan.pages.size();
     if (order.continuous && pages == 1) {
         return "One page, " + formatPicture(plan.width / 10, "0.0") + " cm wide and " +

@@ -10,6 +10,7 @@ namespace {
 
 // Metres (or seconds) to a millimetre.
 constexpr double closest = 0.001;
+constexpr double edgeMillimetres = 2;
 constexpr double furthestOut = 1; // 1:1000, which the list of scales has, however short the log is
 
 } // namespace
@@ -54,8 +55,13 @@ DisplayView showingAll(const DisplayView& view, const Extent& extent, double bod
 }
 
 double edgeRoom(const DisplayView& view) {
-    constexpr double millimetres = 2;
-    return millimetres * view.perMillimetre;
+    return edgeMillimetres * view.perMillimetre;
+}
+
+DisplayView showingWhole(const DisplayView& view, const Extent& extent, double bodyHeight) {
+    DisplayView whole = showingAll(view, extent, bodyHeight - 2 * view.millimetres(edgeMillimetres));
+    whole.top -= edgeRoom(whole);
+    return whole;
 }
 
 DisplayView heldInside(const DisplayView& view, const LogData& data, double bodyHeight) {
@@ -77,15 +83,36 @@ Extent visibleInterval(const DisplayView& view, const Extent& extent, double bod
             std::clamp(view.positionAt(bodyHeight), extent.from, extent.to)};
 }
 
-Extent depthsBetween(const LogData& data, const Extent& seconds) {
+namespace {
+
+/// From the least depth to the greatest of the steps that are taken; of the whole log when none is.
+template <class Takes>
+Extent depthsOf(const LogData& data, Takes&& takes) {
     Extent depths{std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
-    for (std::size_t i = 0; i < data.time.size(); ++i) {
-        if (data.time[i] < seconds.from || data.time[i] > seconds.to) continue;
+    for (std::size_t i = 0; i < data.steps(); ++i) {
+        if (!takes(i)) continue;
         depths.from = std::min(depths.from, data.depth[i]);
         depths.to = std::max(depths.to, data.depth[i]);
     }
     if (depths.from > depths.to) return extentOf(data, Axis::depth);
     return {toMetres(depths.from, data.units), toMetres(depths.to, data.units)};
+}
+
+} // namespace
+
+Extent depthsBetween(const LogData& data, const Extent& seconds) {
+    if (!data.has(Axis::time)) return extentOf(data, Axis::depth);
+    return depthsOf(data, [&](std::size_t i) {
+        return data.time[i] >= seconds.from && data.time[i] <= seconds.to;
+    });
+}
+
+Extent loggedWithin(const LogData& data, const Extent& metres) {
+    constexpr double same = 1e-6;
+    return depthsOf(data, [&](std::size_t i) {
+        const double depth = toMetres(data.depth[i], data.units);
+        return depth >= metres.from - same && depth <= metres.to + same;
+    });
 }
 
 double toHundredths(double depth) {
@@ -104,6 +131,15 @@ std::optional<double> nextStep(const LogData& data, Axis axis, double position, 
     return next;
 }
 
+namespace {
+
+/// Metres. A log of one or two depths has no usual step: half a metre is what a pointer may miss it by.
+double farthestRead(const LogData& data) {
+    return data.joinLimit > 0 ? data.joinLimit : 0.5;
+}
+
+} // namespace
+
 std::optional<CursorReading> readingsAt(const LogDisplay& display, const LogData& data, Axis axis,
                                         double position) {
     const auto along = data.along(axis);
@@ -112,15 +148,17 @@ std::optional<CursorReading> readingsAt(const LogDisplay& display, const LogData
     const auto nearest =
         std::ranges::min_element(along, {}, [sought](double each) { return std::abs(each - sought); });
     const double away = std::abs(*nearest - sought) * data.unitOf(axis);
-    if (axis == Axis::depth && data.joinLimit > 0 && away > data.joinLimit) return std::nullopt;
     const auto step = static_cast<std::size_t>(nearest - along.begin());
-    CursorReading reading{
-        toMetres(data.depth[step], data.units), data.time.empty() ? 0 : data.time[step], {}};
+    const bool logged = axis == Axis::time || away <= farthestRead(data);
+    CursorReading reading{logged ? toMetres(data.depth[step], data.units) : position,
+                          data.time.empty() || !logged ? 0 : data.time[step],
+                          {}};
     for (const Track& track : display.tracks) {
         for (const LogCurve* curve : shownCurves(track)) {
             Reading each{curve->channel, curve->unit, curve->calibrated, std::nullopt};
             const ChannelData* channel = data.find(curve->channel);
-            if (channel != nullptr && !isNoValue(channel->values[step])) each.value = channel->values[step];
+            if (logged && channel != nullptr && !isNoValue(channel->values[step]))
+                each.value = channel->values[step];
             reading.curves.push_back(std::move(each));
         }
     }

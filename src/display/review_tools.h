@@ -30,6 +30,8 @@ struct Extent {
 /// Kept free beyond either end of a log, in metres (or seconds): its first number and a single scan are seen
 /// whole.
 [[nodiscard]] double edgeRoom(const DisplayView& view);
+/// The whole log with that room.
+[[nodiscard]] DisplayView showingWhole(const DisplayView& view, const Extent& extent, double bodyHeight);
 /// Between 1:1 and twice the whole log in the body, and never further than that room beyond its ends; a log
 /// shorter than the body starts at its top.
 [[nodiscard]] DisplayView heldInside(const DisplayView& view, const LogData& data, double bodyHeight);
@@ -40,6 +42,10 @@ struct Extent {
 
 /// The depths that were logged in an interval of time, metres.
 [[nodiscard]] Extent depthsBetween(const LogData& data, const Extent& seconds);
+
+/// From the first to the last depth of the log within an interval, metres: what is exported of it begins and
+/// ends with a row.
+[[nodiscard]] Extent loggedWithin(const LogData& data, const Extent& metres);
 
 /// As depths are written in forms: two decimals, without the tail of a position of pixels.
 [[nodiscard]] double toHundredths(double depth);
@@ -55,11 +61,12 @@ struct Reading {
     std::optional<float> value; ///< as logged, not filtered; nothing in a gap
 };
 struct CursorReading {
-    double depth = 0; ///< metres, of the step that was read
+    double depth = 0; ///< metres, of the step that was read, or asked for where there is none
     double time = 0;  ///< seconds; 0 where the log has no times
     std::vector<Reading> curves;
 };
-/// All shown curves at the step nearest to `position`; nothing where the log has no steps near it.
+/// All shown curves at the step nearest to `position`, without values where the log has no steps near it.
+/// Nothing of an empty log.
 [[nodiscard]] std::optional<CursorReading> readingsAt(const LogDisplay& display, const LogData& data,
                                                       Axis axis, double position);
 

@@ -15,7 +15,7 @@ namespace tarvik {
 namespace {
 
 constexpr int mostBackups = 4; // widths beyond the track; a mark at its edge tells of what lies further off
-constexpr double fillStrength = 0.22;
+constexpr float fillStrength = 0.22F;
 
 /// A curve, a backup of it or a fill has the same few things to know.
 struct Strand {
@@ -45,7 +45,9 @@ struct Strand {
     }
     [[nodiscard]] QColor fillColour() const {
         const Scheme& scheme = canvas.display.scheme;
-        return qColour(blended(scheme.surface, colourOf(curve, scheme), fillStrength));
+        QColor colour = qColour(colourOf(curve, scheme)); // the grid is read through it
+        colour.setAlphaF(fillStrength);
+        return colour;
     }
 };
 

@@ -225,19 +225,35 @@ void paintDepthTrack(const Canvas& canvas, const LogData& data, const Band& band
 
 namespace {
 
-constexpr double markLetters = 3.4; // height of a mark's text, mm
+constexpr double markLetters = 3.4; // height of a line of a mark's text, mm
+constexpr qsizetype mostMarkLines = 3;
 
-/// Above its line, at the left edge of the column.
-void paintMarkText(const Canvas& canvas, const DepthMark& mark, const Column& column, double y) {
-    const QFont font = letters(canvas, 2.4, true);
-    canvas.painter.setFont(font);
-    const QString text = fitted(font, qText(mark.text), column.width - canvas.mm(2));
-    const QRectF box(column.left + canvas.mm(1), y - canvas.mm(markLetters + 0.2),
-                     QFontMetricsF(font).horizontalAdvance(text) + canvas.mm(1), canvas.mm(markLetters));
-    QColor ground = qColour(canvas.display.scheme.surface);
-    ground.setAlpha(200); // the curve behind it stays to be seen
-    canvas.painter.fillRect(box, ground);
-    canvas.painter.drawText(box, Qt::AlignVCenter | Qt::AlignLeft, text);
+/// As many words to a line as have room; what has none on the last line is cut.
+QStringList wrapped(const QFont& font, const QString& text, double width) {
+    const QFontMetricsF metrics(font);
+    QStringList lines(1);
+    for (const QString& word : text.split(' ', Qt::SkipEmptyParts)) {
+        QString& last = lines.back();
+        const QString longer = last.isEmpty() ? word : last + ' ' + word;
+        const bool goesOn = metrics.horizontalAdvance(longer) <= width || last.isEmpty();
+        if (goesOn || lines.size() == mostMarkLines) {
+            last = longer;
+        } else {
+            lines.append(word);
+        }
+    }
+    for (QString& each : lines) each = fitted(font, each, width);
+    return lines;
+}
+
+/// A text above `foot`, at the left edge of the column.
+void paintMarkText(const Canvas& canvas, const QStringList& lines, const Column& column, double foot) {
+    double y = foot - canvas.mm(0.2) - canvas.mm(markLetters) * static_cast<double>(lines.size());
+    for (const QString& text : lines) {
+        const QRectF box(column.left + canvas.mm(1), y, column.width, canvas.mm(markLetters));
+        canvas.painter.drawText(box, Qt::AlignVCenter | Qt::AlignLeft, text);
+        y += canvas.mm(markLetters);
+    }
 }
 
 void paintMarkLine(const Canvas& canvas, const DepthMark& mark, double y) {
@@ -252,22 +268,40 @@ void paintMarkLine(const Canvas& canvas, const DepthMark& mark, double y) {
 
 /// Texts stand in the first track; where they would stand in each other, in a track beside it, and where none
 /// has room, lower than their line.
-void paintMarks(const Canvas& canvas, const Band& band) {
+void paintMarkTexts(const Canvas& canvas, const Band& band) {
     if (canvas.view.axis != Axis::depth || canvas.columns.tracks.empty()) return;
+    const QFont font = letters(canvas, 2.4, true);
+    canvas.painter.setFont(font);
+    canvas.painter.setPen(qColour(canvas.display.scheme.mark));
     std::vector<DepthMark> marks = canvas.display.marks;
     std::ranges::stable_sort(marks, {}, &DepthMark::depth);
-    std::vector<double> taken(canvas.columns.tracks.size(), -1e9); // down to where, in each track
+    const auto& tracks = canvas.columns.tracks;
+    std::vector<double> taken(tracks.size(), -1e9); // down to where, in each track
     for (const DepthMark& mark : marks) {
         const double y = crisp(canvas.view, canvas.view.yOf(mark.depth));
-        const double above = y - canvas.mm(markLetters);
-        auto free = std::ranges::find_if(taken, [above](double end) { return end <= above; });
-        if (free == taken.end()) free = std::ranges::min_element(taken);
-        const auto column = static_cast<std::size_t>(free - taken.begin());
-        const double textAt = std::max(y, *free + canvas.mm(markLetters));
-        *free = textAt;
-        if (y < band.top - canvas.mm(4) || y > band.bottom + canvas.mm(4)) continue;
-        paintMarkLine(canvas, mark, y);
-        paintMarkText(canvas, mark, canvas.columns.tracks[column], textAt);
+        const auto linesIn = [&](std::size_t track) {
+            return wrapped(font, qText(mark.text), tracks[track].width - canvas.mm(2));
+        };
+        const auto heightIn = [&](std::size_t track) {
+            return canvas.mm(markLetters) * static_cast<double>(linesIn(track).size());
+        };
+        std::size_t track = 0;
+        while (track < tracks.size() && taken[track] > y - heightIn(track)) ++track;
+        if (track == tracks.size())
+            track = static_cast<std::size_t>(std::ranges::min_element(taken) - taken.begin());
+        const double foot = std::max(y, taken[track] + heightIn(track));
+        taken[track] = foot;
+        const double reach = canvas.mm(markLetters * mostMarkLines);
+        if (foot < band.top - canvas.mm(4) || y > band.bottom + reach) continue;
+        paintMarkText(canvas, linesIn(track), tracks[track], foot);
+    }
+}
+
+void paintMarkLines(const Canvas& canvas, const Band& band) {
+    if (canvas.view.axis != Axis::depth) return;
+    for (const DepthMark& mark : canvas.display.marks) {
+        const double y = crisp(canvas.view, canvas.view.yOf(mark.depth));
+        if (y >= band.top - canvas.mm(4) && y <= band.bottom + canvas.mm(4)) paintMarkLine(canvas, mark, y);
     }
 }
 

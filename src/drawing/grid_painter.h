@@ -15,7 +15,8 @@ void paintBorders(const Canvas& canvas, const Band& band);
 /// Depth or time numbers, over the curves' level; numbers half in the band are drawn whole.
 void paintDepthTrack(const Canvas& canvas, const LogData& data, const Band& band);
 
-/// Casing, fluid level and notes at their depths.
-void paintMarks(const Canvas& canvas, const Band& band);
+/// What casing, fluid level and notes say, below the level of the curves; and their lines, above it.
+void paintMarkTexts(const Canvas& canvas, const Band& band);
+void paintMarkLines(const Canvas& canvas, const Band& band);
 
 } // namespace tarvik

@@ -57,11 +57,12 @@ void LogPainter::paintRows(QPainter& painter, const LogDisplay& display, const L
         paintGrid(canvas, data.units, band);
         painter.setRenderHint(QPainter::Antialiasing, view.vectors);
         paintBorders(canvas, band);
+        paintMarkTexts(canvas, band); // no note hides a curve
         if (under) under(painter, view, band);
         paintCurvesOf(canvas, data, band);
         if (showsSpeedBar(canvas.display)) paintSpeed(canvas, data, band);
         paintDepthTrack(canvas, data, band);
-        paintMarks(canvas, band);
+        paintMarkLines(canvas, band);
     });
 }
 

@@ -155,7 +155,7 @@ QWidget* frmTrack::buildGrid() {
     auto* const divisions = new Field("Parts of a l&inear grid", divisions_);
     divisions->setToolTip("A logarithmic grid has the decades of its first logarithmic curve");
     divisions->setCheck([this] { return qt(divisionsProblem(plain(divisions_->text()))); });
-    auto* const width = new Field("Widt&h", width_, "mm");
+    auto* const width = new Field("Widt&h", width_, "share");
     width->setToolTip("Its share beside the other tracks");
     width->setCheck([this] { return qt(trackWidthProblem(plain(width_->text()))); });
     card->body()->addWidget(divisions);

@@ -94,7 +94,7 @@ void LogPicture::setScale(double scale) {
 void LogPicture::showEquallySpaced() {
     view_.equallySpaced = true;
     displayChanged();
-    view_ = showingAll(view_, extent(), bodyHeight());
+    view_ = showingWhole(view_, extent(), bodyHeight());
     displayChanged();
     showsAll_ = true;
 }

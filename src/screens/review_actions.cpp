@@ -79,6 +79,8 @@ std::string ReviewActions::jumpTo(double depth) {
 void ReviewActions::showState() {
     const LogPicture& picture = screen_.picture();
     const ReviewLog* const log = session_.log();
+    if (shown_ != session_.file()) bar_->clear();
+    shown_ = session_.file();
     undo_->setEnabled(picture.canUndo());
     redo_->setEnabled(picture.canRedo());
     bar_->setEnabled(log != nullptr);
@@ -235,7 +237,7 @@ void ReviewActions::exportLas() {
     if (session_.log() == nullptr) return;
     LasExportOptions options = lasOptionsFor(*session_.log());
     const DepthUnits units = session_.log()->header.setup.units;
-    const Extent visible = screen_.picture().visible();
+    const Extent visible = loggedWithin(logDataOf(*session_.log()), screen_.picture().visible());
     options.start = toHundredths(fromMetres(visible.from, units));
     options.stop = toHundredths(fromMetres(visible.to, units));
     frmLASexport(*session_.log(), session_.file(), options,

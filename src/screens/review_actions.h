@@ -55,6 +55,7 @@ class ReviewActions {
     IntroScreen& screen_;
     DesktopMemory& memory_;
     ReviewFileDialogs dialogs_;
+    Path shown_; ///< the file that the bar speaks of
     ReviewBar* bar_;
     QToolButton* undo_;
     QToolButton* redo_;

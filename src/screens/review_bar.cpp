@@ -107,6 +107,11 @@ void ReviewBar::showUnit(const QString& what, const QString& longUnit) {
                           frame);
 }
 
+void ReviewBar::clear() {
+    depth_->clear();
+    showWrong({});
+}
+
 /// Before the pages lay themselves out.
 bool ReviewBar::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize) fit(pages_.width() - pages_.tabBar()->sizeHint().width());

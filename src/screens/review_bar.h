@@ -30,6 +30,8 @@ class ReviewBar final : public QWidget {
                            const QKeySequence& keys, std::function<void()> act);
     /// The Tab key comes to the bar after `before`, where the eye does.
     void follow(QWidget* before);
+    /// What was written belongs to another log.
+    void clear();
     /// What the field takes: "Depth" in "metres".
     void showUnit(const QString& what, const QString& longUnit);
     /// Without the buttons.

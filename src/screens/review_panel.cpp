@@ -32,7 +32,7 @@ QString factsOf(const ReviewLog& log, const QString& file) {
         row("File", file) + row("Hole", qt(header.hole.holeId)) +
         (header.tool.name.empty() ? QString() : row("Tool", qt(header.tool.name))) + // of a LAS file
         row("Logged", qt(header.runDate + " " + header.startTime)) +
-        row("Scans", QString::number(log.steps()));
+        row("Scans", QString::number(log.steps()) + (log.truncated ? ", the file holds more" : ""));
     if (log.steps() > 0) {
         rows += row("Depth", depthText(log.extent().from) + " to " + depthText(log.extent().to) + " " +
                                  qt(log.depthUnit()));

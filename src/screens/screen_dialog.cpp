@@ -81,6 +81,17 @@ void ScreenDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
 }
 
+/// A message that comes up below a field gets its room from the screen, not from the fields beside it.
+bool ScreenDialog::event(QEvent* event) {
+    const bool done = QDialog::event(event);
+    if (event->type() != QEvent::LayoutRequest || !isVisible()) return done;
+    const int needed = layout()->hasHeightForWidth() ? layout()->totalMinimumHeightForWidth(width())
+                                                     : layout()->totalMinimumSize().height();
+    const int room = screen()->availableGeometry().height() - titleBar.height();
+    if (needed > height()) resize(width(), std::min(needed, std::max(height(), room)));
+    return done;
+}
+
 /// In the middle of the window that it belongs to; left to itself the window system drops it anywhere.
 void ScreenDialog::centre() {
     if (parentWidget() == nullptr) return;

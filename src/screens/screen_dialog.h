@@ -34,6 +34,7 @@ class ScreenDialog : public QDialog {
 
     [[nodiscard]] DesktopMemory& memory() const { return memory_; }
     void showEvent(QShowEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     void fitScreen();

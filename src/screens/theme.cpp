@@ -25,6 +25,7 @@ const ThemeColours lightColours{.ground = "#eef1f4",
                                 .faded = "#8b97a3",
                                 .accent = "#0b5cad",
                                 .onAccent = "#ffffff",
+                                .progress = "#a9cbee",
                                 .good = "#0a6b2d",
                                 .warning = "#8a4b00",
                                 .bad = "#b3141e",
@@ -38,6 +39,7 @@ const ThemeColours darkColours{.ground = "#14181d",
                                .faded = "#6c7884",
                                .accent = "#5aa9f0",
                                .onAccent = "#06121e",
+                               .progress = "#28557f",
                                .good = "#5fd080",
                                .warning = "#f2b354",
                                .bad = "#ff8080",
@@ -156,7 +158,7 @@ QTabBar::tab:selected { background: @surface; color: @text; border-bottom-color:
 QTabBar::tab:focus { color: @accent; border: 2px solid @accent; padding: 5px 15px; }
 QProgressBar { background: @ground; border: 1px solid @line; border-radius: 4px; text-align: center;
                min-height: 16px; color: @text; }
-QProgressBar::chunk { background: @accent; border-radius: 3px; }
+QProgressBar::chunk { background: @progress; border-radius: 3px; }
 QScrollBar:vertical { background: @ground; width: 14px; margin: 0; }
 QScrollBar:horizontal { background: @ground; height: 14px; margin: 0; }
 QScrollBar::handle { background: @line; border-radius: 5px; margin: 2px; min-height: 28px; min-width: 28px; }

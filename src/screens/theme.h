@@ -27,6 +27,7 @@ struct ThemeColours {
     QColor faded;       ///< what cannot be used now
     QColor accent;      ///< the primary button, the selection, the focus
     QColor onAccent;    ///< text on it
+    QColor progress;    ///< what is done, behind text
     QColor good;        ///< recording, calibrated, connected
     QColor warning;     ///< look here
     QColor bad;         ///< wrong, lost, stopped

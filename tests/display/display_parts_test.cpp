@@ -174,7 +174,19 @@ TEST(Review, ReadsAllCurvesAtTheNearestStepAndSaysGaps) {
     EXPECT_EQ(reading->curves[0].value, 77);
     EXPECT_FALSE(reading->curves[1].value);
     EXPECT_FALSE(reading->curves[2].value);
-    EXPECT_FALSE(readingsAt(display, logDataOf(log), Axis::depth, 40)) << "far below the log";
+    const auto below = readingsAt(display, logDataOf(log), Axis::depth, 40);
+    EXPECT_EQ(below->depth, 40) << "far below the log the depth is that of the pointer";
+    EXPECT_FALSE(below->curves[0].value);
+    ReviewLog single = logOf(1, 1, {"Gamma"});
+    EXPECT_FALSE(readingsAt(display, logDataOf(single), Axis::depth, 5)->curves[0].value);
+    EXPECT_TRUE(readingsAt(display, logDataOf(single), Axis::depth, 0.2)->curves[0].value);
+    const LogData whole = logDataOf(log);
+    const Extent logged = loggedWithin(whole, {0.97, 1.93}); // rows every 0.1 m
+    EXPECT_NEAR(logged.from, 1.0, 1e-9);
+    EXPECT_NEAR(logged.to, 1.9, 1e-9);
+    const Extent timed = depthsBetween(whole, {4.8, 10.1}); // two rows a second
+    EXPECT_NEAR(timed.from, 1.0, 1e-9);
+    EXPECT_NEAR(timed.to, 2.0, 1e-9);
     EXPECT_TRUE(readingsAt(display, logDataOf(log), Axis::time, 10));
 }
 

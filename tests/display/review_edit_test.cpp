@@ -165,7 +165,7 @@ TEST(PrintOrders, SayWhatTheyCostAndAreRemembered) {
     PrintOrder order{.scale = 200, .interval = {0, 120}, .paper = "A3", .landscape = true};
     EXPECT_EQ(paperOf(order).width, 420);
     PagePlan plan = planPages({paperOf(order), 0, 20, 0, 120, 0.2});
-    EXPECT_THAT(printSummary(order, plan), HasSubstr("pages A3, 0.60 m of log"));
+    EXPECT_THAT(printSummary(order, plan), HasSubstr("pages A3, 0.60 m of paper"));
     order.continuous = true;
     plan = planPages({paperOf(order), 0, 20, 0, 120, 0.2});
     EXPECT_THAT(printSummary(order, plan), HasSubstr("One page, 42.0 cm wide and 0.65 m long"));
