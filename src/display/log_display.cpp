@@ -29,6 +29,9 @@ LogDisplay equallySpaced(const LogDisplay& display) {
         if (i + 1 == display.depthPlace) place = spaced.tracks.size();
     }
     spaced.depthPlace = std::min(place, spaced.tracks.size());
+    // Ten divisions of a narrow track would be a carpet in which its curve drowns.
+    const int divisions = spaced.tracks.size() > 14 ? 2 : spaced.tracks.size() > 7 ? 5 : 10;
+    for (Track& track : spaced.tracks) track.divisions = std::min(track.divisions, divisions);
     return spaced;
 }
 

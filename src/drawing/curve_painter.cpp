@@ -16,13 +16,23 @@ namespace {
 
 constexpr int mostBackups = 4; // widths beyond the track; a mark at its edge tells of what lies further off
 constexpr float fillStrength = 0.22F;
+// A backup is sparse dots, thinner and paler than any curve, so that nobody reads it on the first scale.
+constexpr double backupTint = 0.8;
+constexpr double backupDot = 0.6;  // mm
+constexpr double backupStep = 2.4; // mm from dot to dot
 
 /// A curve, a backup of it or a fill has the same few things to know.
 struct Strand {
     const Canvas& canvas;
     const LogCurve& curve;
     const Column& column;
+    bool backup = false; ///< what is off scale, moved by widths of the track
 
+    [[nodiscard]] QColor colour() const {
+        const Scheme& scheme = canvas.display.scheme;
+        const Colour own = colourOf(curve, scheme);
+        return qColour(backup ? blended(scheme.surface, own, backupTint) : own);
+    }
     [[nodiscard]] double x(double fraction) const { return column.left + fraction * column.width; }
     /// Where a line goes: a value at an end of its scale lies beside the border, not under it.
     [[nodiscard]] double lineX(double fraction) const {
@@ -141,9 +151,18 @@ void drawPiece(const Strand& strand, Piece piece, int n, const Band& band) {
         if (run.size() > 1) onScreen ? drawFineLine(painter, run) : painter.drawPolyline(run);
         run.clear();
     };
+    // A value without a logarithm has no place that a line could lead to.
+    const auto nowhere = [&](const TracePoint& point) {
+        return strand.curve.scale.kind == ScaleKind::logarithmic &&
+               std::abs(point.fraction) >= ScaleMap::furthest;
+    };
     for (std::size_t i = 1; i < piece.size(); ++i) {
         TracePoint one = piece[i - 1];
         TracePoint other = piece[i];
+        if (nowhere(one) || nowhere(other)) {
+            draw();
+            continue;
+        }
         if (!cutTo(one, other, &TracePoint::fraction, n, n + 1) ||
             (exact && !cutTo(one, other, &TracePoint::y, band.top, band.bottom))) {
             draw();
@@ -168,10 +187,13 @@ void drawPoints(const Strand& strand, const CurveTrace& trace, int n, const Band
     strand.canvas.painter.drawPoints(points);
 }
 
-bool isOn(const LogCurve& curve, const DisplayView& view, long row) {
+bool isOn(const Strand& strand, long row) {
+    const LogCurve& curve = strand.curve;
+    const DisplayView& view = strand.canvas.view;
     const double along =
         (static_cast<double>(row) + std::round(view.top * view.unitsPer() / view.rowHeight)) *
         view.rowHeight / view.unitsPerMillimetre;
+    if (strand.backup) return along - std::floor(along / backupStep) * backupStep < backupDot;
     switch (curve.style.line) {
     case LineKind::dashed:
         return along - std::floor(along / 3.3) * 3.3 < 2.2;
@@ -192,17 +214,20 @@ void drawRows(const Strand& strand, const CurveTrace& trace, int n, double width
     const DisplayView& view = strand.canvas.view;
     QList<QRectF> rows;
     rows.reserve(static_cast<qsizetype>(trace.rows.size()));
-    for (const RowSpan& span : trace.rows) {
+    const bool decades = strand.curve.scale.kind == ScaleKind::logarithmic;
+    for (RowSpan span : trace.rows) {
+        if (decades && span.from <= -ScaleMap::furthest) span.from = span.to;
+        if (decades && span.to >= ScaleMap::furthest) span.to = span.from;
         if (span.to < n || span.from > n + 1) continue;
         // A dash may hide a row of a steep line, never a thin bed.
         const bool steep = (span.to - span.from) * strand.column.width < 3 * width;
-        if (steep && !isOn(strand.curve, view, span.row)) continue;
+        if (steep && !isOn(strand, span.row)) continue;
         const double from = strand.lineX(span.from - n) - width / 2;
         const double to = strand.lineX(span.to - n) + width / 2;
         rows.append(QRectF(from, static_cast<double>(span.row) * view.rowHeight, to - from, view.rowHeight));
     }
     strand.canvas.painter.setPen(Qt::NoPen);
-    strand.canvas.painter.setBrush(qColour(colourOf(strand.curve, strand.canvas.display.scheme)));
+    strand.canvas.painter.setBrush(strand.colour());
     strand.canvas.painter.drawRects(rows);
     strand.canvas.painter.setBrush(Qt::NoBrush);
 }
@@ -229,12 +254,16 @@ Backups backupsOf(const LogCurve& curve, const CurveTrace& trace) {
     return backups;
 }
 
-/// A backup is thinner and broken, so that nobody reads it on the first scale.
-QPen backupPen(const Canvas& canvas, const LogCurve& curve) {
-    LogCurve backup = curve;
-    backup.style.width = curve.style.width * 0.7;
-    if (curve.style.line == LineKind::solid) backup.style.line = LineKind::dotted;
-    return curvePen(canvas, backup);
+QPen penOf(const Strand& strand) {
+    if (!strand.backup) return curvePen(strand.canvas, strand.curve);
+    LogCurve thin = strand.curve;
+    thin.style.width *= 0.7;
+    thin.style.line = LineKind::solid;
+    QPen pen = curvePen(strand.canvas, thin);
+    pen.setColor(strand.colour());
+    const double unit = strand.canvas.mm(1) / pen.widthF();
+    pen.setDashPattern({backupDot * unit, (backupStep - backupDot) * unit});
+    return pen;
 }
 
 } // namespace
@@ -256,22 +285,22 @@ void paintFill(const Canvas& canvas, const LogCurve& curve, const CurveTrace& tr
 
 void paintLine(const Canvas& canvas, const LogCurve& curve, const CurveTrace& trace, const Column& column,
                const Band& band) {
-    const Strand strand{canvas, curve, column};
     QPainter& painter = canvas.painter;
     painter.save();
     painter.setClipRect(QRectF(column.left, band.top, column.width, band.bottom - band.top),
                         Qt::IntersectClip);
     const Backups backups = backupsOf(curve, trace);
     for (int n = backups.first; n <= backups.last; ++n) {
-        const QPen pen = n == 0 ? curvePen(canvas, curve) : backupPen(canvas, curve);
+        const Strand strand{canvas, curve, column, n != 0};
+        const QPen pen = penOf(strand);
         painter.setRenderHint(QPainter::Antialiasing, false);
         drawRows(strand, trace, n, pen.widthF());
         painter.setPen(pen);
         painter.setRenderHint(QPainter::Antialiasing, true);
         if (curve.style.line == LineKind::points) {
-            QPen dot = pen;
+            QPen dot(pen.color());
             dot.setCapStyle(Qt::RoundCap);
-            dot.setWidthF(std::max(2.0, canvas.mm(curve.style.width)));
+            dot.setWidthF(std::max(n == 0 ? 2.0 : 1.0, canvas.mm(curve.style.width * (n == 0 ? 1 : 0.5))));
             painter.setPen(dot);
             drawPoints(strand, trace, n, band);
         } else {

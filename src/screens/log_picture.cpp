@@ -164,7 +164,8 @@ Extent LogPicture::extent() const {
 
 void LogPicture::layOut() {
     const int barWidth = bar_->sizeHint().width();
-    const int footHeight = log_ == nullptr ? 0 : readings_->heightFor(width());
+    // The logs come first: a strip that is higher scrolls.
+    const int footHeight = log_ == nullptr ? 0 : std::min(readings_->heightFor(width()), height() * 2 / 5);
     bar_->setGeometry(width() - barWidth, 0, barWidth, height() - footHeight);
     readings_->setGeometry(0, height() - footHeight, width(), footHeight);
     view_.width = width() - barWidth;

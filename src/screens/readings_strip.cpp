@@ -7,6 +7,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -107,11 +108,26 @@ int ReadingsStrip::columns(int width) const {
     return std::max(1, (width - margin) / cellWidth());
 }
 
+int ReadingsStrip::rows(int width) const {
+    const int count = static_cast<int>(cells().size());
+    return (count + columns(width) - 1) / columns(width);
+}
+
 int ReadingsStrip::heightFor(int width) const {
     const int line = QFontMetrics(font()).height() + lineGap;
-    const int count = static_cast<int>(cells().size());
-    const int rows = (count + columns(width) - 1) / columns(width);
-    return (rows + (legend_.isEmpty() ? 0 : 1)) * line + 2 * lineGap;
+    return (rows(width) + (legend_.isEmpty() ? 0 : 1)) * line + 2 * lineGap;
+}
+
+int ReadingsStrip::rowsShown() const {
+    const int line = QFontMetrics(font()).height() + lineGap;
+    return std::max(1, (height() - 2 * lineGap) / line - (legend_.isEmpty() ? 0 : 1));
+}
+
+void ReadingsStrip::wheelEvent(QWheelEvent* event) {
+    const int last = std::max(0, rows(width()) - rowsShown());
+    firstRow_ = std::clamp(firstRow_ + (event->angleDelta().y() < 0 ? 1 : -1), 0, last);
+    update();
+    event->accept();
 }
 
 QStringList ReadingsStrip::texts() const {
@@ -137,12 +153,20 @@ void ReadingsStrip::paintEvent(QPaintEvent*) {
     const auto all = cells();
     const int perRow = columns(width());
     const int cellRoom = std::min((width() - margin) / perRow, cellWidth() * 4 / 3);
-    int y = lineGap;
+    const int shown = rowsShown();
+    const int allRows = rows(width());
+    const int firstRow = std::min(firstRow_, std::max(0, allRows - shown));
+    if (shown < allRows) { // which part of them is seen
+        const int room = shown * line;
+        painter.fillRect(width() - 4, lineGap + room * firstRow / allRows, 3, room * shown / allRows,
+                         colours.quiet);
+    }
     for (std::size_t i = 0; i < all.size(); ++i) {
         const Cell& cell = all[i];
-        const int column = static_cast<int>(i) % perRow;
-        if (i > 0 && column == 0) y += line;
-        const int x = margin + column * cellRoom;
+        const int row = static_cast<int>(i) / perRow - firstRow;
+        if (row < 0 || row >= shown) continue;
+        const int x = margin + static_cast<int>(i) % perRow * cellRoom;
+        const int y = lineGap + row * line;
         painter.fillRect(x, y + line / 2 - 2, sample - 5, 3, cell.colour);
         painter.setPen(colours.quiet);
         painter.drawText(QRect(x + sample, y, cellRoom, line), Qt::AlignVCenter, cell.name);

@@ -24,12 +24,14 @@ class ReadingsStrip final : public QWidget {
     /// A line that stays, such as which run is drawn how; empty: none.
     void setLegend(const QString& text);
 
+    /// Given less, it scrolls by the wheel.
     [[nodiscard]] int heightFor(int width) const;
     /// As it stands there: "Depth 12.50 m", "GR 45.20 API".
     [[nodiscard]] QStringList texts() const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
     struct Cell {
@@ -41,6 +43,9 @@ class ReadingsStrip final : public QWidget {
     [[nodiscard]] std::vector<Cell> cells() const;
     [[nodiscard]] int cellWidth() const;
     [[nodiscard]] int columns(int width) const;
+    [[nodiscard]] int rows(int width) const;
+    /// Rows of values that have room.
+    [[nodiscard]] int rowsShown() const;
 
     LogDisplay display_;
     DepthUnits units_ = DepthUnits::metres;
@@ -50,6 +55,7 @@ class ReadingsStrip final : public QWidget {
     std::optional<CursorReading> first_;
     std::optional<CursorReading> second_;
     QString legend_;
+    int firstRow_ = 0;
 };
 
 } // namespace tarvik

@@ -84,6 +84,7 @@ TEST(LogPainter, GapsStayEmptyAndOffScaleValuesComeRound) {
         log.channels[0].values[i] = depth > 4 && depth < 8 ? noValue() : depth >= 12 ? 130 : 50;
     }
     LogDisplay display = samples::displayOf({{loudCurve("Gamma", 0, 100)}});
+    display.tracks[0].curves[0].style.width = 0.6; // loud in its backups, too
     for (const bool wrap : {true, false}) {
         display.tracks[0].curves[0].offScale = wrap ? OffScale::wrap : OffScale::cut;
         for (const double scale : {100.0, 400.0}) {
@@ -106,6 +107,30 @@ TEST(LogPainter, GapsStayEmptyAndOffScaleValuesComeRound) {
                                         static_cast<int>(track.left + track.width) - 5,
                                         static_cast<int>(track.left + track.width));
             EXPECT_EQ(marks.empty(), wrap) << "what is cut off leaves a mark at the edge, 1:" << scale;
+        }
+    }
+}
+
+/// Whatever its line, a curve that goes round is not taken for one on its scale.
+TEST(LogPainter, BackupsAreSparserThanAnyCurve) {
+    ReviewLog log = samples::logOf(1001, 0.02, {"Gamma"});
+    for (std::size_t i = 0; i < log.steps(); ++i) log.channels[0].values[i] = log.depth[i] < 10 ? 50 : 150;
+    for (const LineKind kind : {LineKind::solid, LineKind::dashed, LineKind::dashDot, LineKind::dotted}) {
+        LogDisplay display = samples::displayOf({{loudCurve("Gamma", 0, 100)}});
+        display.tracks[0].curves[0].style.line = kind;
+        for (const double dots : {96.0, 300.0}) {
+            const double perMetre = dots / 25.4 * 5;
+            Easel easel(display, log, 200, dots, 900, static_cast<int>(22 * perMetre));
+            easel.paint();
+            const Column track = easel.column(0);
+            const auto rows =
+                loudRows(easel.image, easel.head, static_cast<int>(track.left + track.width * 0.45),
+                         static_cast<int>(track.left + track.width * 0.55));
+            const auto border = easel.head + 10 * perMetre;
+            const auto onScale = std::ranges::count_if(rows, [&](int y) { return y < border - perMetre; });
+            const auto around = std::ranges::count_if(rows, [&](int y) { return y > border + perMetre; });
+            EXPECT_GT(around, 0);
+            EXPECT_GT(onScale, 1.3 * static_cast<double>(around)) << static_cast<int>(kind) << " at " << dots;
         }
     }
 }
