@@ -25,6 +25,14 @@ LineKind otherLine(LineKind line) {
     return LineKind::points;
 }
 
+const LogCurve* curveOf(const LogDisplay& display, const std::string& channel) {
+    for (const Track& track : display.tracks) {
+        const auto found = std::ranges::find(track.curves, channel, &LogCurve::channel);
+        if (found != track.curves.end()) return &*found;
+    }
+    return nullptr;
+}
+
 std::string nameOf(const ReviewLog& log) {
     std::string name;
     for (const std::string& part :
@@ -39,7 +47,7 @@ std::string nameOf(const ReviewLog& log) {
 } // namespace
 
 SecondRun secondRun(const ReviewLog& log, Comparison how, const Scheme& scheme) {
-    return {how, logDataOf(log), defaultDisplay(log, scheme).marks};
+    return {how, logDataOf(log), defaultDisplay(log, scheme)};
 }
 
 std::string comparisonLegend(const LogDisplay& display, const ReviewLog& first, const ReviewLog& other,
@@ -48,6 +56,7 @@ std::string comparisonLegend(const LogDisplay& display, const ReviewLog& first, 
         second.how == Comparison::beside
             ? "Left: " + nameOf(first) + "     Right: " + nameOf(other)
             : "As in the heads: " + nameOf(first) + "     Paler, other dashes: " + nameOf(other);
+    if (second.how == Comparison::beside && isOfAnotherKind(logDataOf(first), second)) return legend;
     const std::string missing = missingIn(display, second.data);
     if (!missing.empty()) legend += "     Only in the first: " + missing;
     return legend;
@@ -79,10 +88,27 @@ LogDisplay overlaid(const LogDisplay& display) {
     return over;
 }
 
-LogDisplay beside(const LogDisplay& display, const LogData& second, const std::vector<DepthMark>& marks) {
-    LogDisplay other = display;
-    other.marks = marks;
-    fitToData(other, second);
+bool isOfAnotherKind(const LogData& first, const SecondRun& second) {
+    return std::ranges::any_of(second.data.channels, [&first](const ChannelData& channel) {
+        return channel.name != speedCurve && first.find(channel.name) == nullptr;
+    });
+}
+
+LogDisplay beside(const LogDisplay& display, const LogData& first, const SecondRun& second) {
+    if (!isOfAnotherKind(first, second)) {
+        LogDisplay other = display;
+        other.marks = second.usual.marks;
+        fitToData(other, second.data);
+        return other;
+    }
+    LogDisplay other = second.usual;
+    other.scheme = display.scheme;
+    other.depthTrack = display.depthTrack;
+    for (Track& track : other.tracks) {
+        for (LogCurve& curve : track.curves) {
+            if (const LogCurve* const known = curveOf(display, curve.channel)) curve.scale = known->scale;
+        }
+    }
     return other;
 }
 

@@ -17,11 +17,11 @@ enum class Comparison { over, beside };
 struct SecondRun {
     Comparison how = Comparison::over;
     LogData data;
-    std::vector<DepthMark> marks;
+    LogDisplay usual; ///< the one that the log gets by itself, with its marks
 };
 [[nodiscard]] SecondRun secondRun(const ReviewLog& log, Comparison how, const Scheme& scheme);
 
-/// Which run is drawn how, and what only the first one has.
+/// Which run is drawn how, and what of the display only the first one has.
 [[nodiscard]] std::string comparisonLegend(const LogDisplay& display, const ReviewLog& first,
                                            const ReviewLog& other, const SecondRun& second);
 
@@ -34,9 +34,11 @@ struct SecondRun {
 /// the first run's: another line style, thinner, in a tint of its ink, without fill. No marks.
 [[nodiscard]] LogDisplay overlaid(const LogDisplay& display);
 
-/// The display for a run shown beside the first; with marks of its own.
-[[nodiscard]] LogDisplay beside(const LogDisplay& display, const LogData& second,
-                                const std::vector<DepthMark>& marks);
+/// Whether the second run has channels that the first has not: that of another tool, mostly.
+[[nodiscard]] bool isOfAnotherKind(const LogData& first, const SecondRun& second);
+/// The display for a run shown beside the first, with marks of its own: that of the first, or for a run of
+/// another kind its own, with the first one's scales where both have a channel.
+[[nodiscard]] LogDisplay beside(const LogDisplay& display, const LogData& first, const SecondRun& second);
 
 /// From the shallower top to the deeper bottom; a run without steps does not count.
 [[nodiscard]] Extent extentOfBoth(const LogData& first, const LogData& second, Axis axis);

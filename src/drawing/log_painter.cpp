@@ -40,9 +40,9 @@ void LogPainter::paint(QPainter& painter, const LogDisplay& display, const LogDa
 }
 
 void LogPainter::paintHead(QPainter& painter, const LogDisplay& display, const LogData& data,
-                           const DisplayView& view) {
-    onCanvas(painter, display, view,
-             [&](const Canvas& canvas) { paintTrackHeads(canvas, data, headHeight(display, view)); });
+                           const DisplayView& view, double height) {
+    const double needed = std::max(height, headHeight(display, view));
+    onCanvas(painter, display, view, [&](const Canvas& canvas) { paintTrackHeads(canvas, data, needed); });
 }
 
 void LogPainter::paintBody(QPainter& painter, const LogDisplay& display, const LogData& data,

@@ -24,9 +24,9 @@ class LogPainter {
     /// it was.
     void paint(QPainter& painter, const LogDisplay& display, const LogData& data, const DisplayView& view);
 
-    /// The heads alone, at the painter's origin.
-    void paintHead(QPainter& painter, const LogDisplay& display, const LogData& data,
-                   const DisplayView& view);
+    /// The heads alone, at the painter's origin; `height` when they are to be higher than they need.
+    void paintHead(QPainter& painter, const LogDisplay& display, const LogData& data, const DisplayView& view,
+                   double height = 0);
 
     /// Drawn between the grid and the curves: a second run laid under this one, below its marks and depths.
     using Under = std::function<void(QPainter& painter, const DisplayView& view, const Band& band)>;

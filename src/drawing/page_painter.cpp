@@ -64,11 +64,10 @@ void closeBody(const PageCanvas& on) {
 } // namespace
 
 PagePlan planOf(const LogSheet& sheet, const Paper& paper) {
-    const LogDisplay& display = sheet.display;
     return planPages(
         {.paper = paper,
          .headingHeight = sheet.withHeading ? headingMillimetres(sheet.heading) : 0,
-         .headHeight = headMillimetres(sheet.view.equallySpaced ? equallySpaced(display) : display),
+         .headHeight = PairPainter::headMillimetres({sheet.display, sheet.data, sheet.second}, sheet.view),
          .from = sheet.from,
          .to = sheet.to,
          .perMillimetre = sheet.view.perMillimetre});

@@ -1,6 +1,11 @@
 #include "drawing/pair_painter.h"
 
+#include "display/columns.h"
+
 #include <QPainter>
+
+#include <algorithm>
+#include <cmath>
 
 namespace tarvik {
 
@@ -15,14 +20,26 @@ template <class Draw>
 void inRightPane(QPainter& painter, const LogPair& pair, const DisplayView& view, Draw&& draw) {
     painter.save();
     painter.translate(view.width + paneGap(view), 0);
-    draw(beside(pair.display, pair.second->data, pair.second->marks));
+    draw(beside(pair.display, pair.data, *pair.second));
     painter.restore();
 }
 
 } // namespace
 
+double PairPainter::headMillimetres(const LogPair& pair, const DisplayView& view) {
+    const auto needed = [&view](const LogDisplay& display) {
+        return tarvik::headMillimetres(view.equallySpaced ? equallySpaced(display) : display);
+    };
+    if (!stands(pair.second, Comparison::beside)) return needed(pair.display);
+    return std::max(needed(pair.display), needed(beside(pair.display, pair.data, *pair.second)));
+}
+
+double PairPainter::headHeight(const LogPair& pair, const DisplayView& view) {
+    return std::ceil(view.millimetres(headMillimetres(pair, view)));
+}
+
 void PairPainter::paint(QPainter& painter, const LogPair& pair, const DisplayView& view) {
-    const double head = LogPainter::headHeight(pair.display, view);
+    const double head = headHeight(pair, view);
     paintHead(painter, pair, view);
     painter.save();
     painter.translate(0, head);
@@ -31,10 +48,11 @@ void PairPainter::paint(QPainter& painter, const LogPair& pair, const DisplayVie
 }
 
 void PairPainter::paintHead(QPainter& painter, const LogPair& pair, const DisplayView& view) {
-    first_.paintHead(painter, pair.display, pair.data, view);
+    const double height = headHeight(pair, view);
+    first_.paintHead(painter, pair.display, pair.data, view, height);
     if (!stands(pair.second, Comparison::beside)) return;
     inRightPane(painter, pair, view, [&](const LogDisplay& display) {
-        second_.paintHead(painter, display, pair.second->data, view);
+        second_.paintHead(painter, display, pair.second->data, view, height);
     });
 }
 

@@ -18,6 +18,10 @@ struct LogPair {
 /// The views are those of one pane (`paneOf`): beside the first the second run has as much room again.
 class PairPainter {
   public:
+    /// Of both, in millimetres; and in painter units, a whole number.
+    [[nodiscard]] static double headMillimetres(const LogPair& pair, const DisplayView& view);
+    [[nodiscard]] static double headHeight(const LogPair& pair, const DisplayView& view);
+
     /// Heads and body, from the painter's origin.
     void paint(QPainter& painter, const LogPair& pair, const DisplayView& view);
     void paintHead(QPainter& painter, const LogPair& pair, const DisplayView& view);

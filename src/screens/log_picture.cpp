@@ -155,7 +155,7 @@ void LogPicture::displayChanged() {
 }
 
 double LogPicture::headHeight() const {
-    return log_ == nullptr ? 0 : LogPainter::headHeight(drawn_, view_);
+    return log_ == nullptr ? 0 : PairPainter::headHeight({drawn_, data_, second_}, view_);
 }
 
 Extent LogPicture::extent() const {

@@ -103,6 +103,7 @@ void LogPicture::mouseDoubleClickEvent(QMouseEvent* event) {
     unsetCursor();
     if (log_ == nullptr || !picked_ || event->button() != Qt::LeftButton) return;
     const bool right = second_ && second_->how == Comparison::beside && event->position().x() > view_.width;
+    if (right && isOfAnotherKind(data_, *second_)) return; // its tracks are not those that can be edited
     const double x = event->position().x() - (right ? view_.width + paneGap(view_) : 0);
     picked_(placeAt(drawn_, view_, x, event->position().y()));
 }

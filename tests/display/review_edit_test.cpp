@@ -141,7 +141,22 @@ TEST(SecondRun, IsDrawnOtherwiseInTheSameColumns) {
     EXPECT_EQ(missingIn(display, b), "Res");
     EXPECT_EQ(extentOfBoth(a, b, Axis::depth).to, 149.5);
     EXPECT_EQ(extentOfBoth(a, LogData{}, Axis::depth).to, 49.5);
-    EXPECT_EQ(beside(display, b, {}).tracks[1].curves.size(), 1U);
+    const SecondRun same = secondRun(second, Comparison::beside, lightScheme());
+    EXPECT_EQ(beside(display, a, same).tracks[1].curves.size(), 1U) << "what it lacks keeps its place";
+
+    ReviewLog deviation = logOf(300, 0.5, {"Azimuth", "Gamma"});
+    const SecondRun other = secondRun(deviation, Comparison::beside, lightScheme());
+    ASSERT_TRUE(isOfAnotherKind(a, other));
+    const LogDisplay own = beside(display, a, other);
+    EXPECT_EQ(missingIn(own, other.data), "") << "a run of another tool has tracks of its own";
+    for (const Track& track : own.tracks) {
+        for (const LogCurve& curve : track.curves) {
+            if (curve.channel == "Gamma") {
+                EXPECT_EQ(curve.scale, display.tracks[0].curves[0].scale);
+            }
+        }
+    }
+    EXPECT_EQ(comparisonLegend(display, first, deviation, other).find("Only in"), std::string::npos);
 }
 
 TEST(PrintOrders, EndWhereNobodyWouldPrintOn) {
