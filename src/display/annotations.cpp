@@ -65,6 +65,21 @@ std::optional<DepthMark> annotationIn(std::string_view line, DepthUnits units) {
 
 } // namespace
 
+std::optional<double> depthSaid(std::string_view text, DepthUnits units) {
+    text = trimmed(text);
+    std::string number;
+    for (const char letter : text) {
+        if (!isNumeral(letter) && letter != ',') break;
+        number += letter == ',' ? '.' : letter;
+    }
+    const auto depth = parseNumber(number);
+    // "1,200 ft" may be either: no mark is better than one at a wrong depth.
+    const auto comma = text.find(',');
+    if (!depth || (comma < number.size() && number.size() - comma == 4)) return std::nullopt;
+    std::string_view rest = trimmed(text.substr(number.size()));
+    return toMetres(*depth, takeUnit(rest).value_or(units));
+}
+
 std::vector<DepthMark> annotationsIn(std::string_view notes, DepthUnits units) {
     std::vector<DepthMark> marks;
     while (!notes.empty()) {

@@ -10,10 +10,15 @@
 #include "display/review_tools.h"
 #include "platform/files.h"
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
 namespace tarvik {
+
+/// Metres: the number that a text begins with, in the unit that follows it, else in `units`. A comma may stand
+/// for the point.
+[[nodiscard]] std::optional<double> depthSaid(std::string_view text, DepthUnits units);
 
 /// In the order of the lines. A note without a text beside its depth is none.
 [[nodiscard]] std::vector<DepthMark> annotationsIn(std::string_view notes, DepthUnits units);

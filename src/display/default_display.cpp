@@ -133,19 +133,12 @@ std::vector<KeyedTrack> tracksOf(std::span<const DisplayChannel> channels) {
     return tracks;
 }
 
-/// "12.5 m" in the run's unit; nothing for a text that does not begin with a number.
-std::optional<double> depthIn(const std::string& text, DepthUnits units) {
-    const auto start = trimmed(text);
-    if (start.empty() || start.front() < '0' || start.front() > '9') return std::nullopt;
-    return toMetres(leadingNumber(start), units);
-}
-
 void addMarks(LogDisplay& display, const RunHeader& header) {
     const DepthUnits units = header.setup.units;
-    if (const auto casing = depthIn(header.hole.casingDepth, units)) {
+    if (const auto casing = depthSaid(header.hole.casingDepth, units)) {
         display.marks.push_back({*casing, MarkKind::casing, "Casing"});
     }
-    if (const auto fluid = depthIn(header.hole.fluidLevel, units)) {
+    if (const auto fluid = depthSaid(header.hole.fluidLevel, units)) {
         display.marks.push_back({*fluid, MarkKind::fluid, "Fluid level"});
     }
     addMarks(display.marks, annotationsIn(header.notes, units));

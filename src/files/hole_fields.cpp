@@ -29,11 +29,11 @@ constexpr std::array fields{
     HoleField{&Hole::drillerDepth, "drillerdepth", "Driller's depth", hole, false},
     HoleField{&Hole::diameter, "diameter", "Hole diameter", hole, false},
     HoleField{&Hole::casingType, "casingtype", "Casing type", casingAndFluid, false},
-    HoleField{&Hole::casingDepth, "casingdepth", "Casing depth", casingAndFluid, false},
+    HoleField{&Hole::casingDepth, "casingdepth", "Casing depth", casingAndFluid, false, true},
     HoleField{&Hole::casingDiameter, "casingdiameter", "Casing diameter", casingAndFluid, false},
     HoleField{&Hole::casingThickness, "casingthickness", "Casing thickness", casingAndFluid, false},
     HoleField{&Hole::fluidType, "fluidtype", "Borehole fluid", casingAndFluid, false},
-    HoleField{&Hole::fluidLevel, "fluidlevel", "Fluid level", casingAndFluid, false},
+    HoleField{&Hole::fluidLevel, "fluidlevel", "Fluid level", casingAndFluid, false, true},
 };
 
 struct Room {

@@ -17,7 +17,8 @@ struct HoleField {
     std::string_view name;  ///< of the control, without its prefix
     std::string_view title; ///< over the field
     HolePart part;
-    bool ofTheSite; ///< stays as it is when the next hole is begun
+    bool ofTheSite;       ///< stays as it is when the next hole is begun
+    bool isDepth = false; ///< drawn beside the logs
 };
 
 /// The hole's name first; in the order in which they are entered.

@@ -100,6 +100,7 @@ void SetupHolePage::buildFields(HolePart part, QGridLayout& grid) {
         if (field.part != part) continue;
         auto* const edit = lineEdit("txt" + qt(field.name));
         auto* const shown = new Field(qt(field.title), edit);
+        if (field.isDepth) shown->setHint("With its unit: 12.5 m");
         shown->setCheck([this, &field] { return qt(holeFieldProblem(field, entered())); });
         const int width = entries_.empty() ? columns : 1; // the name has the first line to itself
         grid.addWidget(shown, place / columns, place % columns, 1, width, Qt::AlignTop);

@@ -109,6 +109,17 @@ TEST(DefaultDisplay, CountsGetTheScaleOfCountsAndMarksComeFromTheHole) {
     EXPECT_EQ(display.tracks[0].curves[0].scale.right, 5000);
     ASSERT_EQ(display.marks.size(), 1U);
     EXPECT_NEAR(display.marks[0].depth, 3.048, 1e-9);
+    // What is written with the number holds, whatever the run is in.
+    for (const auto& [text, metres] : {std::pair("12.5 m", 12.5),
+                                       {"12,5m", 12.5},
+                                       {"10", 3.048},
+                                       {"41ft.", 12.4968},
+                                       {"20 mm pipe", 6.096}}) {
+        log.header.hole.casingDepth = text;
+        EXPECT_NEAR(defaultDisplay(log, paperScheme()).marks.at(0).depth, metres, 1e-9) << text;
+    }
+    log.header.hole.casingDepth = "1,200 ft";
+    EXPECT_TRUE(defaultDisplay(log, paperScheme()).marks.empty()) << "1.2 or 1200?";
 }
 
 TEST(EquallySpaced, GivesEachShownCurveATrackAndKeepsTheDepthsBetweenThem) {
