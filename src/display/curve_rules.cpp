@@ -19,11 +19,14 @@ constexpr CurveScale linear(double left, double right) {
 }
 
 // The first that fits counts; the last fits everything.
-constexpr std::array<CurveRule, 43> rules{{
+constexpr std::array<CurveRule, 51> rules{{
     {"GAMMA", correlation, linear(0, 150), Ink::green},
     {"GR", correlation, linear(0, 150), Ink::green},
     {"NGAM", correlation, linear(0, 150), Ink::green},
+    {"CAL", correlation, linear(6, 16), Ink::black, false, "IN"},
+    {"BS", correlation, linear(6, 16), Ink::brown, false, "IN"},
     {"CALIPER", correlation, open, Ink::black},
+    {"BS", correlation, open, Ink::brown},
     {"CAL", correlation, open, Ink::black},
     {"SPEED", other, open, Ink::black},
     {"SP", correlation, open, Ink::blue},
@@ -36,14 +39,19 @@ constexpr std::array<CurveRule, 43> rules{{
     {"IL", resistivity, decades, Ink::blue},
     {"RT", resistivity, decades, Ink::vermilion},
     {"MSFL", resistivity, decades, Ink::black},
+    {"SFL", resistivity, decades, Ink::black},
+    {"MLL", resistivity, decades, Ink::black},
     {"COND SH", resistivity, open, Ink::blue},
     {"COND DE", resistivity, open, Ink::vermilion},
     {"DENSITY", porosity, linear(1.95, 2.95), Ink::vermilion},
     {"RHO", porosity, linear(1.95, 2.95), Ink::vermilion},
     {"DEN", porosity, linear(1.95, 2.95), Ink::vermilion},
+    {"DRHO", porosity, linear(-0.25, 0.25), Ink::black},
+    {"PEF", porosity, linear(0, 10), Ink::purple},
     {"PORO", porosity, open, Ink::blue},
     {"NPHI", porosity, linear(0.45, -0.15), Ink::blue},
     {"NEUT", porosity, open, Ink::blue},
+    {"DT", sonic, linear(140, 40), Ink::purple, false, "US/F"},
     {"DT", sonic, linear(500, 100), Ink::purple},
     {"SONIC", sonic, open, Ink::purple},
     {"NEAR TIME", sonic, open, Ink::purple},
@@ -65,18 +73,20 @@ constexpr std::array<CurveRule, 43> rules{{
     {"", other, open, Ink::blue},
 }};
 
-bool fits(const CurveRule& rule, std::string_view name) {
-    if (rule.word == "SP") return name == "SP";
+bool fits(const CurveRule& rule, std::string_view name, std::string_view unit) {
+    if (!unit.starts_with(rule.unit)) return false;
+    if (rule.word == "SP" || rule.word == "BS") return name == rule.word;
     if (rule.word.size() <= 4) return name.starts_with(rule.word);
     return name.find(rule.word) != std::string_view::npos;
 }
 
 } // namespace
 
-const CurveRule& curveRule(std::string_view channel) {
+const CurveRule& curveRule(std::string_view channel, std::string_view unit) {
     const std::string name = upperCase(trimmed(channel));
+    const std::string units = upperCase(trimmed(unit));
     if (name == "DISTANCE") return *std::ranges::find(rules, "EAST", &CurveRule::word);
-    return *std::ranges::find_if(rules, [&](const CurveRule& rule) { return fits(rule, name); });
+    return *std::ranges::find_if(rules, [&](const CurveRule& rule) { return fits(rule, name, units); });
 }
 
 } // namespace tarvik

@@ -26,11 +26,12 @@ struct CurveRule {
     CurveGroup group = CurveGroup::other;
     CurveScale scale; ///< where neither the tool record nor the values are asked
     Ink ink = Ink::black;
-    bool points = false; ///< a value that goes round, such as an azimuth, is not joined by lines
+    bool points = false;        ///< a value that goes round, such as an azimuth, is not joined by lines
+    std::string_view unit = {}; ///< the rule is for channels whose unit begins so; empty: whatever it is
 
     [[nodiscard]] bool hasScale() const { return scale.left != scale.right; }
 };
 
-[[nodiscard]] const CurveRule& curveRule(std::string_view channel);
+[[nodiscard]] const CurveRule& curveRule(std::string_view channel, std::string_view unit = {});
 
 } // namespace tarvik

@@ -28,14 +28,19 @@ CurveScale logarithmic(const ScalePair& scale) {
     return {ScaleKind::logarithmic, 0.2, 2000};
 }
 
-/// Whether values of that range are the custom's own: densities in kg/m3 lie nowhere on a scale for g/cm3,
-/// and porosities in percent only just touch one for fractions. True where there are no values to judge by.
-bool suits(const CurveScale& custom, const ValueRange& values) {
-    if (values.empty()) return true;
-    const double least = std::max<double>(values.least, std::min(custom.left, custom.right));
-    const double most = std::min<double>(values.most, std::max(custom.left, custom.right));
-    if (values.least == values.most) return least <= most;
-    return most - least >= 0.05 * (double{values.most} - values.least);
+/// Whether most of the values are the custom's own: densities in kg/m3 lie nowhere on a scale for g/cm3, and
+/// a gamma ray in counts a second now and then on one for API. True where there are no values to judge by.
+bool suits(const CurveScale& custom, std::span<const float> values) {
+    const double least = std::min(custom.left, custom.right);
+    const double most = std::max(custom.left, custom.right);
+    std::size_t all = 0;
+    std::size_t inside = 0;
+    for (const float value : values) {
+        if (isNoValue(value)) continue;
+        ++all;
+        if (value >= least && value <= most) ++inside;
+    }
+    return inside * 3 >= all * 2;
 }
 
 bool touches(const CurveScale& scale, const ValueRange& values) {
@@ -58,12 +63,9 @@ CurveScale decadesAround(std::span<const float> values) {
 }
 
 CurveScale customScale(const DisplayChannel& channel, const CurveRule& rule) {
-    const ValueRange values = rangeOf(channel.values);
-    if (rule.scale.kind == ScaleKind::logarithmic) {
-        const bool holds = !(values.most > 0) || touches(rule.scale, values);
-        return holds ? rule.scale : decadesAround(channel.values);
-    }
-    if (suits(rule.scale, values)) return rule.scale;
+    const bool decades = rule.scale.kind == ScaleKind::logarithmic;
+    if (suits(rule.scale, channel.values)) return rule.scale;
+    if (decades) return rangeOf(channel.values).most > 0 ? decadesAround(channel.values) : rule.scale;
     const ScalePair round = roundScale(channel.values);
     const bool reversed = rule.scale.left > rule.scale.right;
     return {ScaleKind::linear, reversed ? round.right : round.left, reversed ? round.left : round.right};
@@ -117,7 +119,7 @@ struct KeyedTrack {
 std::vector<KeyedTrack> tracksOf(std::span<const DisplayChannel> channels) {
     std::vector<KeyedTrack> tracks;
     for (const DisplayChannel& channel : channels) {
-        const CurveRule& rule = curveRule(channel.name);
+        const CurveRule& rule = curveRule(channel.name, channel.unit);
         const TrackKey key{rule.group, rule.group == CurveGroup::other ? upperCase(channel.unit) : ""};
         const auto open = std::ranges::find_if(tracks, [&](const KeyedTrack& each) {
             return each.key == key && each.track.curves.size() < curvesPerTrack;

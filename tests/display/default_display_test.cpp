@@ -99,6 +99,46 @@ TEST(DefaultDisplay, NoTwoCurvesOfATrackLookAlike) {
     }
 }
 
+/// As the usual open-hole LAS file names and measures them.
+TEST(DefaultDisplay, AUsualSuiteNeedsNoHandAtIt) {
+    ReviewLog log =
+        samples::logOf(100, 0.1, {"GR", "CALI", "BS", "ILD", "SFLU", "RHOB", "PEF", "DRHO", "DT"});
+    const auto make = [&](std::size_t channel, const char* unit, float least, float most) {
+        log.channels[channel].unit = unit;
+        for (std::size_t i = 0; i < 100; ++i)
+            log.channels[channel].values[i] = least + (most - least) * static_cast<float>(i) / 99;
+    };
+    make(0, "CPS", 100, 700); // a few of them lie on 0 to 150
+    make(1, "IN", 8, 9.5F);
+    make(2, "IN", 8.5F, 8.5F);
+    make(3, "OHMM", 2, 200);
+    make(4, "OHMM", 1, 100);
+    make(5, "G/C3", 2.2F, 2.7F);
+    make(6, "B/E", 2, 5);
+    make(7, "G/C3", -0.05F, 0.1F);
+    make(8, "US/F", 84, 104);
+    const LogDisplay display = defaultDisplay(log, paperScheme());
+    const auto trackOf = [&](const char* name) {
+        const auto has = [&](const Track& track) {
+            return std::ranges::find(track.curves, name, &LogCurve::channel) != track.curves.end();
+        };
+        return std::ranges::find_if(display.tracks, has) - display.tracks.begin();
+    };
+    const auto scaleOf = [&](const char* name) {
+        return std::ranges::find(display.tracks[static_cast<std::size_t>(trackOf(name))].curves, name,
+                                 &LogCurve::channel)
+            ->scale;
+    };
+    EXPECT_GE(scaleOf("GR").right, 700);
+    EXPECT_EQ(trackOf("CALI"), trackOf("BS"));
+    EXPECT_EQ(scaleOf("CALI"), scaleOf("BS")) << "washed out or not is seen at a glance";
+    EXPECT_EQ(trackOf("ILD"), trackOf("SFLU"));
+    EXPECT_EQ(scaleOf("SFLU").kind, ScaleKind::logarithmic);
+    EXPECT_EQ(trackOf("RHOB"), trackOf("PEF"));
+    EXPECT_EQ(trackOf("RHOB"), trackOf("DRHO"));
+    EXPECT_EQ(scaleOf("DT").left, 140);
+}
+
 TEST(DefaultDisplay, CountsGetTheScaleOfCountsAndMarksComeFromTheHole) {
     ReviewLog log = samples::logOf(3, 1, {"Gamma"}, DepthUnits::feet);
     log.channels[0].calibrated = false;
