@@ -11,6 +11,15 @@ namespace tarvik {
 
 namespace {
 
+/// A bar is full, whatever lies beyond.
+void keepOnScale(CurveTrace& trace) {
+    for (TracePoint& point : trace.points) point.fraction = std::clamp(point.fraction, 0.0, 1.0);
+    for (RowSpan& row : trace.rows) {
+        row.from = std::clamp(row.from, 0.0, 1.0);
+        row.to = std::clamp(row.to, 0.0, 1.0);
+    }
+}
+
 /// Draws with a canvas on the display as the view lays it out, and gives the painter back as it was.
 template <class Draw>
 void onCanvas(QPainter& painter, const LogDisplay& display, const DisplayView& view, Draw&& draw) {
@@ -93,7 +102,8 @@ void LogPainter::paintSpeed(const Canvas& canvas, const LogData& data, const Ban
     bar.style.fill = FillKind::left;
     bar.offScale = OffScale::cut;
     const Column column{canvas.columns.depth.left, std::min(canvas.mm(2.4), canvas.columns.depth.width / 5)};
-    const CurveTrace trace = traceOf(canvas, data, RowIndex(data, canvas.view, band), bar);
+    CurveTrace trace = traceOf(canvas, data, RowIndex(data, canvas.view, band), bar);
+    keepOnScale(trace);
     paintFill(canvas, bar, trace, column, band);
     paintLine(canvas, bar, trace, column, band);
 }

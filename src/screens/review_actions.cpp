@@ -2,8 +2,10 @@
 
 #include "base/failure.h"
 #include "base/number_picture.h"
+#include "display/bullseye.h"
 #include "display/display_template.h"
 #include "display/tool_scales.h"
+#include "drawing/plan_file.h"
 #include "drawing/plot_file.h"
 #include "processing/las_again.h"
 #include "screens/frm_file.h"
@@ -213,6 +215,11 @@ void ReviewActions::fillExportMenu() {
     QMenu* const menu = bar_->addMenu("menuexport", "E&xport", "What is on the screen, as a file");
     menu->addAction("Visible interval as &LAS\u2026", [this] { exportLas(); });
     menu->addAction("Visible interval as &picture\u2026", [this] { savePicture(); });
+    QAction* const plan = menu->addAction("Plan &view as picture\u2026", [this] { savePlan(); });
+    QObject::connect(menu, &QMenu::aboutToShow, bar_, [this, plan] {
+        const ReviewLog* const log = session_.log();
+        plan->setEnabled(log != nullptr && !bullseyeOf(logDataOf(*log)).way.empty());
+    });
     menu->addSeparator();
     menu->addAction("P&rint\u2026", [this] { print(); });
 }
@@ -267,6 +274,26 @@ void ReviewActions::savePicture() {
         screen_.status().showText("Written: " + file.string());
     } catch (const Failure& failure) {
         program_.frame.operatorSide.message("Picture of the log", failure.what(), Icon::exclamation);
+    }
+}
+
+/// Of a deviated hole: where it has gone, seen from above.
+void ReviewActions::savePlan() {
+    if (session_.log() == nullptr) return;
+    Path suggested = session_.file();
+    suggested.replace_filename(suggested.stem().string() + "_plan.pdf");
+    const QString chosen =
+        dialogs_.save(&screen_, qt(suggested.string()), "PDF (*.pdf);;Picture (*.png);;Drawing (*.svg)");
+    if (chosen.isEmpty()) return;
+    Path file = plain(chosen);
+    if (!file.has_extension()) file += ".pdf";
+    const PrintOrder order;
+    try {
+        writePlan(printSheet(*session_.log(), screen_.picture().display(), order),
+                  {file, paperOf(order), 150});
+        screen_.status().showText("Written: " + file.string());
+    } catch (const Failure& failure) {
+        program_.frame.operatorSide.message("Plan view", failure.what(), Icon::exclamation);
     }
 }
 

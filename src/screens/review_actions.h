@@ -47,6 +47,7 @@ class ReviewActions {
     void endComparison();
     void exportLas();
     void savePicture();
+    void savePlan();
     [[nodiscard]] std::function<bool(const LogCurve&)> scaleKeeper() const;
     [[nodiscard]] PrintSubject subject() const;
 

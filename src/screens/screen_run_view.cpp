@@ -10,10 +10,11 @@ namespace tarvik {
 
 namespace {
 
+/// Of this run: a file that was appended to holds more.
 QString onFileWords(long kept, long written) {
-    if (written <= 0) return "Nothing on file";
+    if (written <= 0) return "Nothing written";
     const QString all = written < kept ? QString(" of %1").arg(kept) : QString();
-    return QString("%1%2 scans on file").arg(written).arg(all);
+    return QString("%1%2 scans written").arg(written).arg(all);
 }
 
 } // namespace

@@ -66,7 +66,7 @@ TEST(DesktopTest, ASilentBoxHasNoSpeed) {
     EXPECT_EQ(silent, "\xE2\x80\x93\xE2\x80\x93 quiet");
     EXPECT_THAT(again, testing::MatchesRegex("[0-9.]+"));
     EXPECT_EQ(truck.label("lbrecordingstate"), "Run ended");
-    EXPECT_THAT(truck.label("lbrecordingreason"), testing::HasSubstr(" scans on file"));
+    EXPECT_THAT(truck.label("lbrecordingreason"), testing::HasSubstr(" scans written"));
 }
 
 TEST(DesktopTest, ErrorsOfARunOpenTheirFormBehindItsEnd) {

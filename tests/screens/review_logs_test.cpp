@@ -339,6 +339,16 @@ TEST(ReviewActionsTest, GoesToADepthAndExportsWhatIsSeen) {
     desk.file = desk.home / "seen.svg";
     desk.entry("menuexport", "Visible interval as picture").trigger();
     EXPECT_TRUE(desk.program.files.exists(desk.file));
+    EXPECT_FALSE(desk.entry("menuexport", "Plan view").isEnabled()) << "of this log nobody knows the way";
+    desk.program.files.replace(
+        desk.home / "way.las",
+        asBytes("~V\r\n VERS. 2.0 :\r\n WRAP. NO :\r\n~W\r\n STRT.M 0 :\r\n STOP.M 1 :\r\n STEP.M 1 "
+                ":\r\n NULL. -999.25 :\r\n WELL. D : WELL\r\n~C\r\n DEPT.M :\r\n East.M :\r\n North.M "
+                ":\r\n~A\r\n0 0 0\r\n1 0.5 0.25\r\n"));
+    ASSERT_TRUE(desk.session.open(desk.home / "way.las"));
+    desk.file = desk.home / "plan.svg";
+    desk.entry("menuexport", "Plan view").trigger();
+    EXPECT_NE(asText(desk.program.files.read(desk.file)).find("Rings every"), std::string_view::npos);
     std::string printed;
     whenModal([&](QWidget& modal) {
         printed = modal.objectName().toStdString();
