@@ -16,8 +16,8 @@
 
 namespace tarvik {
 
-/// Metres: the number that a text begins with, in the unit that follows it, else in `units`. A comma may stand
-/// for the point.
+/// Metres: the number that a text begins with, in the unit that follows it, else in `units`. A comma may
+/// stand for the point.
 [[nodiscard]] std::optional<double> depthSaid(std::string_view text, DepthUnits units);
 
 /// In the order of the lines. A note without a text beside its depth is none.

@@ -13,6 +13,24 @@ constexpr double closest = 0.001;
 constexpr double edgeMillimetres = 2;
 constexpr double furthestOut = 1; // 1:1000, which the list of scales has, however short the log is
 
+/// From the least depth to the greatest of the steps that are taken; of the whole log when none is.
+template <class Takes>
+Extent depthsOf(const LogData& data, Takes&& takes) {
+    Extent depths{std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
+    for (std::size_t i = 0; i < data.steps(); ++i) {
+        if (!takes(i)) continue;
+        depths.from = std::min(depths.from, data.depth[i]);
+        depths.to = std::max(depths.to, data.depth[i]);
+    }
+    if (depths.from > depths.to) return extentOf(data, Axis::depth);
+    return {toMetres(depths.from, data.units), toMetres(depths.to, data.units)};
+}
+
+/// Metres. A log of one or two depths has no usual step: half a metre is what a pointer may miss it by.
+double farthestRead(const LogData& data) {
+    return data.joinLimit > 0 ? data.joinLimit : 0.5;
+}
+
 } // namespace
 
 Extent extentOf(const LogData& data, Axis axis) {
@@ -83,28 +101,10 @@ Extent visibleInterval(const DisplayView& view, const Extent& extent, double bod
             std::clamp(view.positionAt(bodyHeight), extent.from, extent.to)};
 }
 
-namespace {
-
-/// From the least depth to the greatest of the steps that are taken; of the whole log when none is.
-template <class Takes>
-Extent depthsOf(const LogData& data, Takes&& takes) {
-    Extent depths{std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
-    for (std::size_t i = 0; i < data.steps(); ++i) {
-        if (!takes(i)) continue;
-        depths.from = std::min(depths.from, data.depth[i]);
-        depths.to = std::max(depths.to, data.depth[i]);
-    }
-    if (depths.from > depths.to) return extentOf(data, Axis::depth);
-    return {toMetres(depths.from, data.units), toMetres(depths.to, data.units)};
-}
-
-} // namespace
-
 Extent depthsBetween(const LogData& data, const Extent& seconds) {
     if (!data.has(Axis::time)) return extentOf(data, Axis::depth);
-    return depthsOf(data, [&](std::size_t i) {
-        return data.time[i] >= seconds.from && data.time[i] <= seconds.to;
-    });
+    return depthsOf(
+        data, [&](std::size_t i) { return data.time[i] >= seconds.from && data.time[i] <= seconds.to; });
 }
 
 Extent loggedWithin(const LogData& data, const Extent& metres) {
@@ -130,15 +130,6 @@ std::optional<double> nextStep(const LogData& data, Axis axis, double position, 
     }
     return next;
 }
-
-namespace {
-
-/// Metres. A log of one or two depths has no usual step: half a metre is what a pointer may miss it by.
-double farthestRead(const LogData& data) {
-    return data.joinLimit > 0 ? data.joinLimit : 0.5;
-}
-
-} // namespace
 
 std::optional<CursorReading> readingsAt(const LogDisplay& display, const LogData& data, Axis axis,
                                         double position) {

@@ -91,12 +91,9 @@ void frmSetup::buildList() {
 
 void frmSetup::buildPages() {
     const auto toHole = [this] { selectPage(holePage, 0); };
-    pages_ = {new SetupProjectPage(modules_, toHole),
-              new SetupHolePage(modules_),
-              new SetupEquipmentPage(modules_),
-              new SetupLithologyPage(modules_),
-              new SetupDisplayPage(modules_),
-              new SetupSystemPage(modules_),
+    pages_ = {new SetupProjectPage(modules_, toHole), new SetupHolePage(modules_),
+              new SetupEquipmentPage(modules_),       new SetupLithologyPage(modules_),
+              new SetupDisplayPage(modules_),         new SetupSystemPage(modules_),
               new SetupFirmwarePage(modules_)};
     // A small screen scrolls rather than cut.
     for (SetupPage* const page : pages_) {
