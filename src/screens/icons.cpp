@@ -6,6 +6,7 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
+#include <QPixmapCache>
 #include <QSvgRenderer>
 
 #include <utility>
@@ -32,26 +33,37 @@ Ink inkInMenus(QIcon::Mode mode, QIcon::State) {
     return mode == QIcon::Active ? &ThemeColours::onAccent : &ThemeColours::text;
 }
 
-/// Draws when it is asked to: in the theme of the moment, as sharp as the display.
+/// Drawn when it is asked for: in the theme of the moment, as sharp as the display; and kept by the toolkit.
 class ThemeIcon final : public QIconEngine {
   public:
-    ThemeIcon(QByteArray svg, InkRule ink) : svg_(std::move(svg)), ink_(ink) {}
+    ThemeIcon(QString name, QByteArray svg, InkRule ink)
+        : name_(std::move(name)), svg_(std::move(svg)), ink_(ink) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
-        QByteArray svg = svg_;
-        svg.replace("currentColor", (coloursOf(appliedTheme()).*ink_(mode, state)).name().toUtf8());
-        QSvgRenderer(svg).render(painter, rect);
+        const qreal ratio = painter->device()->devicePixelRatioF();
+        QPixmap drawn = pixmap((QSizeF(rect.size()) * ratio).toSize(), mode, state);
+        drawn.setDevicePixelRatio(ratio);
+        painter->drawPixmap(rect.topLeft(), drawn);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap drawn(size);
+        const QString ink = (coloursOf(appliedTheme()).*ink_(mode, state)).name();
+        const QString key = QString("icon %1 %2 %3x%4").arg(name_, ink).arg(size.width()).arg(size.height());
+        QPixmap drawn;
+        if (QPixmapCache::find(key, &drawn)) return drawn;
+        drawn = QPixmap(size);
         drawn.fill(Qt::transparent);
+        QByteArray svg = svg_;
+        svg.replace("currentColor", ink.toUtf8());
         QPainter painter(&drawn);
-        paint(&painter, drawn.rect(), mode, state);
+        QSvgRenderer(svg).render(&painter, drawn.rect());
+        painter.end();
+        QPixmapCache::insert(key, drawn);
         return drawn;
     }
     [[nodiscard]] QIconEngine* clone() const override { return new ThemeIcon(*this); }
 
   private:
+    QString name_;
     QByteArray svg_;
     InkRule ink_;
 };
@@ -59,7 +71,7 @@ class ThemeIcon final : public QIconEngine {
 QIcon made(const QString& name, InkRule ink) {
     openResources();
     QFile file(":/icons/" + name + ".svg");
-    return file.open(QIODevice::ReadOnly) ? QIcon(new ThemeIcon(file.readAll(), ink)) : QIcon();
+    return file.open(QIODevice::ReadOnly) ? QIcon(new ThemeIcon(name, file.readAll(), ink)) : QIcon();
 }
 
 } // namespace
