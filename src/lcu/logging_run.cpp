@@ -221,6 +221,7 @@ bool LoggingRun::writeHeld(const RunOrder& order) {
             return writer.lost() == 0;
         }
         if (const auto file = saveHeldElsewhere(writer, modules_.files, order, run_.header.tool.code)) {
+            backUp(*file);
             sayRescue(unwritten + "; they are in " + file->string() + ", as a run of their own");
             return false;
         }
@@ -251,8 +252,12 @@ void LoggingRun::keepRun(const RunOrder& order) {
                                           run_.file.filename().string() + "  " + run_.header.tool.name +
                                           "  " + std::to_string(written().count) + " scans written");
     });
+    backUp(run_.file);
+}
+
+void LoggingRun::backUp(const Path& runFile) {
     modules_.errors.run("Utilities_backuploggingrun",
-                        [&](Level&) { Utilities_backuploggingrun(modules_.files, run_.file); });
+                        [&](Level&) { Utilities_backuploggingrun(modules_.files, runFile); });
 }
 
 } // namespace tarvik

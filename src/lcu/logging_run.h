@@ -42,6 +42,7 @@ class LoggingRun {
     void sayRescue(const std::string& words);
     [[nodiscard]] WrittenScans written() const;
     void keepRun(const RunOrder& order);
+    void backUp(const Path& runFile);
 
     RunModules& modules_;
     RunState run_;

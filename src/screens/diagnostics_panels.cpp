@@ -176,8 +176,8 @@ QWidget* DiagnosticsStatePanel::acquisitionCard() {
 void DiagnosticsStatePanel::show(const DiagnosticsConsole& console, const LinkState& link) {
     lcu_->setText(qt(lcuText(link)));
     bits_->setText(qt(console.statusBits()));
-    meaning_->setText(
-        qt(link.open() ? statusMeaning(console.status()) : "As it was last: the port is closed"));
+    const bool known = link.open() || console.status() < 1;
+    meaning_->setText(qt(known ? statusMeaning(console.status()) : "As it was last: the port is closed"));
     meaning_->setToolTip(meaning_->text());
     clearToSend_->setText(qt(clearToSendText(console.clearToSend())));
     setRole(*meaning_, !link.open() || console.status() < 1 ? "quiet"

@@ -170,6 +170,7 @@ QWidget* frmLASexport::buildChannels() {
     channels_->setTabKeyNavigation(false);
     channels_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     channels_->horizontalHeader()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
+    channels_->horizontalHeader()->setMinimumSectionSize(96); // a narrow window scrolls the table instead
     channels_->setColumnWidth(filterColumn, 130);
     channels_->setStyleSheet("QHeaderView::section { padding: 6px 4px; }"); // heads begin where cells begin
     channels_->setMinimumHeight(160);

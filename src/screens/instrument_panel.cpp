@@ -89,7 +89,8 @@ InstrumentPanel::InstrumentPanel()
     scans_->setObjectName("lbscans");
     currentBar_->setTextVisible(false);
     currentBar_->setFixedHeight(6);
-    currentBar_->setStyleSheet("QProgressBar { min-height: 4px; } QProgressBar::chunk { background: palette(highlight); }");
+    currentBar_->setStyleSheet(
+        "QProgressBar { min-height: 4px; } QProgressBar::chunk { background: palette(highlight); }");
     depth_->setAccessibleName("Depth");
     speed_->setAccessibleName("Logging speed");
     current_->setAccessibleName("Tool current");

@@ -94,6 +94,7 @@ void IntroScreen::unload() {
 void IntroScreen::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     bars_.fit(width());
+    status_.fit();
     shareRoom();
 }
 

@@ -81,6 +81,7 @@ LiveDisplay::LiveDisplay()
     writeBar(true);
     note_->setObjectName("lblivenote");
     note_->setContentsMargins(12, 4, 12, 4);
+    note_->setWordWrap(true);
     note_->setVisible(false);
     auto* const left = new QVBoxLayout;
     left->setSpacing(0);

@@ -21,6 +21,8 @@ namespace tarvik {
 namespace {
 
 constexpr double deepest = 83'886; // metres: how far the depth counter of an LCU reaches
+constexpr const char* startTip = "Prepares the tool and starts logging (F9)";
+constexpr const char* noLcuTip = "A run needs an LCU: Acquire (F7) searches for it";
 
 QPushButton* button(const QString& objectName, const QString& text, const QString& tip) {
     auto* const made = new QPushButton(text);
@@ -50,7 +52,7 @@ RunPanel::RunPanel(RunPanelActions actions)
           button("comsetdepth", "Set &depth", "Sets the winch depth in the LCU. The winch must stand.")),
       equipment_(button("comequipment", "&Change\u2026", "Tool, winch and sampling of the next run")),
       record_(new QCheckBox),
-      start_(button("comstartlogging", "St&art", "Prepares the tool and starts logging (F9)")),
+      start_(button("comstartlogging", "St&art", startTip)),
       stop_(button("comstoplogging", "St&op", "Ends the run and powers the tool down (F10)")) {
     setProperty("card", true);
     hole_->setObjectName("lbhole");
@@ -167,6 +169,7 @@ void RunPanel::showFile(const QString& file) {
 void RunPanel::setState(State state) {
     const bool idle = state == State::ready || state == State::noLcu;
     start_->setEnabled(state == State::ready);
+    start_->setToolTip(state == State::noLcu ? noLcuTip : startTip);
     stop_->setEnabled(state == State::running);
     stop_->setText(state == State::stopping ? "Stopping\u2026" : "St&op");
     setDepth_->setEnabled(state == State::ready);

@@ -20,6 +20,7 @@ namespace tarvik {
 
 namespace {
 
+constexpr int narrowList = 200;
 constexpr int listWidth = 300;
 
 TableRow tableRow(int key, const HoleRow& row) {
@@ -59,8 +60,8 @@ SetupHolePage::SetupHolePage(const SetupModules& modules)
     }
     auto* const row = new QHBoxLayout;
     row->setSpacing(measure::margin);
-    row->addWidget(buildList());
-    row->addWidget(tabs_, 1);
+    row->addWidget(buildList(), 1);
+    row->addWidget(tabs_, 2);
     body()->addLayout(row, 1);
 }
 
@@ -76,7 +77,8 @@ QWidget* SetupHolePage::buildList() {
     table_->onChosen([this] { takeFromRun(); });
 
     auto* const list = new QWidget;
-    list->setFixedWidth(listWidth);
+    list->setMinimumWidth(narrowList);
+    list->setMaximumWidth(listWidth);
     auto* const buttons = new QHBoxLayout;
     buttons->setSpacing(measure::gap);
     buttons->addWidget(next);

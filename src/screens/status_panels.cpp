@@ -5,10 +5,12 @@
 #include "screens/styles.h"
 
 #include <QLabel>
+#include <QLayout>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
 
+#include <initializer_list>
 #include <utility>
 
 namespace tarvik {
@@ -25,7 +27,8 @@ QLabel* panel(const char* objectName, const char* role) {
 } // namespace
 
 StatusPanels::StatusPanels(QStatusBar& bar, std::function<void()> cancelSearch)
-    : text_(panel("lbstatus", "head")),
+    : bar_(bar),
+      text_(panel("lbstatus", "head")),
       link_(panel("lblink", "")),
       progress_(new QProgressBar),
       cancel_(new QPushButton("Cancel search")),
@@ -54,23 +57,28 @@ StatusPanels::StatusPanels(QStatusBar& bar, std::function<void()> cancelSearch)
 
 void StatusPanels::showText(std::string_view text) {
     text_->setText(qt(text));
+    fit();
 }
 
 void StatusPanels::showLink(std::string_view text) {
     link_->setText(qt(text));
+    fit();
 }
 
 void StatusPanels::showTimes(std::string_view elapsed, std::string_view completion) {
     const char* const gap = elapsed.empty() || completion.empty() ? "" : "   ";
     times_->setText(qt(elapsed) + gap + qt(completion));
+    fit();
 }
 
 void StatusPanels::showInterface(const InterfaceDisplay& display) {
     interface_->setText(qt(display.label));
+    fit();
 }
 
 void StatusPanels::showVersion(std::string_view label) {
     version_->setText(qt(label));
+    fit();
 }
 
 void StatusPanels::showProgress(int percent) {
@@ -83,6 +91,18 @@ void StatusPanels::showSearch(bool searching) {
     progress_->setRange(0, 0);
     progress_->setVisible(searching);
     cancel_->setVisible(searching);
+    fit();
+}
+
+void StatusPanels::fit() {
+    int room = bar_.width() - bar_.layout()->contentsMargins().left();
+    for (const QWidget* const first :
+         std::initializer_list<QWidget*>{text_, link_, times_, progress_, cancel_})
+        if (!first->isHidden()) room -= first->sizeHint().width() + bar_.layout()->spacing();
+    for (QLabel* const last : {interface_, version_}) {
+        room -= last->sizeHint().width() + bar_.layout()->spacing();
+        last->setVisible(room >= 0);
+    }
 }
 
 } // namespace tarvik

@@ -27,8 +27,12 @@ class StatusPanels {
     /// Percent; a search that is not staged does not know how far it is.
     void showProgress(int percent);
     void showSearch(bool searching);
+    /// In a narrow window the version, then the interface, give way to the words of the run: the link and Help, About
+    /// say both.
+    void fit();
 
   private:
+    QStatusBar& bar_;
     QLabel* text_;
     QLabel* link_;
     QProgressBar* progress_;

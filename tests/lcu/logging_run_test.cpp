@@ -396,6 +396,8 @@ TEST(LoggingRun, ScansThatTheRunFileDoesNotTakeAreSavedElsewhere) {
         ASSERT_TRUE(rescued);
         EXPECT_EQ(rescued->steps(), 7U);
         EXPECT_EQ(rescued->header.tool.code, "K215");
+        const Path saved = where;
+        EXPECT_TRUE(rig.files.exists(saved.parent_path() / "Backup" / saved.filename())) << where;
         EXPECT_THAT(rig.operatorSide.shown, testing::Each(testing::Not(testing::HasSubstr("Try again?"))));
     }
 }

@@ -46,10 +46,12 @@ def overflow(screen, truck, pictures):
     screen.picture(pictures, "buffer-overflow")
 
 
-def shoot(options, pictures, theme, size, shot, folder):
+def shoot(options, pictures, look, shot, folder):
+    theme, size, scale = look
     name, tool, sampling, speed, scan_bytes = shot
     truck = LiveTruck(options, folder, tool, sampling, speed, theme)
     screen = Screen(folder, size)
+    screen.environment["QT_SCALE_FACTOR"] = str(scale)
     program = subprocess.Popen([options.bin / "tarvik", "--home", folder, "--com1", truck.line, "--lcucomms", "1"],
                                env=screen.environment)
     try:
@@ -71,7 +73,8 @@ def shoot(options, pictures, theme, size, shot, folder):
         screen.close()
 
 
-def shoot_all(options, pictures, theme, size):
+def shoot_all(options, pictures, look):
+    """In a theme, a size of display and a scale."""
     for shot in SHOTS:
         with tempfile.TemporaryDirectory() as folder:
-            shoot(options, pictures, theme, size, shot, pathlib.Path(folder))
+            shoot(options, pictures, look, shot, pathlib.Path(folder))

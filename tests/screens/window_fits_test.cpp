@@ -1,6 +1,7 @@
 // The main screen never asks for more room than the smallest display that the program starts on.
 #include "screens/truck.h"
 
+#include <QLabel>
 #include <QLayout>
 
 namespace tarvik::test {
@@ -19,6 +20,13 @@ void expectFits(IntroScreen& screen, QSize room, const char* when) {
     const QSize least = screen.layout()->totalMinimumSize();
     EXPECT_LE(least.width(), room.width()) << when;
     EXPECT_LE(least.height(), room.height()) << when;
+}
+
+/// The words of the run; the version gives way to them.
+void expectTimesWhole(IntroScreen& screen, const char* when) {
+    QCoreApplication::processEvents();
+    const auto& times = *screen.findChild<QLabel*>("LoggingTime");
+    EXPECT_GE(times.width(), times.sizeHint().width()) << when << ": " << times.text().toStdString();
 }
 
 } // namespace
@@ -43,6 +51,8 @@ TEST(WindowFits, WithNoticesNotesAndTheLogsOfARun) {
         truck.desktop->acquisition().stop();
     });
     EXPECT_TRUE(seen);
+    screen.resize(magnified);
+    expectTimesWhole(screen, "after a run");
     truck.p().commands.toolClick("MB-Notes");
     expectFits(screen, smallest, "after a run, with the notes");
     truck.p().modes.Utilities_setprogrammode("REVIEW");
