@@ -49,7 +49,7 @@ std::optional<ReviewLog> Review::open(const Path& file) {
 std::optional<ReviewLog> Review::openLas(const Path& file, const Progress& progress) {
     if (tolerant_) return program_.lasReader.openTolerantly(file, progress);
     LasOpening opening = program_.lasReader.LASfileopen(file, progress);
-    if (opening.tolerantMayHelp)
+    if (!opening.complaint.empty())
         terminal_.lines().line("With --tolerant more is read, and each repair is said.");
     return std::move(opening.log);
 }

@@ -39,14 +39,15 @@ void refuseWrapped(const LasHeader& header) {
 } // namespace
 
 template <class Body>
-bool LasFileReader::opened(const Path& file, Body&& body) {
+std::string LasFileReader::refusalOf(const Path& file, Body&& body) {
     try {
         body();
-        return true;
+        return {};
     } catch (const LasRefusal& reason) {
-        log_.red(file.filename().string() + ", " + reason.what());
+        std::string refusal = file.filename().string() + ", " + reason.what();
+        log_.red(refusal);
         operatorSide_.message("Tarvik", "Problems with LAS file", Icon::exclamation);
-        return false;
+        return refusal;
     }
 }
 
@@ -55,21 +56,22 @@ LasOpening LasFileReader::LASfileopen(const Path& file, const Progress& progress
         LasOpening opening;
         LasFindings findings;
         LasHeader header;
-        opening.tolerantMayHelp = !opened(file, [&] { header = readLasKeys(files_, file, findings); });
-        if (opening.tolerantMayHelp) return opening;
+        opening.complaint = refusalOf(file, [&] { header = readLasKeys(files_, file, findings); });
+        if (!opening.complaint.empty()) return opening;
         level = 1; // the curves
-        if (!getLAScurvedata(file, header, findings, opening.tolerantMayHelp)) return opening;
+        if (!getLAScurvedata(file, header, findings, opening.complaint)) return opening;
         level = 2; // the data
         opening.log = emptyReview(header);
         LasLines lines(files_, file, header.facts.dataStart, header.dataLine);
         LasLine columnNames;
         lines.next(columnNames);
-        opening.tolerantMayHelp = !opened(file, [&] { refuseUnsaidWrap(lines, header); });
-        if (opening.tolerantMayHelp) return LasOpening{.log = {}, .tolerantMayHelp = true};
+        opening.complaint = refusalOf(file, [&] { refuseUnsaidWrap(lines, header); });
+        if (!opening.complaint.empty()) return LasOpening{.log = {}, .complaint = opening.complaint};
         if (!scanLASdatavalues(lines, header, false, *opening.log, findings, progress)) return LasOpening();
-        opening.tolerantMayHelp = opening.log->steps() == 0;
-        if (opening.tolerantMayHelp)
+        if (opening.log->steps() == 0) {
+            opening.complaint = file.filename().string() + ", no row of data was read";
             findings.say(0, "no row of data was read; read tolerantly, the file may show more");
+        }
         tell(file, findings, *opening.log);
         return opening;
     });
@@ -82,7 +84,7 @@ std::optional<ReviewLog> LasFileReader::openTolerantly(const Path& file, const P
         LasHeader header;
         const LasText text = detectLasText(files_, file, findings);
         LasLines lines(files_, file, text.start, 1, text.encoding);
-        if (!opened(file, [&] { header = readTolerantLasHeader(lines, findings); })) return review;
+        if (!refusalOf(file, [&] { header = readTolerantLasHeader(lines, findings); }).empty()) return review;
         level = 1; // the data
         review = emptyReview(header);
         if (!scanLASdatavalues(lines, header, true, *review, findings, progress)) review.reset();
@@ -93,13 +95,13 @@ std::optional<ReviewLog> LasFileReader::openTolerantly(const Path& file, const P
 }
 
 bool LasFileReader::getLAScurvedata(const Path& file, LasHeader& header, LasFindings& findings,
-                                    bool& refused) {
+                                    std::string& refusal) {
     return errors_.run("Logdisplay1-getLAScurvedata", false, [&](Level&) {
-        refused = !opened(file, [&] {
+        refusal = refusalOf(file, [&] {
             readLasCurves(files_, file, header, findings);
             refuseWrapped(header);
         });
-        return !refused;
+        return refusal.empty();
     });
 }
 

@@ -21,8 +21,9 @@ namespace tarvik {
 /// What the plain reading of a file brought.
 struct LasOpening {
     std::optional<ReviewLog> log;
-    /// The file was refused for its form, or no row of it could be read: the tolerant reading may do better.
-    bool tolerantMayHelp = false;
+    /// Where and why the file was refused for its form, or that no row of it could be read: the tolerant
+    /// reading may do better. Empty when it would not.
+    std::string complaint = {};
 };
 
 class LasFileReader {
@@ -39,12 +40,12 @@ class LasFileReader {
     std::optional<ReviewLog> openTolerantly(const Path& file, const Progress& progress = {});
 
   private:
-    bool getLAScurvedata(const Path& file, LasHeader& header, LasFindings& findings, bool& refused);
+    bool getLAScurvedata(const Path& file, LasHeader& header, LasFindings& findings, std::string& refusal);
     bool scanLASdatavalues(LasLines& lines, const LasHeader& header, bool tolerant, ReviewLog& review,
                            LasFindings& findings, const Progress& progress);
-    /// False when the body refuses the file; the operator has been told.
+    /// Why the body refuses the file, as the operator has been told; empty when it does not.
     template <class Body>
-    bool opened(const Path& file, Body&& body);
+    std::string refusalOf(const Path& file, Body&& body);
     void tell(const Path& file, const LasFindings& findings, ReviewLog& review);
 
     ErrorTrap& errors_;

@@ -37,12 +37,9 @@ bool ReviewSession::openSecond(const Path& file) {
 std::optional<ReviewLog> ReviewSession::read(const Path& file) {
     if (!isLasFile(program_.files, file)) return program_.runReader.Tarvikfileopen(file, progress());
     LasOpening opening = program_.lasReader.LASfileopen(file, progress());
-    if (!opening.tolerantMayHelp) return std::move(opening.log);
-    const std::string_view what =
-        opening.log ? "The file is LAS 2.0, but no row of its data could be read. The event log says why.\n"
-                    : "The file does not follow LAS 2.0 to the letter. The event log says where.\n";
+    if (opening.complaint.empty()) return std::move(opening.log);
     const std::string question =
-        std::string(what) + "Read it tolerantly? Each repair is listed, no value is invented.";
+        opening.complaint + ".\n\nRead the file tolerantly? Each repair is listed, no value is invented.";
     if (program_.frame.operatorSide.ask("LAS file", question, Icon::question) == Answer::no)
         return std::move(opening.log);
     return program_.lasReader.openTolerantly(file, progress());

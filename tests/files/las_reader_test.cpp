@@ -316,7 +316,7 @@ TEST(LasReader, ADamagedDiskIsOneErrorUnderTheRoutinesName) {
     EXPECT_TRUE(isLasFile(las.files, "missing.Las"));
     EXPECT_FALSE(isLasFile(las.files, "missing.txt"));
     const LasOpening opening = las.las.LASfileopen("missing.las");
-    EXPECT_FALSE(opening.log || opening.tolerantMayHelp);
+    EXPECT_FALSE(opening.log || !opening.complaint.empty());
     ASSERT_EQ(las.errors.reports.size(), 1U);
     EXPECT_EQ(las.errors.reports[0].routine, "Logdisplay1-LASfileopen");
     EXPECT_THAT(las.operatorSide.messages, IsEmpty());
@@ -326,11 +326,11 @@ TEST(LasReader, TolerantReadingIsOfferedWhereItMayHelp) {
     LasFiles las;
     std::string text = sound();
     las.files.put(lasFile, text);
-    EXPECT_FALSE(las.las.LASfileopen(lasFile).tolerantMayHelp);
+    EXPECT_EQ(las.las.LASfileopen(lasFile).complaint, "");
     replace(text, "1 10 20\n2 11 21", "1,10,20\n2,11,21");
     las.files.put(lasFile, text);
-    EXPECT_TRUE(las.las.LASfileopen(lasFile).tolerantMayHelp) << "it opens, but without a row";
+    EXPECT_EQ(las.las.LASfileopen(lasFile).complaint, "x.las, no row of data was read") << "but it opens";
     replace(text, "STEP", "STOP");
     las.files.put(lasFile, text);
-    EXPECT_TRUE(las.las.LASfileopen(lasFile).tolerantMayHelp) << "it is refused";
+    EXPECT_THAT(las.las.LASfileopen(lasFile).complaint, HasSubstr("\"STEP\" is missing")) << "it is refused";
 }
