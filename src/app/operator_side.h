@@ -24,6 +24,8 @@ class OperatorSide {
 
     /// Shown without blocking; the same notice again is counted, not shown twice.
     virtual void notice(std::string_view title, std::string_view text, Icon icon) = 0;
+    /// What the notices of this title say is over. Nothing where notices do not stay.
+    virtual void noticeIsOver(std::string_view) {}
     /// The error dialog's content.
     virtual void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) = 0;
 

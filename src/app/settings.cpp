@@ -41,7 +41,7 @@ std::int16_t lcuCommsOrDefault(std::int16_t value) {
 
 std::string_view intervalUnitLabel(std::string_view samplingMethod, DepthUnits units) {
     if (samplingMethod == samplingText(Sampling::time)) return "seconds";
-    return units == DepthUnits::metres ? "cms" : "feet";
+    return units == DepthUnits::metres ? "cms" : "cms (ft)";
 }
 
 std::optional<std::size_t> driveListIndex(std::span<const std::string> drives, std::string_view letter) {

@@ -28,7 +28,7 @@ void ConsoleRunView::runStarted(const RunHeader& header, const Path& file) {
                 (recording_ ? " to " + file.filename().string() : std::string(", nothing is written")));
 }
 
-void ConsoleRunView::LCU_ShowLCUCurrent(float milliamps, float) {
+void ConsoleRunView::LCU_ShowLCUCurrent(float milliamps, std::optional<float>) {
     milliamps_ = milliamps;
 }
 

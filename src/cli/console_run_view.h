@@ -37,7 +37,7 @@ class ConsoleRunView final : public RunView {
     void setEnabled(bool) override {}
     void winchPrompt(std::string_view firstLine, std::string_view secondLine) override;
     void runStarted(const RunHeader& header, const Path& file) override;
-    void LCU_ShowLCUCurrent(float milliamps, float volts) override;
+    void LCU_ShowLCUCurrent(float milliamps, std::optional<float> volts) override;
     void LCU_ShowDepthSpeed(double depthMetres, double) override { depth_ = depthMetres; }
     void LCU_ShowLoggingProgress(const RunProgress& progress) override;
     void scanKept(const KeptScanView& scan) override;

@@ -216,7 +216,7 @@ LinkResult LcuCommands::noAnswer() {
 
 LinkResult LcuCommands::judge(std::int32_t value) {
     link_.status = value;
-    link_.lost = false;
+    setLost(false);
     if (const LcuModel* model = modelWithStatus(value)) {
         // Only an LCU2Plus names itself with every status; an LCU4 is named by the search alone.
         if (model == lcu2Plus) setModel(link_, model);

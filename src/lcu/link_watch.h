@@ -34,11 +34,14 @@ class LinkWatch {
     void portGone();
     /// The port is open and nothing comes.
     void silent();
-    /// A scan came. True when it is the first one after the line had been lost.
-    bool scanCame();
+    enum class Back { no, sameStream, newStream };
+    /// A scan came: whether it is the first one after the line had been lost, and of which stream.
+    Back scanCame();
 
   private:
     enum class State { good, gone, backWithoutScans };
+
+    void sayBack(Back back);
 
     StatusLog& log_;
     OperatorSide& operator_;
@@ -49,6 +52,8 @@ class LinkWatch {
 
     State state_ = State::good;
     std::int64_t waitingSince_ = 0;
+    std::int64_t lostSince_ = 0;
+    bool streamStarted_ = false; ///< afresh, since the line was lost
 };
 
 } // namespace tarvik

@@ -210,17 +210,18 @@ bool LoggingRun::writeHeld(const RunOrder& order) {
     RunFileWriter& writer = modules_.writer;
     const std::string name = run_.file.filename().string();
     const std::string held = std::to_string(writer.held()) + " scans";
+    const bool gone = sayIfGone();
     if (const std::int64_t lost = writer.lost(); lost > 0)
         modules_.log.red(std::to_string(lost) + " scans were lost: " + name +
                          " could not be written, and no more of them could be held");
-    if (writer.held() == 0) return writer.lost() == 0;
+    if (writer.held() == 0) return writer.lost() == 0 && !gone;
     const std::string unwritten = held + " could not be written to " + run_.file.string();
     do {
         if (writer.writeHeld()) {
             modules_.log.black(name + ": " + held + " that were held are written");
             return writer.lost() == 0;
         }
-        if (const auto file = saveHeldElsewhere(writer, modules_.files, order, run_.header.tool.code)) {
+        if (const auto file = saveHeldElsewhere(writer, modules_.files, order.rescueFolders)) {
             backUp(*file);
             sayRescue(unwritten + "; they are in " + file->string() + ", as a run of their own");
             return false;
@@ -228,6 +229,16 @@ bool LoggingRun::writeHeld(const RunOrder& order) {
     } while (mayTryAgain(unwritten));
     sayRescue(unwritten);
     return false;
+}
+
+/// From here on there is no file of this run that anything could be said of.
+bool LoggingRun::sayIfGone() {
+    const std::int64_t scans = written().count;
+    if (scans == 0 || modules_.files.exists(run_.file)) return false;
+    sayRescue(run_.file.string() + " has gone, with the " + std::to_string(scans) +
+              " scans that were written to it");
+    run_.fileReady = false;
+    return true;
 }
 
 /// The tool is off and nothing turns: the operator has the time to make room.

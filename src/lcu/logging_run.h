@@ -43,6 +43,7 @@ class LoggingRun {
     [[nodiscard]] WrittenScans written() const;
     void keepRun(const RunOrder& order);
     void backUp(const Path& runFile);
+    bool sayIfGone();
 
     RunModules& modules_;
     RunState run_;

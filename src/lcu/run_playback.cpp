@@ -128,7 +128,9 @@ void RunPlayback::show(std::size_t step) {
     metresPerMinute_ =
         log_.channels.empty() ? 0 : toMetres(valueAt(log_.channels[0], at), run_.header.setup.units);
     run_.tally.saw(scan.depth);
-    modules_.view.LCU_ShowLCUCurrent(scan.toolCurrent, scan.toolVoltage);
+    const bool measured = scan.toolVoltage != 0; // a box that does not measure it writes 0
+    modules_.view.LCU_ShowLCUCurrent(scan.toolCurrent,
+                                     measured ? std::optional(scan.toolVoltage) : std::nullopt);
     modules_.view.LCU_ShowDepthSpeed(scan.depth, metresPerMinute_);
     run_.ring.add({scan.depth, seconds_, scan.calibrated});
     modules_.view.scanKept({.number = ++run_.tally.kept,

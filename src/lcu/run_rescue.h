@@ -4,12 +4,14 @@
 #include "lcu/run_context.h"
 
 #include <optional>
+#include <span>
 
 namespace tarvik {
 
-/// Tries the folders of the order in turn; the file gets a run number that is free there, never that of the
-/// run itself. Nothing when none of them could be written: the scans are still held then.
+/// Tries the folders in turn. "Rescued_" + the name of the run: outside the numbers of the runs, so that the
+/// file can be taken to any folder without meeting another run. Nothing when none of the folders could be
+/// written: the scans are still held then.
 [[nodiscard]] std::optional<Path> saveHeldElsewhere(RunFileWriter& writer, Files& files,
-                                                    const RunOrder& order, std::string_view toolCode);
+                                                    std::span<const Path> folders);
 
 } // namespace tarvik

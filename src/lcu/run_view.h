@@ -55,7 +55,8 @@ class RunView {
     virtual void winchPrompt(std::string_view firstLine, std::string_view secondLine) = 0;
     virtual void runStarted(const RunHeader& header, const Path& file) = 0;
 
-    virtual void LCU_ShowLCUCurrent(float milliamps, float volts) = 0;
+    /// Not every box measures the voltage.
+    virtual void LCU_ShowLCUCurrent(float milliamps, std::optional<float> volts) = 0;
     virtual void LCU_ShowDepthSpeed(double depthMetres, double metresPerMinute) = 0;
     virtual void LCU_ShowLoggingProgress(const RunProgress& progress) = 0;
     virtual void scanKept(const KeptScanView& scan) = 0;

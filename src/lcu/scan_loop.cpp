@@ -58,11 +58,13 @@ void ScanLoop::pass() {
 void ScanLoop::onScan(std::span<const std::uint8_t> bytes) {
     ScanState& scan = run_.scan;
     modules_.lcu.setLost(false);
-    if (watch_.scanCame()) {
+    if (const LinkWatch::Back back = watch_.scanCame(); back != LinkWatch::Back::no) {
         scan.lastSampledDepth = noDepthSampled;
         backFromLoss_ = true;
+        withoutValues_ = back == LinkWatch::Back::newStream ? firstScansWithoutValues : 0;
     }
     ++scan.scans;
+    if (withoutValues_ > 0) return void(--withoutValues_);
     decoder_.LCU_GetValues(bytes);
     if (scan.current.status == -1 || scan.scans <= firstScansWithoutValues) return;
     if (!channelsAreExpected() || !depthIsBelievable()) return;
@@ -83,7 +85,8 @@ void ScanLoop::onSilence() {
     const auto mayBeSilentMs =
         silenceShownAfterMs + static_cast<std::int64_t>(byTime ? setup.interval * 1000 : 0);
     if (watch_.lost() || silentMs < mayBeSilentMs) return;
-    say(KeepingState::noScans, "the LCU sends nothing");
+    say(KeepingState::noScans,
+        byTime ? "the LCU sends nothing" : "the LCU sends nothing. If the winch turns, check the LCU");
     if (byTime) modules_.lcu.setLost(true); // by depth a standing winch is as silent
 }
 
@@ -214,8 +217,9 @@ void ScanLoop::explainNotKept() {
 
 void ScanLoop::showScan() {
     const CurrentScan& scan = run_.scan.current;
-    modules_.view.LCU_ShowLCUCurrent(scan.toolCurrent, scan.toolVoltage);
-    if (run_.scanSetup.model == lcu4) modules_.view.LCU_ShowDepthSpeed(scan.depth, speed_.metresPerMinute());
+    const bool four = run_.scanSetup.model == lcu4; // the older box measures neither voltage nor speed
+    modules_.view.LCU_ShowLCUCurrent(scan.toolCurrent, four ? std::optional(scan.toolVoltage) : std::nullopt);
+    if (four) modules_.view.LCU_ShowDepthSpeed(scan.depth, speed_.metresPerMinute());
 }
 
 void ScanLoop::say(KeepingState state, std::string_view why) {
@@ -229,6 +233,9 @@ void ScanLoop::say(KeepingState state, std::string_view why) {
 /// What is not written is worth a line that stays.
 void ScanLoop::logWriting(KeepingState before, KeepingState now, std::string_view why) {
     const std::string name = run_.file.filename().string();
+    const bool silentByTime = now == KeepingState::noScans && run_.header.setup.sampling == Sampling::time;
+    if (now == KeepingState::depthJump || silentByTime)
+        modules_.log.red("No scan is kept: " + std::string(why));
     if (now == KeepingState::writeFailed) modules_.log.red(name + ": " + std::string(why));
     if (before == KeepingState::writeFailed && now == KeepingState::kept)
         modules_.log.black(name + " is being written again");

@@ -55,6 +55,7 @@ class ScanLoop {
     RunSpeed speed_;
 
     bool ended_ = false;
+    std::int32_t withoutValues_ = 0;        ///< scans still to come that a fresh stream has no values in
     bool backFromLoss_ = false;             ///< the next depth is compared with the last one before the loss
     std::optional<int> unexpectedChannels_; ///< said last: a stretch of such scans is one fault
     std::int64_t lastByteTick_ = 0;

@@ -145,6 +145,7 @@ RunViewParts Desktop::runViewParts() {
         .currentLimit = [this] { return program_.equipment.currentTool().record.get(tool::maximumCurrent); },
         .started =
             [this](const RunHeader& header) {
+                screens_->closeOverflow();
                 screen().live().begin(header);
                 screen().logs().showPage(&screen().live());
                 screen().side().showLink(program_.link);

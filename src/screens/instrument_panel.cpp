@@ -185,9 +185,9 @@ void InstrumentPanel::showDigits() {
     speed_->setText(text(metresPerMinute_, "#0.0"));
 }
 
-void InstrumentPanel::showCurrent(float milliamps, float volts, int limit) {
+void InstrumentPanel::showCurrent(float milliamps, std::optional<float> volts, int limit) {
     current_->setText(qt(formatPicture(milliamps, "##0")));
-    voltage_->setText(qt(formatPicture(volts, "##0")));
+    voltage_->setText(volts ? qt(formatPicture(*volts, "##0")) : QString(unknown));
     currentBar_->setVisible(limit > 0);
     if (limit <= 0) return;
     currentBar_->setMaximum(limit);

@@ -29,7 +29,7 @@ class InstrumentPanel final : public QFrame {
     void showDepth(double metres);
     void showSpeed(double metresPerMinute);
     /// `limit` in mA; 0 when the tool has none.
-    void showCurrent(float milliamps, float volts, int limit);
+    void showCurrent(float milliamps, std::optional<float> volts, int limit);
     void showKeeping(KeepingState state, std::string_view words);
     /// Two lines above everything else that the panel says; none with empty texts.
     void winchPrompt(std::string_view firstLine, std::string_view secondLine);

@@ -45,7 +45,7 @@ void NoticeStrip::show(std::string_view title, std::string_view text, Icon icon,
         notices_, [&](const Notice& known) { return known.title == title && known.text == text; });
     if (same != notices_.end()) {
         ++same->times;
-        return write(*same);
+        return write();
     }
     if (notices_.size() == mostShown) dismiss(notices_.front().line);
     add({.title = std::string(title), .text = std::string(text), .since = std::string(time)}, icon);
@@ -62,33 +62,46 @@ void NoticeStrip::add(Notice notice, Icon icon) {
     auto* const dismissal = new QPushButton("Dismiss");
     dismissal->setAccessibleName("Dismiss: " + qt(notice.title));
     auto* const row = new QHBoxLayout(notice.line);
-    row->setContentsMargins(12, 6, 8, 6);
+    row->setContentsMargins(12, 4, 8, 4);
     row->setSpacing(12);
     row->addWidget(roleLabel(look.role, QString::fromUtf8(look.shape)), 0, Qt::AlignTop);
     row->addWidget(notice.label, 1);
     row->addWidget(dismissal, 0, Qt::AlignTop);
     QFrame* const line = notice.line;
     connect(dismissal, &QPushButton::clicked, this, [this, line] { dismiss(line); });
-    write(notice);
     column_->addWidget(line);
     notices_.push_back(std::move(notice));
+    write();
     setVisible(true);
 }
 
-void NoticeStrip::write(Notice& notice) {
-    const QString title = qt(notice.title).toHtmlEscaped();
-    QString text = qt(notice.text).toHtmlEscaped();
-    text.replace("\r\n", "<br>").replace('\n', "<br>");
-    const QString when = notice.times == 1
-                             ? qt(notice.since)
-                             : QString("%1 times since %2").arg(notice.times).arg(qt(notice.since));
-    notice.label->setText(QString("<b>%1</b> (%2)  %3").arg(title, when, text));
+void NoticeStrip::write() const {
+    for (const Notice& notice : notices_) {
+        QString text = qt(notice.text).toHtmlEscaped();
+        text.replace("\r\n", "<br>").replace('\n', "<br>");
+        const QString when = notice.times == 1
+                                 ? qt(notice.since)
+                                 : QString("%1 times since %2").arg(notice.times).arg(qt(notice.since));
+        const QString head = QString("<b>%1</b> (%2)").arg(qt(notice.title).toHtmlEscaped(), when);
+        const bool whole = &notice == &notices_.back();
+        notice.label->setText(whole ? head + "  " + text : head);
+        notice.label->setToolTip(whole ? QString() : text);
+    }
+}
+
+void NoticeStrip::over(std::string_view title) {
+    while (true) {
+        const auto found = std::ranges::find(notices_, title, &Notice::title);
+        if (found == notices_.end()) return;
+        dismiss(found->line);
+    }
 }
 
 void NoticeStrip::dismiss(QFrame* line) {
     std::erase_if(notices_, [line](const Notice& notice) { return notice.line == line; });
     line->deleteLater();
     line->hide();
+    write();
     setVisible(!notices_.empty());
 }
 

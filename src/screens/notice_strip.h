@@ -1,5 +1,5 @@
 // Notices above the log: lines that stay until they are dismissed and never stop the work. The same notice
-// again is counted.
+// again is counted. The latest is shown whole, those before it by their titles: the log needs the room.
 #pragma once
 
 #include "app/operator_side.h"
@@ -22,6 +22,8 @@ class NoticeStrip final : public QFrame {
 
     /// `time` is "hh:mm".
     void show(std::string_view title, std::string_view text, Icon icon, std::string_view time);
+    /// What the notices of this title say is over.
+    void over(std::string_view title);
     void clear();
     [[nodiscard]] std::size_t count() const { return notices_.size(); }
 
@@ -36,7 +38,7 @@ class NoticeStrip final : public QFrame {
     };
     void add(Notice notice, Icon icon);
     void dismiss(QFrame* line);
-    static void write(Notice& notice);
+    void write() const;
 
     QVBoxLayout* column_;
     std::vector<Notice> notices_;

@@ -220,6 +220,10 @@ void ScreenOpener::showOverflow(std::span<const std::string> lines, const ErrorF
     overflow_->showOverflow(lines, filed, program_.clock.now());
 }
 
+void ScreenOpener::closeOverflow() {
+    if (overflow_) overflow_->close();
+}
+
 void ScreenOpener::keepError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) {
     if (!error_) error_ = std::make_unique<frmERROR>(memory_, &parent_);
     error_->keepError(error, dateTime, filed);

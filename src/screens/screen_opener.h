@@ -40,6 +40,8 @@ class ScreenOpener {
     void keepError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
     /// Without blocking.
     void showUnreadErrors();
+    /// The form of the run before: nothing may lie over the plot of the next one.
+    void closeOverflow();
     void showOverflow(std::span<const std::string> lines, const ErrorFiling& filed);
 
   private:

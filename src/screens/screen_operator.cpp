@@ -39,6 +39,10 @@ void ScreenOperator::notice(std::string_view title, std::string_view text, Icon 
     screen_->notices().show(title, text, icon, formatDate(clock_->now(), "hh:mm"));
 }
 
+void ScreenOperator::noticeIsOver(std::string_view title) {
+    if (screen_ != nullptr) screen_->notices().over(title);
+}
+
 void ScreenOperator::showError(const ErrorReport& error, std::string_view dateTime,
                                const ErrorFiling& filed) {
     if (reports_.error) return reports_.error(error, dateTime, filed);

@@ -28,6 +28,7 @@ class ScreenOperator final : public OperatorSide {
     void message(std::string_view title, std::string_view text, Icon icon) override;
     Answer ask(std::string_view title, std::string_view text, Icon icon) override;
     void notice(std::string_view title, std::string_view text, Icon icon) override;
+    void noticeIsOver(std::string_view title) override;
     void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) override;
     void showOverflow(std::span<const std::string> lines, const ErrorFiling& filed) override;
     void beep() override;

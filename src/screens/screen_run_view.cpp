@@ -63,7 +63,7 @@ void ScreenRunView::runStarted(const RunHeader& header, const Path& file) {
     parts_.started(header);
 }
 
-void ScreenRunView::LCU_ShowLCUCurrent(float milliamps, float volts) {
+void ScreenRunView::LCU_ShowLCUCurrent(float milliamps, std::optional<float> volts) {
     scanTick_ = clock_.tickMs();
     latest_.milliamps = milliamps;
     latest_.volts = volts;

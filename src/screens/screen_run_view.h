@@ -37,7 +37,7 @@ class ScreenRunView final : public RunView {
     void toolButton(std::string_view key, std::string_view caption, bool enabled) override;
     void winchPrompt(std::string_view firstLine, std::string_view secondLine) override;
     void runStarted(const RunHeader& header, const Path& file) override;
-    void LCU_ShowLCUCurrent(float milliamps, float volts) override;
+    void LCU_ShowLCUCurrent(float milliamps, std::optional<float> volts) override;
     void LCU_ShowDepthSpeed(double depthMetres, double metresPerMinute) override;
     void LCU_ShowLoggingProgress(const RunProgress& progress) override;
     void scanKept(const KeptScanView& scan) override;
@@ -52,7 +52,7 @@ class ScreenRunView final : public RunView {
         std::optional<double> depth; ///< metres
         double speed = 0;            ///< metres a minute
         float milliamps = 0;
-        float volts = 0;
+        std::optional<float> volts;
         long kept = 0;
     };
     void refreshWhenDue();

@@ -231,7 +231,7 @@ TEST_F(SettingsInStore, PortsAndDrives) {
 TEST(SettingsOnScreen, LabelsAndLists) {
     EXPECT_EQ(intervalUnitLabel("TIME", DepthUnits::feet), "seconds");
     EXPECT_EQ(intervalUnitLabel("DEPTH", DepthUnits::metres), "cms");
-    EXPECT_EQ(intervalUnitLabel("DEPTH", DepthUnits::feet), "feet");
+    EXPECT_EQ(intervalUnitLabel("DEPTH", DepthUnits::feet), "cms (ft)");
     const std::vector<std::string> drives{"a:", "c: [System]", "d:"};
     EXPECT_EQ(driveListIndex(drives, "C"), 1U);
     EXPECT_EQ(driveListIndex(drives, "x"), std::nullopt);

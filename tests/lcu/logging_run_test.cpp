@@ -322,10 +322,29 @@ TEST(LoggingRun, ASilentBoxThatCameBackIsToldToStreamAgain) {
     RunRig rig({.faults = {"hang-up@12=4000", "power-cut@12=2000"}});
     rig.view.stopAfterKept = 20;
     rig.view.stopAfterMs = 25'000; // it does not take half a minute
+    LostWatcher lamp;
+    rig.lcu.setWatcher(&lamp);
+    std::string inTheRun;
+    rig.view.atPass = [&] { inTheRun = lamp.seen; };
     EXPECT_EQ(rig.startLogging(), RunResult::finished);
     EXPECT_TRUE(rig.heard().find(" V TD+5 Q V X Q") != std::string::npos) << rig.heard();
     EXPECT_THAT(rig.faultLines(), ElementsAre("2Communications lost", "1Communications re-established"));
+    EXPECT_EQ(inTheRun, "ready lost ready ");
     EXPECT_EQ(rig.view.written, 20);
+    // Of a stream that starts afresh the first two scans have no values and the third is where sampling
+    // starts.
+    const Bytes onFile = rig.scansOnFile();
+    const auto& scans = rig.truth.scans();
+    const auto sent = [](const lcusim::ScanRecord& scan) { return scan.fate == lcusim::ScanFate::sent; };
+    const auto last = std::find_if_not(scans.rbegin(), scans.rend(), sent);
+    ASSERT_NE(last, scans.rend());
+    for (int nth = 0; nth < 5; ++nth) {
+        const std::int32_t millimetres = last.base()[nth].depthCount * 10;
+        int found = 0;
+        for (std::size_t at = 0; at < onFile.size(); at += recordLength)
+            found += readI32le(&onFile[at]) == millimetres;
+        EXPECT_EQ(found, nth < 3 ? 0 : 1) << "scan " << nth + 1 << " of the second stream";
+    }
 }
 
 TEST(LoggingRun, ADepthFarOffAfterALossEndsTheRun) {
@@ -380,7 +399,7 @@ TEST(LoggingRun, AFullDiskCostsNoScan) {
 /// The folder may not be written any more, or the file has gone: the rest is a run of its own somewhere else.
 TEST(LoggingRun, ScansThatTheRunFileDoesNotTakeAreSavedElsewhere) {
     for (const auto& [gone, where] :
-         {std::pair(false, "rescue/H1_K215_02.kvx"), {true, "project/H1_K215_02.kvx"}}) {
+         {std::pair(false, "rescue/Rescued_H1_K215_01.kvx"), {true, "project/Rescued_H1_K215_01.kvx"}}) {
         RunRig rig;
         rig.order.rescueFolders = {"project", "rescue"};
         rig.view.atPass = [&] {
@@ -396,6 +415,7 @@ TEST(LoggingRun, ScansThatTheRunFileDoesNotTakeAreSavedElsewhere) {
         ASSERT_TRUE(rescued);
         EXPECT_EQ(rescued->steps(), 7U);
         EXPECT_EQ(rescued->header.tool.code, "K215");
+        EXPECT_EQ(rig.view.written, gone ? 0 : 5) << "what has gone with its file is not on file";
         const Path saved = where;
         EXPECT_TRUE(rig.files.exists(saved.parent_path() / "Backup" / saved.filename())) << where;
         EXPECT_THAT(rig.operatorSide.shown, testing::Each(testing::Not(testing::HasSubstr("Try again?"))));

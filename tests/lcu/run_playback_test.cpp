@@ -25,7 +25,7 @@ class Watcher final : public RunView {
     void runStarted(const RunHeader& header, const Path& file) override {
         started = header.tool.code + "|" + file.string();
     }
-    void LCU_ShowLCUCurrent(float milliamps, float) override { current = milliamps; }
+    void LCU_ShowLCUCurrent(float milliamps, std::optional<float>) override { current = milliamps; }
     void LCU_ShowDepthSpeed(double depth, double speed) override { depthSpeed = {depth, speed}; }
     void LCU_ShowLoggingProgress(const RunProgress& now) override { progress = now; }
     void scanKept(const KeptScanView& scan) override {

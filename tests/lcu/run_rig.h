@@ -46,7 +46,7 @@ class RigView final : public RunView {
         started = true;
         startTick_ = clock_.tickMs();
     }
-    void LCU_ShowLCUCurrent(float, float) override { ++currentsShown; }
+    void LCU_ShowLCUCurrent(float, std::optional<float>) override { ++currentsShown; }
     void LCU_ShowDepthSpeed(double, double) override { ++depthsShown; }
     void LCU_ShowLoggingProgress(const RunProgress& progress) override { ended = progress.ended; }
     void scanKept(const KeptScanView& scan) override { kept = scan.number; }
