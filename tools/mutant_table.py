@@ -78,7 +78,7 @@ MUTANTS = [
     Mutant("a torn tail is not cut off", "lcu_tests", "src/lcu/logging_run.cpp",
            "cut = cutTornTail(modules_.files, run_.file); cut > 0", "cut = 0; cut > 0"),
     Mutant("the tool stays powered at the end", "lcu_tests", "src/lcu/logging_run.cpp",
-           "    modules_.lcu.LCU_PowerOFF_Reset();\n", ""),
+           "modules_.lcu.LCU_PowerOFF_Reset() != LinkResult::good", "false"),
     Mutant("ER30 goes to pairs three to seven", "lcu_tests", "src/lcu/run_commands.cpp",
            "firstEnergyPair = 4;", "firstEnergyPair = 3;"),
     Mutant("an LCU4 steps by whole centimetres", "lcu_tests", "src/lcu/lcu_models.h",

@@ -13,9 +13,10 @@ struct IntervalRange {
     double most;
 };
 
-/// Seconds by time, centimetres of cable by depth: what a box can step by.
+/// Seconds by time, centimetres of cable by depth. A depth a metre or more from the last sample is never
+/// kept, so by depth an interval has to be less than that.
 [[nodiscard]] constexpr IntervalRange intervalRange(Sampling sampling) {
-    return sampling == Sampling::depth ? IntervalRange{1, 10'000} : IntervalRange{0.01, 3600};
+    return sampling == Sampling::depth ? IntervalRange{1, 99} : IntervalRange{0.01, 3600};
 }
 
 /// One sentence; empty when the text is an interval that a box can step by.

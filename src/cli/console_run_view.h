@@ -3,9 +3,9 @@
 #pragma once
 
 #include "cli/console_lines.h"
-#include "cli/stop_signals.h"
 #include "lcu/run_view.h"
 #include "platform/clock.h"
+#include "platform/stop_signals.h"
 
 #include <optional>
 #include <string>

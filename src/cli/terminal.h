@@ -3,8 +3,8 @@
 
 #include "cli/console_lines.h"
 #include "cli/console_operator.h"
-#include "cli/stop_signals.h"
 #include "cli/verb.h"
+#include "platform/stop_signals.h"
 
 #include <functional>
 #include <iostream>

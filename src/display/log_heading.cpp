@@ -2,6 +2,7 @@
 
 #include "base/number_picture.h"
 #include "base/text.h"
+#include "files/run_details.h"
 
 #include <algorithm>
 #include <cmath>
@@ -144,8 +145,7 @@ void addRemarks(LogHeading& heading, const ReviewLog& log) {
     if (log.reversed) heading.remarks.emplace_back("Logged upwards; shown from the top down.");
     if (log.truncated) heading.remarks.emplace_back("The file holds more depth steps than are shown.");
     if (log.skippedScans > 0) {
-        heading.remarks.push_back(std::to_string(log.skippedScans) +
-                                  " scans without a valid depth are left out.");
+        heading.remarks.push_back(skippedText(log) + " are left out.");
     }
 }
 

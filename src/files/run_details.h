@@ -15,6 +15,9 @@ struct DetailRow {
     std::string value;
 };
 
+/// "51 scans without a valid depth (less than 2000 ft)"; empty when no scan was left out in reading.
+[[nodiscard]] std::string skippedText(const ReviewLog& log);
+
 /// File, hole, tool, winch, sampling, scans, as far as the file says; a line for skipped scans and one for a
 /// torn record only when there are such.
 [[nodiscard]] std::vector<DetailRow> runSummary(const ReviewLog& log, const Path& file);

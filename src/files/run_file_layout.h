@@ -6,6 +6,7 @@
 // slots, slot 0 being "Speed". docs/formats/run_file.md tells the same in prose.
 #pragma once
 
+#include "base/depth_units.h"
 #include "base/fixed_record.h"
 #include "base/limits.h"
 
@@ -305,5 +306,10 @@ static_assert(trailer(7) + trailerLength == scanLength(7));
 /// A raw depth from here on says that the scan has no valid depth.
 constexpr std::int32_t invalidDepth = 2000000;
 } // namespace scan
+
+/// False for a depth, in metres, that a reader of the file takes for none: from 2,000 m or 2,000 ft on.
+[[nodiscard]] constexpr bool isValidDepth(double metres, DepthUnits units) {
+    return fromMetres(metres, units) * 1000 < scan::invalidDepth - 0.5;
+}
 
 } // namespace tarvik::run_file

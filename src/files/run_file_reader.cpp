@@ -1,6 +1,7 @@
 #include "files/run_file_reader.h"
 
 #include "base/failure.h"
+#include "files/run_details.h"
 #include "files/run_file_layout.h"
 #include "files/scan_loader.h"
 #include "files/scan_pieces.h"
@@ -70,6 +71,8 @@ bool RunFileReader::scanTarvikdatavalues(const Path& file, const RunFileShape& s
     return errors_.run("Logdisplay1-scanTarvikdatavalues", false, [&](Level& level) {
         loadScans(files_, file, shape, review, progress);
         level = 1; // telling what was not read
+        if (review.skippedScans > 0)
+            log_.red(file.filename().string() + ": " + skippedText(review) + " are left out");
         if (review.truncated) log_.red("Scan Tarvik data values - too many data points for array");
         if (review.partialBytes != 0) {
             log_.red("Scan Tarvik data values - last scan is incomplete, " +

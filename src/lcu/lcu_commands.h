@@ -33,6 +33,11 @@ class LinkWatcher {
     virtual void linkChanged(const LinkState& link) = 0;
 };
 
+/// After a power-down that the LCU has not confirmed.
+inline constexpr std::string_view toolPowerUnknown =
+    "The LCU has not confirmed that it powered the tool down. Switch the LCU off before anyone touches the "
+    "tool.";
+
 class LcuCommands {
   public:
     LcuCommands(ErrorTrap& errors, StatusLog& log, OperatorSide& operatorSide, LcuPort& port, LinkState& link)

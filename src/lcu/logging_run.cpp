@@ -188,7 +188,8 @@ bool LoggingRun::continueLatest() {
 bool LoggingRun::close(const RunOrder& order) {
     const std::int64_t now = modules_.clock.tickMs();
     const double minutes = static_cast<double>(now - run_.startTick.value_or(now)) / 60000.0;
-    modules_.lcu.LCU_PowerOFF_Reset();
+    if (modules_.lcu.LCU_PowerOFF_Reset() != LinkResult::good)
+        modules_.operatorSide.notice("Tool power", toolPowerUnknown, Icon::critical);
     const bool allWritten = writeHeld(order);
     logRunSummary(modules_.log, run_.tally, written(), minutes, run_.header.setup.units);
     modules_.view.toolButton(bullseyeButton.key, bullseyeButton.caption, false);

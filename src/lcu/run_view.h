@@ -17,6 +17,7 @@ enum class RunChoice { cancel, append, newRun };
 /// Why scans that arrive are not kept, said in words while it lasts.
 enum class KeepingState {
     kept,
+    tooDeep, ///< written, but at a depth that is none in a run file
     notRecording,
     depthJump,
     outOfRange,

@@ -74,7 +74,7 @@ void ScanLoop::onScan(std::span<const std::uint8_t> bytes) {
     if (!currentIsSafe()) return;
     if (!scan.flags.inRange || !scan.flags.advance) return explainNotKept();
     keep();
-    if (scan.flags.endReached) ended_ = true;
+    if (scan.flags.endReached) endOfInterval();
 }
 
 void ScanLoop::onSilence() {
@@ -85,8 +85,10 @@ void ScanLoop::onSilence() {
     const auto mayBeSilentMs =
         silenceShownAfterMs + static_cast<std::int64_t>(byTime ? setup.interval * 1000 : 0);
     if (watch_.lost() || silentMs < mayBeSilentMs) return;
-    say(KeepingState::noScans,
-        byTime ? "the LCU sends nothing" : "the LCU sends nothing. If the winch turns, check the LCU");
+    const bool up = setup.direction == Direction::up;
+    say(KeepingState::noScans, byTime ? "the LCU sends nothing"
+                               : up   ? "the LCU sends nothing: the winch stands or runs down"
+                                      : "the LCU sends nothing: the winch stands or runs up");
     if (byTime) modules_.lcu.setLost(true); // by depth a standing winch is as silent
 }
 
@@ -160,6 +162,16 @@ bool ScanLoop::currentIsSafe() {
     return false;
 }
 
+/// The program does not drive the winch: whoever does has to be told.
+void ScanLoop::endOfInterval() {
+    const RunSetup& setup = run_.header.setup;
+    const double last = setup.direction == Direction::up ? setup.topDepth : setup.bottomDepth;
+    const std::string reached =
+        "End of the interval to " + depthText(last) + " reached at " + depthText(run_.scan.current.depth);
+    modules_.log.blue(reached);
+    end("End of the interval", reached + ". The run has been ended. Stop the winch.");
+}
+
 // ---- Keeping.
 
 void ScanLoop::keep() {
@@ -193,12 +205,27 @@ void ScanLoop::store(KeptScanView& shown) {
          .magneticMarker = run_.header.setup.magneticMarker});
     shown.savedDepth = saved;
     modules_.view.scanKept(shown);
-    if (!saved.empty()) return say(KeepingState::kept, {});
+    if (!saved.empty() && run_file::isValidDepth(scan.depth, run_.header.setup.units))
+        return say(KeepingState::kept, {});
+    if (!saved.empty()) return sayTooDeep();
     say(KeepingState::writeFailed,
         modules_.writer.held() == 0 ? "the scan could not be written, see the error log"
         : modules_.writer.lost() > 0
             ? "the run file cannot be written and no more scans can be held: they are lost"
             : "the run file cannot be written; scans are held until it can");
+}
+
+/// Everything is on file, but a reader of run files takes such depths for none.
+void ScanLoop::sayTooDeep() {
+    const bool feet = run_.header.setup.units == DepthUnits::feet;
+    const std::string why = std::string("a run file holds no valid depth from ") +
+                            (feet ? "2000 ft on. Log in metres" : "2000 m on");
+    if (shownState_ != KeepingState::tooDeep)
+        modules_.operatorSide.notice("Too deep for the run file",
+                                     "At " + depthText(run_.scan.current.depth) + ": " + why +
+                                         "; what is logged now is left out when the file is read.",
+                                     Icon::critical);
+    say(KeepingState::tooDeep, why);
 }
 
 /// A scan between two samples is nothing to speak of; one that can never become a sample is.
@@ -236,6 +263,7 @@ void ScanLoop::logWriting(KeepingState before, KeepingState now, std::string_vie
     const bool silentByTime = now == KeepingState::noScans && run_.header.setup.sampling == Sampling::time;
     if (now == KeepingState::depthJump || silentByTime)
         modules_.log.red("No scan is kept: " + std::string(why));
+    if (now == KeepingState::tooDeep) modules_.log.red(name + ": " + std::string(why));
     if (now == KeepingState::writeFailed) modules_.log.red(name + ": " + std::string(why));
     if (before == KeepingState::writeFailed && now == KeepingState::kept)
         modules_.log.black(name + " is being written again");

@@ -34,10 +34,12 @@ class ScanLoop {
     [[nodiscard]] bool channelsAreExpected();
     [[nodiscard]] bool depthIsBelievable();
     [[nodiscard]] bool currentIsSafe();
+    void endOfInterval();
 
     void showScan();
     void keep();
     void store(KeptScanView& shown);
+    void sayTooDeep();
     void explainNotKept();
     void say(KeepingState state, std::string_view why);
     void logWriting(KeepingState before, KeepingState now, std::string_view why);

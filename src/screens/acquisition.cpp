@@ -51,7 +51,10 @@ void Acquisition::setDepth(double metres) {
 
 void Acquisition::setDepthNow(double metres) {
     const DepthSetting outcome = setWinchDepth(program_.lcu, program_.log, metres);
-    if (outcome == DepthSetting::done) screen_.side().instrument().showDepth(metres);
+    if (outcome == DepthSetting::done) {
+        screen_.side().instrument().showDepth(metres);
+        panel().clearDepthToSet(); // a stray Enter must not set it again
+    }
     if (const std::string remedy = depthSettingRemedy(outcome); !remedy.empty())
         program_.frame.operatorSide.message("Winch depth", remedy, Icon::exclamation);
     gate_.exchangeEnded();
@@ -66,7 +69,10 @@ void Acquisition::watchDepth() {
     unanswered_ = centimetres ? 0 : unanswered_ + 1;
     if (const bool lost = unanswered_ >= mayStayUnanswered; lost != link.lost) {
         program_.lcu.setLost(lost);
+        lost ? program_.log.red("The LCU does not answer any more")
+             : program_.log.blue("The LCU answers again");
         show();
+        if (parts_.linkChanged) parts_.linkChanged();
     }
     gate_.exchangeEnded();
 }
@@ -124,6 +130,7 @@ void Acquisition::runNow() {
     const RunResult result = run_->comstartlogging(*ordered);
     view_.reset();
     if (result == RunResult::notStarted) screen_.side().instrument().clear();
+    if (result == RunResult::failed && !run_->state().startTick) screen_.side().instrument().showNotStarted();
     panel().setState(p.link.lost ? RunPanel::State::noLcu : RunPanel::State::ready);
     screen_.side().showLink(p.link);
     gate_.exchangeEnded();

@@ -40,6 +40,7 @@ Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
     QObject::connect(&mainTimer_, &QTimer::timeout, [this] {
         acquisition_->watchDepth();
         closeWhenFree();
+        if (endIsAsked_()) endStepByStep();
     });
 }
 
@@ -152,7 +153,8 @@ RunViewParts Desktop::runViewParts() {
             },
         .shown = [this] { screen().live().follow(runShown()->ring); },
         .stopping = [this] { screen().live().showDisplay({}); },
-        .ended = [this] { runEnded(); }};
+        .ended = [this] { runEnded(); },
+        .linkChanged = [this] { showAcquire(); }};
 }
 
 /// While a run goes on nothing may lie over its plot: a notice says it, and the form opens when the run is
@@ -321,12 +323,25 @@ void Desktop::closeWhenFree() {
     if (std::exchange(closeAfterSearch_, false)) closeRequested();
 }
 
+/// What is under way first; the next step comes with the next second.
+void Desktop::endStepByStep() {
+    searchCancelled_ = true;
+    if (acquisition_->running()) return acquisition_->stop();
+    if (demonstration_->running()) return demonstration_->stop();
+    if (!gate_.open()) return;
+    if (QWidget* const inTheWay = QApplication::activeModalWidget()) return void(inTheWay->close());
+    program_.state.exitConfirmation = false;
+    toolClick("MB-Exit");
+}
+
 /// Without waiting for the answer: the run goes on behind the box.
 void Desktop::offerToStop() {
     if (screen().findChild<QMessageBox*>("boxstopandclose") != nullptr) return;
-    auto* const box = makeMessageBox(Icon::exclamation, "Tarvik",
-                                     "A logging run is under way.\nStop it, power the tool down and close?",
-                                     &screen())
+    const char* const question =
+        program_.link.lost ? "A logging run is under way, and the LCU does not answer.\nStop the run and "
+                             "close? The tool may keep its power."
+                           : "A logging run is under way.\nStop it, power the tool down and close?";
+    auto* const box = makeMessageBox(Icon::exclamation, "Tarvik", question, &screen())
                           .release(); // its own parent's from here on
     box->setObjectName("boxstopandclose");
     box->setAttribute(Qt::WA_DeleteOnClose);
@@ -335,11 +350,17 @@ void Desktop::offerToStop() {
     box->setDefaultButton(box->addButton("&Go on logging", QMessageBox::RejectRole));
     QObject::connect(stop, &QPushButton::clicked, [this] {
         if (!acquisition_->running()) return closeRequested();
-        acquisition_->whenEnded([this] { QTimer::singleShot(0, [this] { closeRequested(); }); });
+        acquisition_->whenEnded([this] { QTimer::singleShot(0, [this] { closeAfterRun(); }); });
         acquisition_->stop();
     });
     box->setModal(false); // the stop key works beside it
     box->show();
+}
+
+/// The notice of the run would go with the window.
+void Desktop::closeAfterRun() {
+    if (program_.link.powerDoubtful) operator_.message("Tool power", toolPowerUnknown, Icon::critical);
+    closeRequested();
 }
 
 /// Nothing is lost by stopping it: no question is worth it.

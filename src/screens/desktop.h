@@ -27,6 +27,9 @@ class Desktop {
     /// Start-up to the main screen in "REVIEW"; false when the display is too small and the program is to
     /// end.
     bool startUp();
+    /// Asked once a second: once it is true the program ends in order, a run with its closing steps, without
+    /// a question.
+    void endWhen(std::function<bool()> asked) { endIsAsked_ = std::move(asked); }
 
     [[nodiscard]] Program& program() { return program_; }
     [[nodiscard]] IntroScreen& screen() { return *window_.screen(); }
@@ -58,9 +61,11 @@ class Desktop {
     void showDemo();
     void closeRequested();
     void closeWhenFree();
+    void endStepByStep();
     void allowAcquire();
     void showCalibTest();
     void offerToStop();
+    void closeAfterRun();
     void stopDemonstrationAndClose();
     void endProcess();
 
@@ -77,6 +82,7 @@ class Desktop {
     std::unique_ptr<ReviewSession> review_;
     std::unique_ptr<ScreenOpener> screens_;
     QTimer mainTimer_;
+    std::function<bool()> endIsAsked_ = [] { return false; };
     bool searchCancelled_ = false;
     bool closeAfterSearch_ = false;
     bool ended_ = false;

@@ -1,6 +1,7 @@
 #include "screens/desktop_main.h"
 
 #include "cli/verb.h"
+#include "platform/stop_signals.h"
 #include "screens/desktop.h"
 #include "screens/icons.h"
 #include "screens/message_box.h"
@@ -22,8 +23,9 @@ ProgramOptions optionsFrom(int argc, char** argv) {
     return programOptions(arguments);
 }
 
-int showDesktop(const ProgramOptions& options) {
+int showDesktop(const ProgramOptions& options, const StopSignals& stopSignals) {
     Desktop desktop(options);
+    desktop.endWhen([&stopSignals] { return stopSignals.arrived(); });
     if (!desktop.startUp()) return exitFailed;
     return desktop.ended() ? exitDone : QApplication::exec();
 }
@@ -45,14 +47,15 @@ int runDesktop(int argc, char** argv) {
         std::cerr << "tarvik: there is no display for the desktop. The verbs need none: tarvik --help\n";
         return exitFailed;
     }
-    int toolkitArgc = 1; // the words are ours, the toolkit gets the program's name only
+    const StopSignals stopSignals; // before the toolkit starts threads
+    int toolkitArgc = 1;           // the words are ours, the toolkit gets the program's name only
     QApplication application(toolkitArgc, argv);
     QApplication::setApplicationName("Tarvik");
     QApplication::setQuitOnLastWindowClosed(false);
     applyTheme(application, Theme::light);
     QApplication::setWindowIcon(icon("app"));
     try {
-        return showDesktop(optionsFrom(argc, argv));
+        return showDesktop(optionsFrom(argc, argv), stopSignals);
     } catch (const UsageError& error) {
         std::cerr << "tarvik: " << error.what() << "\nTry: tarvik --help\n";
         return exitUsage;

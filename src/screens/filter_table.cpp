@@ -142,6 +142,7 @@ void FilterTable::setRows(const std::vector<TableRow>& rows) {
 
 void FilterTable::fitColumns() {
     constexpr int air = 12;
+    constexpr int widest = 320; // one long text does not push the other columns out of sight
     columnsFit_ = true;
     table_->resizeColumnsToContents();
     const bool lastStretches = table_->horizontalHeader()->stretchLastSection();
@@ -149,7 +150,7 @@ void FilterTable::fitColumns() {
         const bool number = table_->item(0, column)->textAlignment() & Qt::AlignRight;
         table_->horizontalHeaderItem(column)->setTextAlignment((number ? Qt::AlignRight : Qt::AlignLeft) |
                                                                Qt::AlignVCenter);
-        table_->setColumnWidth(column, table_->columnWidth(column) + air);
+        table_->setColumnWidth(column, std::min(table_->columnWidth(column) + air, widest));
     }
 }
 

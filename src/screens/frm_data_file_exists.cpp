@@ -84,26 +84,27 @@ void frmDataFileExists::buildChoice(const LoggingRuns& runs, const std::vector<A
 void frmDataFileExists::buildAdvanced(const std::vector<AppendRow>& comparison) {
     table_ = new FilterTable({.objectName = "appendchecks",
                               .title = "What has to agree",
-                              .heads = {"Check of", "Latest run", "Now", "Outcome"},
+                              .heads = {"Check of", "Outcome", "Now", "Latest run"},
                               .empty = "Nothing could be compared."},
                              memory());
     std::vector<TableRow> rows;
     for (const AppendRow& one : comparison) {
         rows.push_back({.key = static_cast<int>(rows.size()),
                         .cells = {{qt(one.what), QString::number(rows.size())},
-                                  {qt(one.onFile)},
+                                  {markOf(one)},
                                   {qt(one.now)},
-                                  {markOf(one)}},
+                                  {qt(one.onFile)}},
                         .bold = !one.agrees});
     }
     table_->setRows(rows);
-    table_->setMinimumHeight(340);
+    table_->setMinimumHeight(200);
     body()->addWidget(table_, 1);
 }
 
 void frmDataFileExists::showAdvanced(bool shown) {
     table_->setVisible(shown);
     advanced_->setText(shown ? hideText : showText);
+    advanced_->setShortcut(QKeySequence("Alt+S"));
     setMinimumWidth(shown ? 760 : 560);
     layout()->activate();
     resize(minimumWidth(), sizeHint().height());

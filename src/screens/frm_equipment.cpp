@@ -19,6 +19,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
+#include <tuple>
 
 namespace tarvik {
 
@@ -176,9 +177,20 @@ void frmEquipment::fillLists(const EquipmentChoice& tool, const EquipmentChoice&
     recallMode();
 }
 
+/// What was saved there is newer than what stands here.
 void frmEquipment::addToolClicked() {
+    const Settings& now = modules_.settings;
+    const Settings before = now;
     if (modules_.addTool) modules_.addTool();
-    fillLists(choiceIn(*tool_), choiceIn(*winch_));
+    const auto chosen = [](const Settings& s) {
+        return std::tie(s.currentTool, s.currentToolSerial, s.currentWinch, s.currentWinchSerial);
+    };
+    const auto sampled = [](const Settings& s) {
+        return std::tie(s.samplingMethod, s.samplingInterval, s.logDirection, s.depthUnits);
+    };
+    if (sampled(now) != sampled(before)) sampling_->load(now);
+    if (chosen(now) == chosen(before)) return fillLists(choiceIn(*tool_), choiceIn(*winch_));
+    fillLists({now.currentTool, now.currentToolSerial}, {now.currentWinch, now.currentWinchSerial});
 }
 
 int frmEquipment::mode() const {

@@ -48,6 +48,8 @@ StateLook lookOf(KeepingState state) {
     switch (state) {
     case KeepingState::kept:
         return {"good", "\u25cf", "RECORDING"};
+    case KeepingState::tooDeep:
+        return {"bad", "\u25b2", "TOO DEEP FOR FILE"};
     case KeepingState::notRecording:
         return {"warning", "\u25a0", "NOT RECORDING"};
     case KeepingState::communicationsLost:
@@ -210,6 +212,10 @@ void InstrumentPanel::showKeeping(KeepingState state, std::string_view words) {
 
 void InstrumentPanel::showIdle(const QString& words, const QString& remedy) {
     showState("quiet", words, remedy);
+}
+
+void InstrumentPanel::showNotStarted() {
+    showState("bad", "\u2716  RUN NOT STARTED", "Leave the winch. The event log says why.");
 }
 
 void InstrumentPanel::hideScans() {

@@ -34,6 +34,8 @@ class InstrumentPanel final : public QFrame {
     /// Two lines above everything else that the panel says; none with empty texts.
     void winchPrompt(std::string_view firstLine, std::string_view secondLine);
     /// No run: what the panel says instead of a recording state.
+    /// The preparation failed: the words that let the winch start must not be the last ones.
+    void showNotStarted();
     void showIdle(const QString& words, const QString& remedy = {});
     void showScans(long scans, const QString& fileSize);
     void hideScans();

@@ -26,6 +26,8 @@ class LiveDisplay final : public QWidget {
     void begin(const RunHeader& header);
     /// What the run has kept since the last call. At most ten times a second: it draws.
     void follow(const AcquisitionRing& ring);
+    /// Whether the readings are those of now; pale when they are not.
+    void showReadingsAsLatest(bool latest) { values_->setEnabled(latest); }
     /// What the tool's button says: "Bullseye", "Gauges", "Logs" …
     void showDisplay(std::string_view caption);
     void setScale(double scale);

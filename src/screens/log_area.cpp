@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
@@ -74,6 +75,8 @@ void LogArea::showEmpty(const QString& headline, const QString& text, std::vecto
     for (NextStep& step : steps) {
         auto* const button = new QPushButton(step.text);
         button->setMinimumWidth(280);
+        connect(new QShortcut(Qt::Key_Return, button, nullptr, nullptr, Qt::WidgetShortcut),
+                &QShortcut::activated, button, [button] { button->animateClick(); });
         connect(button, &QPushButton::clicked, button, [act = std::move(step.act)] { act(); });
         steps_->addWidget(button, 0, Qt::AlignHCenter);
     }

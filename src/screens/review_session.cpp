@@ -1,6 +1,7 @@
 #include "screens/review_session.h"
 
 #include "display/annotations.h"
+#include "files/run_details.h"
 #include "screens/qt_text.h"
 
 #include <QApplication>
@@ -18,6 +19,10 @@ bool ReviewSession::open(const Path& file) {
     file_ = file;
     hand(&*log_);
     program_.state.runFileName = file.filename().string();
+    if (log_->skippedScans > 0)
+        program_.frame.operatorSide.notice(
+            "Scans left out", skippedText(*log_) + " are left out of what is shown, printed and exported.",
+            Icon::exclamation);
     show();
     screen_.reviewPages().currentWidget()->setFocus(); // the keys move the paper
     return true;

@@ -14,6 +14,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <cmath>
 #include <utility>
 
 namespace tarvik {
@@ -145,7 +146,13 @@ QWidget* RunPanel::makeDepthSetting() {
     return box;
 }
 
+/// What stands in the fields keeps its meaning.
 void RunPanel::setUnits(DepthUnits units) {
+    for (QLineEdit* const edit : {top_, bottom_, endDistance_, depthToSet_}) {
+        const auto metres = units == units_ ? std::nullopt : metresIn(*edit);
+        if (metres)
+            edit->setText(QString::number(std::round(fromMetres(*metres, units) * 100) / 100, 'g', 9));
+    }
     units_ = units;
     const QString unit = units == DepthUnits::metres ? "m" : "ft";
     depthField_->setUnit(unit);
@@ -164,6 +171,10 @@ void RunPanel::showOrder(const QString& hole, const QString& tool, const QString
 void RunPanel::showFile(const QString& file) {
     file_->setText(file);
     file_->setVisible(!file.isEmpty());
+}
+
+void RunPanel::clearDepthToSet() {
+    depthToSet_->clear();
 }
 
 void RunPanel::setState(State state) {

@@ -33,6 +33,7 @@ class RunPanel final : public QFrame {
     /// Lines such as "Hole DH-1"; a tool that is not chosen yet says so.
     void showOrder(const QString& hole, const QString& tool, const QString& winch, const QString& sampling);
     void showFile(const QString& file);
+    void clearDepthToSet();
 
     enum class State { noLcu, ready, running, stopping };
     void setState(State state);

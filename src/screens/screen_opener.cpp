@@ -143,7 +143,7 @@ void ScreenOpener::openEquipment(const ScreenRequest&) {
                   .memory = memory_,
                   .addTool =
                       [this] {
-                          openSetup({"frmSetup", 2});
+                          openSetup({"frmSetup", 2, 1}); // "Your tools"
                       },
                   .setDeviation = [this] { openDeviation({"frmDeviation"}); }},
                  &parent_)

@@ -124,6 +124,9 @@ void ScreenRunView::keepingState(KeepingState state, std::string_view words) {
     keepingShown_ = true;
     saidSilent_ = state == KeepingState::noScans || state == KeepingState::communicationsLost;
     if (saidSilent_) refresh();
+    const bool kept = state == KeepingState::kept || state == KeepingState::tooDeep ||
+                      state == KeepingState::notRecording || state == KeepingState::writeFailed;
+    screen_.live().showReadingsAsLatest(kept);
     screen_.side().instrument().showKeeping(state, words);
 }
 

@@ -19,6 +19,7 @@ struct RunViewParts {
     std::function<void()> shown;                   ///< scans have been kept; at most ten times a second
     std::function<void()> stopping;                ///< the stop button: the scan in hand is the last
     std::function<void()> ended;
+    std::function<void()> linkChanged; ///< the idle box was lost or is back
 };
 
 class ScreenRunView final : public RunView {

@@ -64,7 +64,7 @@ TEST_F(CommandLine, WrongUsageIsTwoWithTheReasonAndTheWayToTheHelp) {
         {{"equipment", "remove-tool", "first"}, "\"first\" is not a number of the list"},
         {{"log", "--project", "P", "--hole", "H", "--interval", "0"}, "from 0.01 to 3600 seconds"},
         {{"log", "--project", "P", "--hole", "H", "--sampling", "DEPTH", "--interval", "0.99"},
-         "from 1 to 10000 centimetres"},
+         "from 1 to 99 centimetres"},
         {{"log", "--project", "P", "--hole", "H", "--top", "5", "--bottom", "5"},
          "The top depth must be less"},
         {{"log", "--project", "..", "--hole", "H"}, "A project is a single folder"},

@@ -1,6 +1,6 @@
 #include "cli/console_operator.h"
 #include "cli/json.h"
-#include "cli/stop_signals.h"
+#include "platform/stop_signals.h"
 
 #include <gtest/gtest.h>
 #include <limits>

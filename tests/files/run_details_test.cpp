@@ -49,7 +49,8 @@ TEST(RunDetails, TheSummaryNamesDamageOnlyWhenThereIsAny) {
     log.skippedScans = 3;
     log.partialBytes = 7;
     EXPECT_EQ(joined(runSummary(log, "H1_K201_01.kvx")),
-              sound + "Skipped=3 without a depth\nTorn=7 bytes of a last record, not read\n");
+              sound + "Left out=3 scans without a valid depth (less than 2000 ft)\nTorn=7 bytes of a last "
+                      "record, not read\n");
 }
 
 TEST(RunDetails, TheScreensRowsAddWhatTheSummaryHasNoRoomFor) {

@@ -52,8 +52,8 @@ TEST(frmDataFileExists, TheAdvancedOptionsShowWhatDiffers) {
     EXPECT_TRUE(table.isVisible());
     EXPECT_EQ(button.text(), "Hide advanced append options  <<");
     ASSERT_EQ(table.rowCount(), 2);
-    EXPECT_EQ(table.item(0, 3)->text(), "\u2713 agrees");
-    EXPECT_EQ(table.item(1, 3)->text(), "\u2716 differs");
+    EXPECT_EQ(table.item(0, 1)->text(), "\u2713 agrees");
+    EXPECT_EQ(table.item(1, 1)->text(), "\u2716 differs");
     button.click();
     EXPECT_FALSE(table.isVisible());
 }

@@ -47,7 +47,7 @@ TEST(frmEquipment, UsingItStoresTheChoiceAndLoadsTheRecords) {
     auto& interval = control<QLineEdit>(screen, "txtsamplinginterval");
     click(screen, "comuseequipment"); // half a second is no centimetre
     EXPECT_EQ(screen.result(), QDialog::Rejected);
-    EXPECT_EQ(interval.accessibleDescription(), "A number from 1 to 10000 centimetres of cable.");
+    EXPECT_EQ(interval.accessibleDescription(), "A number from 1 to 99 centimetres of cable.");
     interval.setText("5");
     click(screen, "comuseequipment");
     EXPECT_EQ(screen.result(), QDialog::Accepted);

@@ -191,7 +191,7 @@ TEST_F(Setup, TheIntervalFollowsMethodAndUnit) {
     screen->selectPage(2, 0);
     auto& interval = edit("txtsamplinginterval");
     press("optdepth");
-    EXPECT_EQ(interval.accessibleDescription(), "A number from 1 to 10000 centimetres of cable.");
+    EXPECT_EQ(interval.accessibleDescription(), "A number from 1 to 99 centimetres of cable.");
     interval.setText("5");
     press("optfeet");
     EXPECT_EQ(interval.accessibleDescription(), "Counts cable: 5 cm (0.164 ft).");
