@@ -58,6 +58,8 @@ std::string_view remedy(OrderPart part) {
         return " (--hole H)";
     case OrderPart::interval:
         return " (--interval X)";
+    case OrderPart::winch:
+        return " (WinchScaleFactor in settings.ini)";
     case OrderPart::limits:
         return " (--top M, --bottom M)";
     }
@@ -126,7 +128,8 @@ int runLog(const Arguments& arguments) {
 
     if (!session.acquire()) return exitFailed;
     if (depthToSet) {
-        const DepthSetting outcome = setWinchDepth(program.lcu, program.log, *depthToSet);
+        const DepthSetting outcome =
+            setWinchDepth(program.lcu, program.log, *depthToSet, order.setup.winchDepthFactor);
         if (outcome != DepthSetting::done) {
             std::cerr << "The depth could not be set to " << *depthToSet << " m. "
                       << depthSettingRemedy(outcome) << "\n";

@@ -7,14 +7,15 @@
 
 namespace tarvik {
 
-DepthSetting setWinchDepth(LcuCommands& lcu, StatusLog& log, double metres) {
+DepthSetting setWinchDepth(LcuCommands& lcu, StatusLog& log, double metres, double winchScaleFactor) {
     constexpr double farthest =
         83886.07; // metres: the depth counter is a signed 24-bit number of centimetres
-    if (!(std::abs(metres) <= farthest)) {
+    const double counted = metres / winchScaleFactor;
+    if (!(std::abs(counted) <= farthest)) {
         log.red("Unable to set depth - " + shortestNumber(metres) + " metres is beyond the depth counter");
         return DepthSetting::outOfReach;
     }
-    const auto wanted = toInt32(metres * 100);
+    const auto wanted = toInt32(counted * 100);
     const auto reported = lcu.LCU_SetDepth(wanted);
     if (reported != wanted) {
         log.red("Unable to set depth - is winch running ??");
@@ -22,7 +23,8 @@ DepthSetting setWinchDepth(LcuCommands& lcu, StatusLog& log, double metres) {
         log.red("No depth came back from the LCU - check its power, the cable and the port");
         return DepthSetting::noAnswer;
     }
-    log.black("Depth successfully set to " + shortestNumber(metres) + " metres");
+    const double set = wanted * winchScaleFactor / 100; // the counter has whole centimetres only
+    log.black("Depth successfully set to " + shortestNumber(std::round(set * 1000) / 1000) + " metres");
     return DepthSetting::done;
 }
 

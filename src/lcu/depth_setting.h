@@ -16,8 +16,9 @@ enum class DepthSetting {
     noAnswer,   ///< nothing came: the line, or the box
 };
 
-/// Every outcome is in the status log.
-DepthSetting setWinchDepth(LcuCommands& lcu, StatusLog& log, double metres);
+/// Every outcome is in the status log. `metres` is what a scan is to read: the counter of the LCU times the
+/// winch scale factor.
+DepthSetting setWinchDepth(LcuCommands& lcu, StatusLog& log, double metres, double winchScaleFactor = 1.0);
 
 /// What the operator is to do about it, in whole sentences; empty when it is done.
 [[nodiscard]] std::string depthSettingRemedy(DepthSetting outcome);

@@ -3,6 +3,7 @@
 #include "lcu/scan_bytes.h"
 #include "lcu/scan_decoder.h"
 
+#include <cmath>
 #include <optional>
 
 namespace tarvik {
@@ -19,8 +20,11 @@ std::optional<OverflowReading> readingAt(std::span<const std::uint8_t> bytes, st
     return OverflowReading{.depth = scanDepth(scan, run), .time = scan.timeCount()};
 }
 
-bool isSensible(double depth, const RunSetup& run) {
-    return run.limitsOverride || isNearRange(depth, run);
+/// A run without limits has no range: there the two scans have to be near each other.
+bool isSensible(const OverflowReading& second, const OverflowReading& first, const RunSetup& run) {
+    constexpr double near = 10; // metres, far more than a cable runs between two scans
+    if (run.limitsOverride) return std::abs(second.depth - first.depth) < near;
+    return isNearRange(second.depth, run);
 }
 
 } // namespace
@@ -37,7 +41,7 @@ BufferOverflow overflowReport(const ScanRead& read, const ScanSetup& setup, doub
     overflow.first = readingAt(read.bytes, 0, setup.run).value_or(OverflowReading{});
     // The second scan begins behind the first and its own length byte.
     overflow.second = readingAt(read.bytes, static_cast<std::size_t>(read.expected) + 1, setup.run);
-    overflow.secondSensible = overflow.second && isSensible(overflow.second->depth, setup.run);
+    overflow.secondSensible = overflow.second && isSensible(*overflow.second, overflow.first, setup.run);
     return overflow;
 }
 

@@ -18,6 +18,11 @@ void applyLimits(const RunLimits& limits, RunSetup& setup) {
     setup.bottomDepth = limits.bottom.value_or(open);
     if (!setup.limitsOverride && setup.topDepth >= setup.bottomDepth)
         throw BadOrder(OrderPart::limits, "The top depth must be less than the bottom depth");
+    const bool up = setup.direction == Direction::up;
+    if (limits.endDistance > 0 && !(up ? limits.top : limits.bottom))
+        throw BadOrder(OrderPart::limits,
+                       std::string("The distance to the end needs a ") +
+                           (up ? "top depth: the run goes up" : "bottom depth: the run goes down"));
 }
 
 /// An interval that no box could step by is a slip of the finger.
@@ -44,6 +49,9 @@ RunSetup runSetupFrom(const Settings& settings, const RunLimits& limits) {
     setup.direction = settings.direction();
     setup.units = settings.units();
     setup.winchDepthFactor = settings.winchScaleFactor.value();
+    if (!(setup.winchDepthFactor > 0))
+        throw BadOrder(OrderPart::winch, "The winch scale factor must be greater than 0, not " +
+                                             settings.winchScaleFactor.text());
     setup.declination = static_cast<float>(settings.declination.value());
     setup.magneticMarker = settings.magneticMarker;
     applyLimits(limits, setup);

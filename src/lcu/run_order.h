@@ -18,7 +18,7 @@ struct RunLimits {
     double endDistance = 0; ///< left at which the end counts as reached
 };
 
-enum class OrderPart { project, hole, interval, limits };
+enum class OrderPart { project, hole, interval, winch, limits };
 
 /// What stands in the way of a run, in words, and where it is to be put right.
 class BadOrder : public Failure {

@@ -4,6 +4,7 @@
 #include "lcu/overflow_report.h"
 
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace tarvik {
@@ -17,6 +18,14 @@ constexpr std::int64_t progressEveryMs = 500;
 constexpr std::int32_t firstScansWithoutValues = 2;
 constexpr double secondsPerCount = 1e-4;
 
+/// By depth the box sends a scan at every interval: a longer way has scans missing in it.
+double mostBetweenScans(const RunSetup& setup, double modelFactor) {
+    constexpr double resolution = 0.02; // metres: a counter of whole centimetres, at either end
+    if (setup.sampling == Sampling::time) return std::numeric_limits<double>::infinity();
+    const double winchScale = setup.winchDepthFactor / modelFactor;
+    return 1.5 * setup.interval / 100 * winchScale + resolution;
+}
+
 } // namespace
 
 ScanLoop::ScanLoop(RunModules& modules, RunState& run, LinkWatch& watch)
@@ -25,7 +34,8 @@ ScanLoop::ScanLoop(RunModules& modules, RunState& run, LinkWatch& watch)
       watch_(watch),
       scanReader_(modules.serial, modules.clock, modules.link),
       deviation_(run.scanSetup.run, run.way),
-      decoder_(modules.errors, modules.log, run.scanSetup, run.scan, &deviation_) {}
+      decoder_(modules.errors, modules.log, run.scanSetup, run.scan, &deviation_),
+      speed_(mostBetweenScans(run.header.setup, modules.link.modelFactor)) {}
 
 void ScanLoop::run() {
     lastByteTick_ = modules_.clock.tickMs();
@@ -66,7 +76,8 @@ void ScanLoop::onScan(std::span<const std::uint8_t> bytes) {
     ++scan.scans;
     if (withoutValues_ > 0) return void(--withoutValues_);
     decoder_.LCU_GetValues(bytes);
-    if (scan.current.status == -1 || scan.scans <= firstScansWithoutValues) return;
+    if (scan.current.status == -1) return speed_.interrupt();
+    if (scan.scans <= firstScansWithoutValues) return;
     if (!channelsAreExpected() || !depthIsBelievable()) return;
     run_.tally.saw(scan.current.depth);
     speed_.measure(scan.current.depth, scan.current.scanTime);
@@ -89,17 +100,21 @@ void ScanLoop::onSilence() {
     say(KeepingState::noScans, byTime ? "the LCU sends nothing"
                                : up   ? "the LCU sends nothing: the winch stands or runs down"
                                       : "the LCU sends nothing: the winch stands or runs up");
-    if (byTime) modules_.lcu.setLost(true); // by depth a standing winch is as silent
+    if (!byTime) return; // a standing winch is as silent
+    modules_.lcu.setLost(true);
+    speed_.interrupt();
 }
 
 void ScanLoop::onTimeout(const ScanRead& read) {
     run_.scan.current.status = -1;
+    speed_.interrupt();
     modules_.log.red("Time-out waiting for remainder of chars in buffer");
     modules_.log.red("Elapsed waiting time " + formatPicture(read.waitedSeconds, "##0.0"));
 }
 
 void ScanLoop::onOverflow(const ScanRead& read) {
     run_.scan.current.status = -1;
+    speed_.interrupt();
     const int type = read.kind == ScanRead::Kind::overflow1 ? 1 : 2;
     modules_.log.red("Buffer overflow type " + std::to_string(type) + " acquiring LCU data");
     modules_.log.red("Expected " + std::to_string(read.expected) + " chars.  Rec'd " +
@@ -110,6 +125,7 @@ void ScanLoop::onOverflow(const ScanRead& read) {
 
 void ScanLoop::onPortGone() {
     run_.scan.current.status = -1;
+    speed_.interrupt();
     watch_.portGone();
     say(KeepingState::communicationsLost, "the serial port has gone");
 }
@@ -183,10 +199,10 @@ void ScanLoop::keep() {
                        .scan = &scan,
                        .savedDepth = {}};
     run_.ring.add({scan.depth, shown.seconds, scan.calibrated});
-    if (!modules_.view.recording()) {
-        say(KeepingState::notRecording, "recording is off");
-    } else if (!run_.fileReady) {
+    if (!run_.fileReady) {
         say(KeepingState::notRecording, "the run was started without a file");
+    } else if (!modules_.view.recording()) {
+        say(KeepingState::notRecording, "recording is off");
     } else {
         return store(shown);
     }

@@ -50,7 +50,7 @@ void Acquisition::setDepth(double metres) {
 }
 
 void Acquisition::setDepthNow(double metres) {
-    const DepthSetting outcome = setWinchDepth(program_.lcu, program_.log, metres);
+    const DepthSetting outcome = setWinchDepth(program_.lcu, program_.log, metres, winchScaleFactor());
     if (outcome == DepthSetting::done) {
         screen_.side().instrument().showDepth(metres);
         panel().clearDepthToSet(); // a stray Enter must not set it again
@@ -65,7 +65,7 @@ void Acquisition::watchDepth() {
     if (!gate_.open() || running() || !link.open() || link.model.empty()) return;
     if (QApplication::activeModalWidget() != nullptr || program_.state.mode != programMode::acquire) return;
     const auto centimetres = program_.lcu.LCU_getdepth();
-    if (centimetres) screen_.side().instrument().showDepth(*centimetres / 100.0);
+    if (centimetres) screen_.side().instrument().showDepth(*centimetres / 100.0 * winchScaleFactor());
     unanswered_ = centimetres ? 0 : unanswered_ + 1;
     if (const bool lost = unanswered_ >= mayStayUnanswered; lost != link.lost) {
         program_.lcu.setLost(lost);
@@ -75,6 +75,12 @@ void Acquisition::watchDepth() {
         if (parts_.linkChanged) parts_.linkChanged();
     }
     gate_.exchangeEnded();
+}
+
+/// What the scans of a run will be multiplied with, so that the idle depth is theirs.
+double Acquisition::winchScaleFactor() const {
+    const double factor = program_.settings.winchScaleFactor.value();
+    return factor > 0 ? factor : 1.0;
 }
 
 void Acquisition::show() {

@@ -38,6 +38,7 @@ class Acquisition {
     void runNow();
     void setDepthNow(double metres);
     [[nodiscard]] std::optional<RunOrder> order();
+    [[nodiscard]] double winchScaleFactor() const;
     [[nodiscard]] RunPanel& panel() { return screen_.side().run(); }
 
     Program& program_;

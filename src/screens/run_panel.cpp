@@ -177,6 +177,11 @@ void RunPanel::clearDepthToSet() {
     depthToSet_->clear();
 }
 
+void RunPanel::lockRecording() {
+    record_->setEnabled(false);
+    record_->setToolTip("The run was started without a file. Stop it, switch recording on and start again.");
+}
+
 void RunPanel::setState(State state) {
     const bool idle = state == State::ready || state == State::noLcu;
     start_->setEnabled(state == State::ready);
@@ -186,6 +191,10 @@ void RunPanel::setState(State state) {
     setDepth_->setEnabled(state == State::ready);
     equipment_->setEnabled(idle);
     for (QLineEdit* const edit : {top_, bottom_, endDistance_, depthToSet_}) edit->setEnabled(idle);
+    if (idle) {
+        record_->setEnabled(true);
+        record_->setToolTip({});
+    }
     if (!idle) scrolled_->verticalScrollBar()->setValue(0); // the hole, not the fields that are locked
 }
 

@@ -34,6 +34,8 @@ class RunPanel final : public QFrame {
     void showOrder(const QString& hole, const QString& tool, const QString& winch, const QString& sampling);
     void showFile(const QString& file);
     void clearDepthToSet();
+    /// A run that was started without a file gets none: its recording cannot be switched on.
+    void lockRecording();
 
     enum class State { noLcu, ready, running, stopping };
     void setState(State state);

@@ -60,6 +60,7 @@ void ScreenRunView::runStarted(const RunHeader& header, const Path& file) {
     instrument.setDirection(setup_.direction);
     instrument.showIdle("Waiting for the first scan");
     screen_.side().run().showFile(recording() ? qt(file.filename().string()) : "No file: recording is off");
+    if (!recording()) screen_.side().run().lockRecording();
     parts_.started(header);
 }
 

@@ -268,7 +268,29 @@ TEST(LoggingRun, EndsWithTheScanThatReachesTheEnd) {
         const bool isDown = direction == Direction::down;
         const Bytes scans = rig.scansOnFile();
         EXPECT_EQ(readI32le(&scans[scans.size() - recordLength]), isDown ? 50'550 : 49'450);
+        EXPECT_EQ(
+            rig.operatorSide.shown.back(),
+            isDown ? "?End of the interval: End of the interval to 51.00 reached at 50.55. The run has been "
+                     "ended. Stop the winch."
+                   : "?End of the interval: End of the interval to 49.00 reached at 49.45. The run has been "
+                     "ended. Stop the winch.");
         expectFirstScansOf(expected(rig), scans, 8);
+    }
+}
+
+/// The scans are written, but a reader takes such depths for none: in feet from 610 m on.
+TEST(LoggingRun, DepthsThatAreNoneInTheFileAreNotShownAsRecorded) {
+    for (const auto& [units, start, shown] : {std::tuple{DepthUnits::feet, 609.4, KeepingState::tooDeep},
+                                              {DepthUnits::metres, 609.4, KeepingState::kept}}) {
+        RunRig rig({.startDepth = start});
+        rig.order.setup.units = units;
+        rig.view.stopAfterKept = 10;
+        EXPECT_EQ(rig.startLogging(), RunResult::finished);
+        EXPECT_EQ(rig.view.written, 10);
+        EXPECT_EQ(rig.view.states.empty() ? KeepingState::kept : rig.view.states.back(), shown);
+        const auto read = rig.reader.Tarvikfileopen(rig.file());
+        ASSERT_TRUE(read);
+        EXPECT_EQ(read->skippedScans > 0, shown == KeepingState::tooDeep);
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace tarvik::test {
@@ -20,6 +21,7 @@ class RunOracle {
     std::vector<std::uint8_t> records(const std::vector<lcusim::ScanRecord>& scans) {
         for (const lcusim::ScanRecord& scan : scans) {
             if (scan.fate == lcusim::ScanFate::lost) lastSampled_ = unset;
+            missing_ = missing_ || scan.fate != lcusim::ScanFate::sent;
             if (scan.fate == lcusim::ScanFate::sent) take(scan.bytes.data(), static_cast<int>(scan.size) - 1);
         }
         return file_;
@@ -35,7 +37,9 @@ class RunOracle {
         const bool four = model_ == lcusim::LcuModel::lcu4;
         const float depth = static_cast<float>(depthCount * 0.01 * (four ? 0.25 : 1));
         const int time = b[4] << 8 | b[5];
-        const double speed = count_ > 3 && time != 0 ? std::abs(double{depth} - before_) * 600'000 / time : 0;
+        const bool unbroken = !std::exchange(missing_, false); // else the time is not the one of the way
+        const double speed =
+            count_ > 3 && time != 0 && unbroken ? std::abs(double{depth} - before_) * 600'000 / time : 0;
         before_ = depth;
         if (!advances(depth) || n != (four ? 16 : 11)) return;
 
@@ -86,6 +90,7 @@ class RunOracle {
     std::vector<std::uint8_t> file_;
     int count_ = 0;
     double before_ = 0;
+    bool missing_ = false; ///< scans since the last one that came
     double lastSampled_ = unset;
 };
 

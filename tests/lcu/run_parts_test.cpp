@@ -102,6 +102,20 @@ TEST(AppendCheck, AChannelBehindTheNameSlotsReadsBackUnderAnotherName) {
     EXPECT_NE(CheckLatestRunSpecs(current, latest), std::nullopt);
 }
 
+TEST(RunSpeed, IsNoneWhereScansAreMissing) {
+    RunSpeed speed(0.095);
+    speed.measure(10, 1000);
+    speed.measure(10.05, 1000);
+    EXPECT_NEAR(speed.metresPerMinute(), 30, 1e-9);
+    speed.measure(10.95, 1000); // the time of one interval, the way of eighteen
+    EXPECT_EQ(speed.metresPerMinute(), 0);
+    speed.measure(11, 1000);
+    EXPECT_NEAR(speed.metresPerMinute(), 30, 1e-9);
+    speed.interrupt();
+    speed.measure(11.05, 1000);
+    EXPECT_EQ(speed.metresPerMinute(), 0);
+}
+
 TEST(RunSpeed, IsTheWayOverTheScansTimeWithoutSign) {
     RunSpeed speed;
     EXPECT_EQ(speed.movedTo(1000), 0);

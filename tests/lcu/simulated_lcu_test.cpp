@@ -53,7 +53,10 @@ TEST_P(SimulatedLcu, SetsTheWinchDepthOnlyWhereTheBoxAgrees) {
     EXPECT_EQ(setWinchDepth(bench.lcu, bench.log, -12.345),
               DepthSetting::done); // a tie goes to the even centimetre
     EXPECT_EQ(bench.lcu.LCU_getdepth(), -1234);
-    EXPECT_EQ(bench.lines.lines, Lines{"0Depth successfully set to -12.345 metres"});
+    EXPECT_EQ(bench.lines.lines, Lines{"0Depth successfully set to -12.34 metres"});
+    EXPECT_EQ(setWinchDepth(bench.lcu, bench.log, 20, 1.05), DepthSetting::done); // a drum that pays out more
+    EXPECT_EQ(bench.lcu.LCU_getdepth(), 1905);
+    EXPECT_EQ(bench.lines.lines.back(), "0Depth successfully set to 20.003 metres");
     EXPECT_EQ(setWinchDepth(bench.lcu, bench.log, 83886.07), DepthSetting::done);
     EXPECT_EQ(setWinchDepth(bench.lcu, bench.log, 83886.08),
               DepthSetting::outOfReach); // would come back as the other end

@@ -197,6 +197,25 @@ TEST(DesktopTest, AScaleSetInTheLivePlotIsKeptWithTheToolAfterTheRun) {
     EXPECT_EQ(rightEnd(), 271);
 }
 
+TEST(DesktopTest, LimitsKeepTheirMeaningWhenTheUnitChanges) {
+    Truck truck;
+    truck.acquire();
+    IntroScreen& screen = truck.screen();
+    control<QLineEdit>(screen, "txttop").setText("5");
+    control<QLineEdit>(screen, "txtbottom").setText("20");
+    const auto turnTo = [&](DepthUnits units) {
+        truck.p().settings.setUnits(units);
+        truck.desktop->acquisition().show();
+    };
+    turnTo(DepthUnits::feet);
+    EXPECT_EQ(control<QLineEdit>(screen, "txttop").text(), "16.4");
+    EXPECT_EQ(control<QLineEdit>(screen, "txtbottom").text(), "65.62");
+    EXPECT_EQ(control<QLineEdit>(screen, "txtenddistance").text(), "");
+    turnTo(DepthUnits::metres);
+    EXPECT_EQ(control<QLineEdit>(screen, "txttop").text(), "5");
+    EXPECT_EQ(control<QLineEdit>(screen, "txtbottom").text(), "20");
+}
+
 TEST(DesktopTest, ClosingDuringARunAsksWithoutStoppingItAndThenEndsItInOrder) {
     Truck truck;
     truck.acquire();

@@ -36,6 +36,26 @@ std::string label(QWidget& screen, const char* name) {
 
 } // namespace
 
+TEST(frmEquipment, WhatTheSetUpSavedIsNewerThanWhatStandsHere) {
+    EquipmentScreen desk;
+    EquipmentModules modules = desk.modules();
+    modules.addTool = [&] {
+        desk.program.settings.currentTool = "K417";
+        desk.program.settings.currentToolSerial = "D-1";
+        desk.program.settings.samplingMethod = "DEPTH";
+        desk.program.settings.samplingInterval = NumberText("7");
+    };
+    frmEquipment screen(modules);
+    click(screen, "opttime");
+    click(screen, "comaddtool");
+    EXPECT_TRUE(control<QRadioButton>(screen, "optdepth").isChecked());
+    EXPECT_EQ(control<QLineEdit>(screen, "txtsamplinginterval").text(), "7");
+    EXPECT_TRUE(control<QComboBox>(screen, "lbtool").currentText().startsWith("K417"));
+    click(screen, "optup");
+    click(screen, "comaddtool"); // nothing new: the choice made here stays
+    EXPECT_TRUE(control<QRadioButton>(screen, "optup").isChecked());
+}
+
 TEST(frmEquipment, UsingItStoresTheChoiceAndLoadsTheRecords) {
     EquipmentScreen desk;
     frmEquipment screen(desk.modules());
