@@ -4,9 +4,9 @@
 
 namespace tarvik {
 
-RunChoice ConsoleRunView::chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) {
+RunChoice ConsoleRunView::chooseRun(const LoggingRuns& runs, const std::optional<DepthRange>& onFile) {
     lines_.line(loggingRunsText(runs));
-    if (!depthRangeText.empty()) lines_.line(depthRangeText);
+    if (onFile) lines_.line(depthRangeText(onFile));
     return choice_;
 }
 

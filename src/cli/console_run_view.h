@@ -30,7 +30,7 @@ class ConsoleRunView final : public RunView {
           recording_(recording),
           lines_(lines) {}
 
-    RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) override;
+    RunChoice chooseRun(const LoggingRuns& runs, const std::optional<DepthRange>& onFile) override;
     bool stopRequested() override;
     bool recording() override { return recording_; }
     void setRecording(bool on) override { recording_ = on; }

@@ -47,8 +47,9 @@ std::string toolText(const EquipmentIdentity& tool) {
 std::string scansText(const ReviewLog& log) {
     std::string text = std::to_string(log.steps());
     if (log.steps() == 0) return text;
-    text += ", depth " + formatPicture(log.depth.front(), "###0.00") + " to " +
-            formatPicture(log.depth.back(), "###0.00") + " ";
+    const auto [smallest, largest] = std::ranges::minmax(log.depth); // an append may lie over what was there
+    text +=
+        ", depth " + formatPicture(smallest, "###0.00") + " to " + formatPicture(largest, "###0.00") + " ";
     text += log.depthUnit();
     return text;
 }

@@ -91,6 +91,15 @@ std::vector<AppendRow> appendComparison(const RunHeader& current, const Files& f
     }
 }
 
+std::string overlapWarning(const DepthRange& onFile, double depth, Direction direction) {
+    constexpr double touching = 0.005; // half of what the depth is shown with
+    const bool up = direction == Direction::up;
+    const double last = up ? onFile.smallest : onFile.largest;
+    if (up ? depth <= last + touching : depth >= last - touching) return {};
+    return "The tool stands at " + formatPicture(depth, "###0.00") + ", the file has scans to " +
+           formatPicture(last, "###0.00") + ": what is appended lies over them.";
+}
+
 std::string appendVerdict(const std::vector<AppendRow>& rows) {
     std::vector<std::string> differing;
     for (const AppendRow& one : rows) {

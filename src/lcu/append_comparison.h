@@ -25,6 +25,10 @@ struct AppendRow {
 [[nodiscard]] std::vector<AppendRow> appendComparison(const RunHeader& current, const Files& files,
                                                       const Path& latest);
 
+/// One sentence when the run would go over depths that the file has: the tool stands at `depth`, in the unit
+/// of the file. Empty when it goes on beyond them.
+[[nodiscard]] std::string overlapWarning(const DepthRange& onFile, double depth, Direction direction);
+
 /// One sentence: what an append would be refused for, or that nothing stands in its way.
 [[nodiscard]] std::string appendVerdict(const std::vector<AppendRow>& rows);
 

@@ -64,7 +64,7 @@ bool LoggingRun::chooseFile(const RunOrder& order) {
     appending_ = false;
     if (runs.count > 0) {
         const auto range = modules_.reader.Utilities_checkfiledepthrange(runs.latestFile);
-        const RunChoice choice = modules_.view.chooseRun(runs, depthRangeText(range));
+        const RunChoice choice = modules_.view.chooseRun(runs, range);
         if (choice == RunChoice::cancel) return false;
         appending_ = choice == RunChoice::append;
     }

@@ -40,8 +40,9 @@ class RunView {
   public:
     virtual ~RunView() = default;
 
-    /// Asked when the tool has runs in the hole: append to the latest one, or start another.
-    virtual RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) = 0;
+    /// Asked when the tool has runs in the hole: append to the latest one, or start another. `onFile` is the
+    /// range of the latest one, in the unit of its file.
+    virtual RunChoice chooseRun(const LoggingRuns& runs, const std::optional<DepthRange>& onFile) = 0;
 
     /// Read before each scan: the stop button, an end condition, a closed window.
     virtual bool stopRequested() = 0;

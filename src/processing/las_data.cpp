@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <iterator>
 
 namespace tarvik {
 
@@ -78,6 +80,15 @@ void warnOfRounding(double step, const std::vector<double>& depth, const ExportL
     } else if (std::ranges::any_of(depth, [&](double each) { return off(each) > noted; })) {
         tell(list, "Warning: depths have more than two decimals, they are rounded");
     }
+}
+
+/// A log that goes back, appended over itself or logged to and fro, keeps its order without a step.
+void warnOfTurns(const std::vector<double>& depth, const ExportList& list) {
+    const auto turn = std::ranges::adjacent_find(depth, std::ranges::greater{});
+    if (turn == depth.end()) return;
+    tell(list, "Warning: the depths go back, from " + formatPicture(*turn, "###0.00") + " to " +
+                   formatPicture(*std::next(turn), "###0.00") +
+                   "; other programs may refuse that, give a step for one value at each depth");
 }
 
 // --- channels ----------------------------------------------------------------------------------------------
@@ -266,6 +277,7 @@ LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options, co
         select(data, log.depth);
         data.well.step = log.las ? lasHeaderStep(*log.las, data.depth) : evenStep(data.depth);
     }
+    warnOfTurns(data.depth, list);
     warnOfRounding(data.well.step, data.depth, list);
     warnOfTexts(log, data, list);
     warnOfNullsAmongValues(data, options.decimals, list);

@@ -126,7 +126,6 @@ void Acquisition::runNow() {
     const auto ordered = order();
     if (!ordered) return;
     Program& p = program_;
-    screen_.side().instrument().clear();
     screen_.notices().clear(); // those of the run before
     view_ = std::make_unique<ScreenRunView>(screen_, p.clock, parts_);
     modules_.reset(new RunModules{p.errors, p.errorLog, p.log, p.frame.operatorSide, *view_, p.state, p.clock,

@@ -140,8 +140,10 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
 
 RunViewParts Desktop::runViewParts() {
     return {
-        .chooseRun = [this](const LoggingRuns& runs,
-                            std::string_view range) { return screens_->chooseRun(runs, range); },
+        .chooseRun =
+            [this](const LoggingRuns& runs, const std::optional<DepthRange>& onFile) {
+                return screens_->chooseRun(runs, onFile);
+            },
         .setEnabled = [this](bool on) { setControls(on); },
         .currentLimit = [this] { return program_.equipment.currentTool().record.get(tool::maximumCurrent); },
         .started =

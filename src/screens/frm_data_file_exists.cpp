@@ -29,18 +29,16 @@ bool mayAppend(const std::vector<AppendRow>& rows) {
 
 } // namespace
 
-frmDataFileExists::frmDataFileExists(const LoggingRuns& runs, std::string_view depthRangeText,
-                                     const std::vector<AppendRow>& comparison, DesktopMemory& memory,
-                                     QWidget* parent)
+frmDataFileExists::frmDataFileExists(const LatestRun& latest, DesktopMemory& memory, QWidget* parent)
     : ScreenDialog("frmDataFileExists", "Append or start a new run", memory, parent),
       append_(new QRadioButton("&Append to the latest run")),
       newRun_(new QRadioButton("Start a &new run")),
       verdict_(new QLabel),
       advanced_(addSideButton("comadvanced", showText)) {
     setModal(true);
-    buildRuns(runs, depthRangeText);
-    buildChoice(runs, comparison);
-    buildAdvanced(comparison);
+    buildRuns(latest);
+    buildChoice(latest);
+    buildAdvanced(latest.comparison);
     connect(addButton("comcancel", "Cancel"), &QPushButton::clicked, this, [this] { reject(); });
     auto* const go = addPrimaryButton("comcontinue", "Start new run");
     connect(go, &QPushButton::clicked, this, [this] { accept(); });
@@ -51,31 +49,34 @@ frmDataFileExists::frmDataFileExists(const LoggingRuns& runs, std::string_view d
     newRun_->setFocus();
 }
 
-void frmDataFileExists::buildRuns(const LoggingRuns& runs, std::string_view depthRangeText) {
+void frmDataFileExists::buildRuns(const LatestRun& latest) {
     auto* const card = new Card;
-    auto* const text = roleLabel("head", qt(loggingRunsText(runs)));
+    auto* const text = roleLabel("head", qt(loggingRunsText(latest.runs)));
     text->setObjectName("lbruns");
     text->setWordWrap(true);
-    auto* const range = new QLabel(depthRangeText.empty() ? "The latest run holds no scan with a depth."
-                                                          : qt(depthRangeText));
+    auto* const range = new QLabel(latest.depthRange.empty() ? "The latest run holds no scan with a depth."
+                                                             : qt(latest.depthRange));
     range->setObjectName("lbdepthrange");
-    auto* const file = roleLabel("quiet", qt(runs.latestFile.string()));
+    auto* const file = roleLabel("quiet", qt(latest.runs.latestFile.string()));
     file->setWordWrap(true);
     for (QLabel* const label : {text, range, file}) card->body()->addWidget(label);
     body()->addWidget(card);
 }
 
-void frmDataFileExists::buildChoice(const LoggingRuns& runs, const std::vector<AppendRow>& comparison) {
+void frmDataFileExists::buildChoice(const LatestRun& latest) {
     append_->setObjectName("optappend");
-    append_->setToolTip("The scans go on in the file of run " + QString::number(runs.latest) + ".");
+    append_->setToolTip("The scans go on in the file of run " + QString::number(latest.runs.latest) + ".");
     newRun_->setObjectName("optnewrun");
-    newRun_->setToolTip("The run gets a file of its own, number " + QString::number(runs.next()) + ".");
+    newRun_->setToolTip("The run gets a file of its own, number " + QString::number(latest.runs.next()) +
+                        ".");
     newRun_->setChecked(true);
     verdict_->setObjectName("lbverdict");
     verdict_->setWordWrap(true);
-    const bool agrees = mayAppend(comparison);
-    verdict_->setText((agrees ? "\u2713  " : "\u25b2  ") + qt(appendVerdict(comparison)));
-    setRole(*verdict_, agrees ? "good" : "warning");
+    const bool agrees = mayAppend(latest.comparison);
+    const bool good = agrees && latest.overlap.empty();
+    const std::string said = agrees && !good ? latest.overlap : appendVerdict(latest.comparison);
+    verdict_->setText((good ? "\u2713  " : "\u25b2  ") + qt(said));
+    setRole(*verdict_, good ? "good" : "warning");
     body()->addWidget(newRun_);
     body()->addWidget(append_);
     body()->addWidget(verdict_);

@@ -12,19 +12,23 @@ namespace tarvik {
 
 class FilterTable;
 
+struct LatestRun {
+    const LoggingRuns& runs;
+    std::string depthRange;            ///< as a line of text; empty without a scan
+    std::vector<AppendRow> comparison; ///< what the latest run and the next one have in common
+    std::string overlap = {};          ///< a sentence when an append would lie over what is on file
+};
+
 class frmDataFileExists final : public ScreenDialog {
   public:
-    /// `comparison` is what the latest run and the next one have in common.
-    frmDataFileExists(const LoggingRuns& runs, std::string_view depthRangeText,
-                      const std::vector<AppendRow>& comparison, DesktopMemory& memory,
-                      QWidget* parent = nullptr);
+    frmDataFileExists(const LatestRun& latest, DesktopMemory& memory, QWidget* parent = nullptr);
 
     /// After the dialog was closed; cancel unless the primary button closed it.
     [[nodiscard]] RunChoice choice() const;
 
   private:
-    void buildRuns(const LoggingRuns& runs, std::string_view depthRangeText);
-    void buildChoice(const LoggingRuns& runs, const std::vector<AppendRow>& comparison);
+    void buildRuns(const LatestRun& latest);
+    void buildChoice(const LatestRun& latest);
     void buildAdvanced(const std::vector<AppendRow>& comparison);
     void showAdvanced(bool shown);
 

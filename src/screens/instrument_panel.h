@@ -36,6 +36,8 @@ class InstrumentPanel final : public QFrame {
     /// No run: what the panel says instead of a recording state.
     /// The preparation failed: the words that let the winch start must not be the last ones.
     void showNotStarted();
+    /// Metres, as shown; nothing when none is.
+    [[nodiscard]] std::optional<double> depth() const { return depthMetres_; }
     void showIdle(const QString& words, const QString& remedy = {});
     void showScans(long scans, const QString& fileSize);
     void hideScans();

@@ -198,8 +198,12 @@ void ScreenOpener::openDemo(const ScreenRequest&) {
     QTimer::singleShot(0, [this] { demonstration_.start(); });
 }
 
-RunChoice ScreenOpener::chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) {
-    frmDataFileExists screen(runs, depthRangeText, comparison(runs), memory_, &parent_);
+RunChoice ScreenOpener::chooseRun(const LoggingRuns& runs, const std::optional<DepthRange>& onFile) {
+    const Settings& settings = program_.settings;
+    LatestRun latest{.runs = runs, .depthRange = depthRangeText(onFile), .comparison = comparison(runs)};
+    if (const auto metres = parent_.side().instrument().depth(); onFile && metres)
+        latest.overlap = overlapWarning(*onFile, fromMetres(*metres, settings.units()), settings.direction());
+    frmDataFileExists screen(latest, memory_, &parent_);
     screen.exec();
     return screen.choice();
 }

@@ -35,7 +35,7 @@ class ScreenOpener {
     /// Returns when the screen is closed, if it is modal.
     void open(const ScreenRequest& request);
     /// Asked before the stream starts.
-    [[nodiscard]] RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText);
+    [[nodiscard]] RunChoice chooseRun(const LoggingRuns& runs, const std::optional<DepthRange>& onFile);
     /// For frmERROR, which is not opened by it.
     void keepError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
     /// Without blocking.

@@ -25,8 +25,10 @@ void ScreenRunView::requestStop() {
     screen_.side().run().setState(RunPanel::State::stopping);
 }
 
-RunChoice ScreenRunView::chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) {
-    return parts_.chooseRun(runs, depthRangeText);
+RunChoice ScreenRunView::chooseRun(const LoggingRuns& runs, const std::optional<DepthRange>& onFile) {
+    const RunChoice choice = parts_.chooseRun(runs, onFile);
+    screen_.side().instrument().clear(); // the depth of the choice is not that of the run
+    return choice;
 }
 
 bool ScreenRunView::recording() {
@@ -56,6 +58,7 @@ void ScreenRunView::runStarted(const RunHeader& header, const Path& file) {
     setup_ = header.setup;
     file_ = file;
     InstrumentPanel& instrument = screen_.side().instrument();
+    instrument.clear();
     instrument.setUnits(setup_.units);
     instrument.setDirection(setup_.direction);
     instrument.showIdle("Waiting for the first scan");

@@ -12,7 +12,7 @@ namespace tarvik {
 class InstrumentPanel;
 
 struct RunViewParts {
-    std::function<RunChoice(const LoggingRuns&, std::string_view depthRangeText)> chooseRun;
+    std::function<RunChoice(const LoggingRuns&, const std::optional<DepthRange>& onFile)> chooseRun;
     std::function<void(bool)> setEnabled;          ///< the frame's menus and buttons
     std::function<int()> currentLimit;             ///< of the tool, mA; 0 for none
     std::function<void(const RunHeader&)> started; ///< for the log display
@@ -30,7 +30,7 @@ class ScreenRunView final : public RunView {
     void requestStop();
     [[nodiscard]] bool stopping() const { return stop_; }
 
-    RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) override;
+    RunChoice chooseRun(const LoggingRuns& runs, const std::optional<DepthRange>& onFile) override;
     bool stopRequested() override { return stop_; }
     bool recording() override;
     void setRecording(bool on) override;

@@ -30,6 +30,15 @@ RunHeader gammaHeader() {
 
 } // namespace
 
+TEST(AppendComparison, SaysWhenAnAppendLiesOverTheFile) {
+    const DepthRange onFile{5.05, 18.05};
+    EXPECT_EQ(overlapWarning(onFile, 3, Direction::down),
+              "The tool stands at 3.00, the file has scans to 18.05: what is appended lies over them.");
+    EXPECT_EQ(overlapWarning(onFile, 18.05, Direction::down), "");
+    EXPECT_EQ(overlapWarning(onFile, 5.05, Direction::up), "");
+    EXPECT_NE(overlapWarning(onFile, 18.05, Direction::up), "");
+}
+
 TEST(AppendComparison, DiffersExactlyWhereTheCheckRefuses) {
     struct Case {
         const char* what; ///< empty: nothing refuses

@@ -13,7 +13,9 @@ namespace {
 class Watcher final : public RunView {
   public:
     explicit Watcher(const VirtualClock& clock) : clock_(clock) {}
-    RunChoice chooseRun(const LoggingRuns&, std::string_view) override { return RunChoice::cancel; }
+    RunChoice chooseRun(const LoggingRuns&, const std::optional<DepthRange>&) override {
+        return RunChoice::cancel;
+    }
     bool stopRequested() override { return stop; }
     bool recording() override { return true; }
     void setRecording(bool) override { recordingTouched = true; }

@@ -24,8 +24,8 @@ class RigView final : public RunView {
   public:
     explicit RigView(const VirtualClock& clock) : clock_(clock) {}
 
-    RunChoice chooseRun(const LoggingRuns& runs, std::string_view depthRangeText) override {
-        asked = loggingRunsText(runs) + "|" + std::string(depthRangeText);
+    RunChoice chooseRun(const LoggingRuns& runs, const std::optional<DepthRange>& onFile) override {
+        asked = loggingRunsText(runs) + "|" + depthRangeText(onFile);
         return choice;
     }
     bool stopRequested() override {

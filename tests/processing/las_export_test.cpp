@@ -167,6 +167,10 @@ TEST(LasExport, WithoutARegularStepTheLoadedDepthsInTheIntervalGoOut) {
     las.log.depth = {1, 1.501, 2, 2.5}; // uneven by the rounding of the file only
     ASSERT_TRUE(las.run({}));
     EXPECT_THAT(las.header(), HasSubstr("STEP.M             0.50  "));
+    las.list.clear();
+    las.log.depth = {1, 2.5, 1.2, 2}; // appended over itself
+    ASSERT_TRUE(las.run({}));
+    EXPECT_THAT(las.list, ::testing::Contains(HasSubstr("the depths go back, from 2.50 to 1.20")));
 }
 
 TEST(LasExport, StepsFinerThanTheirTwoDecimalsAreWarnedOf) {

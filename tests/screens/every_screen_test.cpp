@@ -144,9 +144,11 @@ TEST(EveryScreen, ThatReports) {
     overflow.showOverflow(std::vector<std::string>{"type 2", "   Byte values 001"}, {},
                           {.hour = 14, .minute = 3});
     expectSoundDialog(overflow);
-    frmDataFileExists exists(
-        {.count = 3, .latest = 4, .latestFile = "H1_K215_04.kvx", .lastRunText = "Monday"},
-        "Depth range on file  1.00  to  48.75", {{"Sampling interval", "5 cm", "10 cm", false}}, memory);
+    const LoggingRuns runs{.count = 3, .latest = 4, .latestFile = "H1_K215_04.kvx", .lastRunText = "Monday"};
+    frmDataFileExists exists({.runs = runs,
+                              .depthRange = "Depth range on file  1.00  to  48.75",
+                              .comparison = {{"Sampling interval", "5 cm", "10 cm", false}}},
+                             memory);
     exists.show();
     click(exists, "comadvanced");
     expectSoundDialog(exists);

@@ -16,7 +16,8 @@ struct Question {
     LoggingRuns runs{.count = 3, .latest = 4, .latestFile = "H1_K215_04.kvx", .lastRunText = "Monday"};
     std::vector<AppendRow> rows{{"Depth units", "Metres", "Metres", true},
                                 {"Sampling interval", "5 cm", "10 cm", false}};
-    frmDataFileExists screen{runs, "Depth range on file  1.00  to  48.75", rows, memory};
+    frmDataFileExists screen{
+        {.runs = runs, .depthRange = "Depth range on file  1.00  to  48.75", .comparison = rows}, memory};
 };
 
 } // namespace
