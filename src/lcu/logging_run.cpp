@@ -193,8 +193,9 @@ bool LoggingRun::close(const RunOrder& order) {
     const bool allWritten = writeHeld(order);
     logRunSummary(modules_.log, run_.tally, written(), minutes, run_.header.setup.units);
     modules_.view.toolButton(bullseyeButton.key, bullseyeButton.caption, false);
-    modules_.view.LCU_ShowLoggingProgress(
-        {.elapsedMinutes = minutes, .ended = true, .endTime = modules_.clock.now()});
+    if (run_.startTick)
+        modules_.view.LCU_ShowLoggingProgress(
+            {.elapsedMinutes = minutes, .ended = true, .endTime = modules_.clock.now()});
     if (run_.fileReady) keepRun(order);
     modules_.writer.close();
     modules_.view.setRecording(false);

@@ -4,6 +4,7 @@
 #include "base/number_picture.h"
 #include "base/text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarvik {
@@ -41,6 +42,21 @@ float sampledEvery(const Settings& settings) {
 }
 
 } // namespace
+
+std::string missingForRun(const Settings& settings, const CurrentTool& tool, const CurrentWinch& winch) {
+    const std::pair<bool, const char*> parts[]{{trimmed(settings.currentProject).empty(), "a project"},
+                                               {trimmed(settings.hole.holeId).empty(), "a hole"},
+                                               {trimmed(tool.record.get(tool::code)).empty(), "a tool"},
+                                               {trimmed(winch.record.get(winch::code)).empty(), "a winch"}};
+    std::string words;
+    auto left = std::ranges::count_if(parts, [](const auto& part) { return part.first; });
+    for (const auto& [missing, what] : parts) {
+        if (!missing) continue;
+        --left;
+        words += (words.empty() ? "Still to be chosen: " : left == 0 ? " and " : ", ") + std::string(what);
+    }
+    return words.empty() ? words : words + ".";
+}
 
 RunSetup runSetupFrom(const Settings& settings, const RunLimits& limits) {
     RunSetup setup;

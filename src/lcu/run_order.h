@@ -20,6 +20,10 @@ struct RunLimits {
 
 enum class OrderPart { project, hole, interval, winch, limits };
 
+/// "Still to be chosen: a hole and a winch."; empty when nothing is missing.
+[[nodiscard]] std::string missingForRun(const Settings& settings, const CurrentTool& tool,
+                                        const CurrentWinch& winch);
+
 /// What stands in the way of a run, in words, and where it is to be put right.
 class BadOrder : public Failure {
   public:

@@ -100,7 +100,14 @@ void Acquisition::show() {
     panel().setState(ready ? RunPanel::State::ready : RunPanel::State::noLcu);
     if (!ready) instrument.clear(); // the last depth is not that of now
     if (program_.link.lost) return instrument.showIdle("The LCU was lost", "Acquire searches for it again.");
-    instrument.showIdle(ready ? "Ready" : "No LCU is connected");
+    if (!ready) return instrument.showIdle("No LCU is connected");
+    const QString missing = qt(stillToChoose());
+    instrument.showIdle(missing.isEmpty() ? "Ready" : "Not ready yet", missing);
+}
+
+std::string Acquisition::stillToChoose() const {
+    return missingForRun(program_.settings, program_.equipment.currentTool(),
+                         program_.equipment.currentWinch());
 }
 
 bool Acquisition::boxIsThere() const {
@@ -137,6 +144,7 @@ void Acquisition::runNow() {
     if (result == RunResult::notStarted) screen_.side().instrument().clear();
     if (result == RunResult::failed && !run_->state().startTick) screen_.side().instrument().showNotStarted();
     panel().setState(p.link.lost ? RunPanel::State::noLcu : RunPanel::State::ready);
+    if (p.link.lost) screen_.side().instrument().showSilence();
     screen_.side().showLink(p.link);
     gate_.exchangeEnded();
     if (auto act = std::exchange(whenEnded_, {})) act();

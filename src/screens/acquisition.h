@@ -30,6 +30,8 @@ class Acquisition {
     [[nodiscard]] bool boxIsThere() const;
     [[nodiscard]] bool running() const { return view_ != nullptr; }
     /// The run that goes on or the last one; null before the first.
+    /// "Still to be chosen: a hole and a winch."; empty when a run can be started.
+    [[nodiscard]] std::string stillToChoose() const;
     [[nodiscard]] const RunState* run() const { return run_ ? &run_->state() : nullptr; }
     /// Done once, after the run has ended.
     void whenEnded(std::function<void()> act) { whenEnded_ = std::move(act); }

@@ -210,6 +210,8 @@ void Desktop::connectHooks() {
         if (window_.screen() == nullptr) return;
         acquisition_->show();
         demonstration_->show();
+        const bool plotShown = screen().logs().shows(&screen().live());
+        if (program_.state.mode == programMode::acquire && !plotShown) showAcquire();
         if (request.screen == "frmSetup") allowAcquire();
         screen().handFocusOn();
     };
@@ -285,10 +287,11 @@ void Desktop::showAcquire() {
                                    {"Diagnostics console\u2026", [this] { toolClick("Help-diagnostics"); }}});
         return;
     }
+    const std::string missing = acquisition_->stillToChoose();
     screen().logs().showEmpty(
-        "Ready for a run",
-        "Choose tool and winch under Equipment, set the winch depth, then press Start. The logs appear here "
-        "with the first scans.",
+        missing.empty() ? "Ready for a run" : "Before a run",
+        missing.empty() ? "Set the winch depth, then press Start. The logs appear here with the first scans."
+                        : qt(missing),
         {{"Equipment\u2026", [this] { openScreen("frmEquipment"); }},
          {"Project and hole\u2026", [this] { toolClick("Setup-hole"); }}});
 }

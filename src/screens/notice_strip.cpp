@@ -31,6 +31,13 @@ Look lookOf(Icon icon) {
     }
 }
 
+/// Of the first line, so much as stands beside the title.
+QString beginningOf(const std::string& text) {
+    constexpr int most = 60; // letters
+    const QString all = qt(text).simplified();
+    return (all.size() > most ? all.left(most).trimmed() + "\u2026" : all).toHtmlEscaped();
+}
+
 } // namespace
 
 NoticeStrip::NoticeStrip() : column_(new QVBoxLayout(this)) {
@@ -84,7 +91,7 @@ void NoticeStrip::write() const {
                                  : QString("%1 times since %2").arg(notice.times).arg(qt(notice.since));
         const QString head = QString("<b>%1</b> (%2)").arg(qt(notice.title).toHtmlEscaped(), when);
         const bool whole = &notice == &notices_.back();
-        notice.label->setText(whole ? head + "  " + text : head);
+        notice.label->setText(head + "  " + (whole ? text : beginningOf(notice.text)));
         notice.label->setToolTip(whole ? QString() : text);
     }
 }
