@@ -66,7 +66,8 @@ void ConsoleRunView::keepingState(KeepingState state, std::string_view words) {
     if (state == KeepingState::kept)
         lines_.line("Scans are being kept again");
     else
-        lines_.line("NO SCAN WRITTEN " + std::string(words));
+        lines_.line((state == KeepingState::tooDeep ? "TOO DEEP FOR FILE " : "NO SCAN WRITTEN ") +
+                    std::string(words));
 }
 
 void ConsoleRunView::runEnded(const Path& file, long scansWritten) {

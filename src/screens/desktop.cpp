@@ -288,12 +288,14 @@ void Desktop::showAcquire() {
         return;
     }
     const std::string missing = acquisition_->stillToChoose();
+    std::vector<NextStep> steps{{"Equipment\u2026", [this] { openScreen("frmEquipment"); }},
+                                {"Project and hole\u2026", [this] { toolClick("Setup-hole"); }}};
+    if (trimmed(program_.settings.hole.holeId).empty()) std::swap(steps[0], steps[1]); // first things first
     screen().logs().showEmpty(
         missing.empty() ? "Ready for a run" : "Before a run",
         missing.empty() ? "Set the winch depth, then press Start. The logs appear here with the first scans."
                         : qt(missing),
-        {{"Equipment\u2026", [this] { openScreen("frmEquipment"); }},
-         {"Project and hole\u2026", [this] { toolClick("Setup-hole"); }}});
+        std::move(steps));
 }
 
 void Desktop::showCalibTest() {
