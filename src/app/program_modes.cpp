@@ -105,6 +105,7 @@ void ProgramModes::demo() {
             frame_.hooks.sleep(400);
         }
     }
+    frame_.view.showProgress(100); // done: it goes
     LinkState& link = frame_.link;
     link.port = 1;
     link.demo = true;

@@ -32,6 +32,11 @@ struct Calibration {
     std::array<std::pair<float, float>, maxCalibrationPoints> points{};
 };
 
+/// False for a sensor whose values are counts.
+[[nodiscard]] inline bool isCalibrated(const Calibration& calibration) {
+    return calibration.order > 0 && calibration.state != "None";
+}
+
 /// c1 + c2·x + … + c(m+1)·x^m in double precision, powers by the general power function and added in
 /// increasing order, stored as a single. An order of 0 gives 0. Orders above 19 are cut to the 20
 /// coefficients that exist.

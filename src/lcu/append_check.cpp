@@ -31,6 +31,14 @@ bool sameScale(const RunHeader& latest) {
 
 } // namespace
 
+bool sameKindOfValues(const RunHeader& a, const RunHeader& b) {
+    const std::size_t compared = std::min({a.channels.size(), b.channels.size(), run_file::slotCount});
+    for (std::size_t i = 1; i < compared; ++i) { // the first is Speed
+        if (isCalibrated(a.channels[i].calibration) != isCalibrated(b.channels[i].calibration)) return false;
+    }
+    return true;
+}
+
 std::optional<std::string> CheckLatestRunSpecs(const RunHeader& current, const RunFileInfo& latest) {
     const RunSetup& now = current.setup;
     const RunSetup& before = latest.header.setup;
@@ -57,6 +65,11 @@ std::optional<std::string> CheckLatestRunSpecs(const RunHeader& current, const R
     if (!sameScale(latest.header)) {
         return "The latest run file was written by an older version, in another scale.\r\n"
                "Start a new run.";
+    }
+    if (!sameKindOfValues(current, latest.header)) {
+        return "Some channels are counts now and engineering units in the latest run file, or the "
+               "reverse.\r\n"
+               "Choose the tool with its calibrations, or start a new run.";
     }
     return std::nullopt;
 }

@@ -13,4 +13,7 @@ namespace tarvik {
 [[nodiscard]] std::optional<std::string> CheckLatestRunSpecs(const RunHeader& current,
                                                              const RunFileInfo& latest);
 
+/// False when a channel is counts in one and engineering units in the other: another quantity under its name.
+[[nodiscard]] bool sameKindOfValues(const RunHeader& a, const RunHeader& b);
+
 } // namespace tarvik

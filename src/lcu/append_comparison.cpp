@@ -3,6 +3,7 @@
 #include "base/number_picture.h"
 #include "base/sampling_words.h"
 #include "files/run_file_layout.h"
+#include "lcu/append_check.h"
 #include "lcu/earlier_run.h"
 
 #include <algorithm>
@@ -52,6 +53,27 @@ AppendRow scaleRow(const RunHeader& latest) {
     return row("Scale of the file", newer ? "as now" : "of an older version", "as now", newer);
 }
 
+/// The channels whose values are counts, in words.
+std::string countsText(const RunHeader& header) {
+    std::vector<std::string> names;
+    for (std::size_t i = 1; i < std::min(header.channels.size(), run_file::slotCount); ++i) {
+        if (!isCalibrated(header.channels[i].calibration)) names.push_back(header.channels[i].name);
+    }
+    return names.empty() ? "none" : joined(names);
+}
+
+AppendRow countsRow(const RunHeader& current, const RunHeader& latest) {
+    return row("Channels in counts", countsText(latest), countsText(current),
+               sameKindOfValues(current, latest));
+}
+
+AppendRow serialRow(const RunHeader& current, const RunHeader& latest) {
+    const std::string &before = latest.tool.serialNumber, &now = current.tool.serialNumber;
+    AppendRow made = row("Serial number of the tool", before, now, before == now);
+    made.refuses = false;
+    return made;
+}
+
 AppendRow calibrationRow(const RunHeader& current, const RunHeader& latest) {
     const auto others = recalibratedChannels(current, latest);
     AppendRow made = row("Calibrations", "as the file names them",
@@ -80,6 +102,8 @@ std::vector<AppendRow> appendComparison(const RunHeader& current, const RunFileI
             channelsRow(current, latest),
             recordRow(current, latest),
             scaleRow(latest.header),
+            countsRow(current, latest.header),
+            serialRow(current, latest.header),
             calibrationRow(current, latest.header)};
 }
 
@@ -105,8 +129,12 @@ std::string appendVerdict(const std::vector<AppendRow>& rows) {
     for (const AppendRow& one : rows) {
         if (one.refuses && !one.agrees) differing.push_back(one.what);
     }
+    if (!differing.empty()) return "An append would be refused, because of: " + joined(differing) + ".";
+    for (const AppendRow& one : rows) {
+        if (!one.agrees) differing.push_back(one.what);
+    }
     if (differing.empty()) return "The settings agree with the latest run: it can be appended to.";
-    return "An append would be refused, because of: " + joined(differing) + ".";
+    return "It can be appended to, but these differ from the latest run: " + joined(differing) + ".";
 }
 
 } // namespace tarvik

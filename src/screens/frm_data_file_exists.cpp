@@ -73,8 +73,11 @@ void frmDataFileExists::buildChoice(const LatestRun& latest) {
     verdict_->setObjectName("lbverdict");
     verdict_->setWordWrap(true);
     const bool agrees = mayAppend(latest.comparison);
-    const bool good = agrees && latest.overlap.empty();
-    const std::string said = agrees && !good ? latest.overlap : appendVerdict(latest.comparison);
+    const bool same = std::ranges::all_of(latest.comparison, &AppendRow::agrees);
+    const bool good = same && latest.overlap.empty();
+    const bool overlaps = agrees && !latest.overlap.empty();
+    const std::string verdict = overlaps && same ? "" : appendVerdict(latest.comparison);
+    const std::string said = !overlaps ? verdict : latest.overlap + (verdict.empty() ? "" : "\n" + verdict);
     verdict_->setText((good ? "\u2713  " : "\u25b2  ") + qt(said));
     setRole(*verdict_, good ? "good" : "warning");
     body()->addWidget(newRun_);

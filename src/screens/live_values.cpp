@@ -21,10 +21,6 @@ constexpr int mostRowHeight = 92;
 constexpr int leastDigits = 18; // pixels
 constexpr int unitWidth = 60;
 
-bool isCalibrated(const Calibration& calibration) {
-    return calibration.order > 0 && calibration.state != "None";
-}
-
 /// About five digits, whatever the size of the value; whole counts have no decimals.
 QString valueText(float value, bool calibrated) {
     const double size = std::abs(double{value});

@@ -10,7 +10,7 @@ namespace tarvik {
 
 bool ReviewSession::open(const Path& file) {
     auto log = read(file);
-    screen_.status().showText("Data review mode");
+    showReading(100, "Data review mode");
     if (!log) return false;
     screen_.notices().clear(); // of the run that was logged before
     hand(nullptr);
@@ -30,7 +30,7 @@ bool ReviewSession::open(const Path& file) {
 
 bool ReviewSession::openSecond(const Path& file) {
     auto log = read(file);
-    screen_.status().showText("Data review mode");
+    showReading(100, "Data review mode");
     if (!log) return false;
     screen_.picture().compareWith(nullptr, Comparison::over);
     second_ = std::move(log);
@@ -50,10 +50,14 @@ std::optional<ReviewLog> ReviewSession::read(const Path& file) {
     return program_.lasReader.openTolerantly(file, progress());
 }
 
+void ReviewSession::showReading(int percent, std::string_view words) {
+    screen_.status().showText(words);
+    screen_.status().showProgress(percent);
+}
+
 Progress ReviewSession::progress() {
     return [this](int percent, std::string_view words) {
-        screen_.status().showText(words);
-        screen_.status().showProgress(percent);
+        showReading(percent, words);
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     };
 }

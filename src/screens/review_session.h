@@ -42,6 +42,7 @@ class ReviewSession {
   private:
     [[nodiscard]] std::optional<ReviewLog> read(const Path& file);
     [[nodiscard]] Progress progress();
+    void showReading(int percent, std::string_view words);
     void showEmpty();
     [[nodiscard]] std::vector<DepthMark> notes() const;
     void hand(const ReviewLog* log);

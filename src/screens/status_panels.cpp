@@ -82,7 +82,7 @@ void StatusPanels::showVersion(std::string_view label) {
 }
 
 void StatusPanels::showProgress(int percent) {
-    progress_->setVisible(percent < 88);
+    progress_->setVisible(percent < 100);
     progress_->setRange(0, 100);
     progress_->setValue(percent);
 }

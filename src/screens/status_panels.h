@@ -24,11 +24,11 @@ class StatusPanels {
     void showTimes(std::string_view elapsed, std::string_view completion);
     void showInterface(const InterfaceDisplay& display);
     void showVersion(std::string_view label);
-    /// Percent; a search that is not staged does not know how far it is.
+    /// Percent, 100 hides it; a search that is not staged does not know how far it is.
     void showProgress(int percent);
     void showSearch(bool searching);
-    /// In a narrow window the version, then the interface, give way to the words of the run: the link and Help, About
-    /// say both.
+    /// In a narrow window the version, then the interface, give way to the words of the run: the link and
+    /// Help, About say both.
     void fit();
 
   private:

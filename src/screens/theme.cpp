@@ -168,8 +168,7 @@ QScrollBar::add-line, QScrollBar::sub-line, QScrollBar::add-page, QScrollBar::su
 )";
 
 QString styleSheetOf(const ThemeColours& colours, Theme theme) {
-    // Longer names first: "@onAccent" before "@accent" does not matter, "@text" inside none of them.
-    const std::array<std::pair<const char*, QColor>, 11> names{{{"@ground", colours.ground},
+    const std::array<std::pair<const char*, QColor>, 12> names{{{"@ground", colours.ground},
                                                                 {"@faded", colours.faded},
                                                                 {"@surface", colours.surface},
                                                                 {"@line", colours.line},
@@ -179,7 +178,8 @@ QString styleSheetOf(const ThemeColours& colours, Theme theme) {
                                                                 {"@accent", colours.accent},
                                                                 {"@good", colours.good},
                                                                 {"@warning", colours.warning},
-                                                                {"@bad", colours.bad}}};
+                                                                {"@bad", colours.bad},
+                                                                {"@progress", colours.progress}}};
     QString text = sheet;
     for (const auto& [name, colour] : names) text.replace(name, colour.name());
     text.replace("@name", QString::fromLatin1(themeName(theme).data()));

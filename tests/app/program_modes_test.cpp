@@ -102,7 +102,7 @@ TEST_F(Modes, DemoIsAShowWithNothingBehindIt) {
                 ElementsAre("status ", "uncheck all", "hide run panels", "side frame",
                             "status Searching for LCU", "panel  Checking port COM1", "progress 22",
                             "sleep 400", "progress 44", "sleep 400", "progress 66", "sleep 400",
-                            "progress 88", "sleep 400", "log \\b\\0LCU4 activated on COM1",
+                            "progress 88", "sleep 400", "progress 100", "log \\b\\0LCU4 activated on COM1",
                             "panel  LCU4 on COM1   (Version 1.7)", "Interface LCU4 1095"));
     EXPECT_EQ(link.port, 1);
     const Transcript review = enter("REVIEW");

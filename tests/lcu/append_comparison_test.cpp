@@ -54,7 +54,7 @@ TEST(AppendComparison, DiffersExactlyWhereTheCheckRefuses) {
         {"Channels", [](RunHeader& h) { h.channels[1].name = "DENSITY"; }},
         {"Channels, Record length", [](RunHeader& h) { h.channels.emplace_back(); }},
         {"Scale of the file", [](RunHeader& h) { h.versionMajor = 1; }},
-        {"", [](RunHeader& h) { h.channels[1].calibration.coefficients[1] = 2; }}};
+        {"Channels in counts", [](RunHeader& h) { h.channels[1].calibration.state = "Calibrated"; }}};
     for (const Case& one : cases) {
         RunFileInfo latest{.header = gammaHeader(), .shape = {}};
         one.change(latest.header);
@@ -72,9 +72,14 @@ TEST(AppendComparison, DiffersExactlyWhereTheCheckRefuses) {
 TEST(AppendComparison, OtherCalibrationsAreShownButDoNotRefuse) {
     RunFileInfo latest{.header = gammaHeader(), .shape = {.recordLength = run_file::scanLength(1)}};
     latest.header.channels[1].calibration.coefficients[1] = 2;
-    const AppendRow row = appendComparison(gammaHeader(), latest).back();
-    EXPECT_EQ(row.now, "others for GAMMA");
-    EXPECT_FALSE(row.agrees || row.refuses);
+    latest.header.tool.serialNumber = "G-7";
+    const auto rows = appendComparison(gammaHeader(), latest);
+    EXPECT_EQ(rows.back().now, "others for GAMMA");
+    EXPECT_FALSE(rows.back().agrees || rows.back().refuses);
+    EXPECT_EQ(appendVerdict(rows),
+              "It can be appended to, but these differ from the latest run: Serial number of the "
+              "tool, Calibrations.");
+    EXPECT_FALSE(CheckLatestRunSpecs(gammaHeader(), latest));
 }
 
 TEST(AppendComparison, AFileThatCannotBeReadIsARowOfItsOwn) {
