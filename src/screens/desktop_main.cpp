@@ -8,8 +8,10 @@
 #include "screens/qt_text.h"
 
 #include <QApplication>
+#include <QTimer>
 
 #include <iostream>
+#include <memory>
 #include <vector>
 
 namespace tarvik {
@@ -23,10 +25,28 @@ ProgramOptions optionsFrom(int argc, char** argv) {
     return programOptions(arguments);
 }
 
+/// While the program starts, and after it has failed to: a message must not outlive a request to end.
+class MessagesEnd {
+  public:
+    explicit MessagesEnd(const StopSignals& stopSignals) {
+        timer_.callOnTimeout([&stopSignals] {
+            QWidget* const message = QApplication::activeModalWidget();
+            if (message != nullptr && stopSignals.arrived()) message->close();
+        });
+        timer_.start(lookEveryMs);
+    }
+
+  private:
+    static constexpr int lookEveryMs = 500;
+    QTimer timer_;
+};
+
 int showDesktop(const ProgramOptions& options, const StopSignals& stopSignals) {
+    auto messagesEnd = std::make_unique<MessagesEnd>(stopSignals);
     Desktop desktop(options);
     desktop.endWhen([&stopSignals] { return stopSignals.arrived(); });
     if (!desktop.startUp()) return exitFailed;
+    messagesEnd.reset(); // from here on the desktop ends itself in order
     return desktop.ended() ? exitDone : QApplication::exec();
 }
 
@@ -61,6 +81,7 @@ int runDesktop(int argc, char** argv) {
         return exitUsage;
     } catch (const std::exception& error) {
         std::cerr << "tarvik: " << error.what() << "\n";
+        const MessagesEnd messagesEnd(stopSignals);
         makeMessageBox(Icon::critical, "Tarvik", qt(error.what()), nullptr)->exec();
         return exitFailed;
     }
