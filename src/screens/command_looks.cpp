@@ -14,8 +14,7 @@ constexpr std::array looks{
                 "Choose a run or a LAS file and look at it."},
     CommandLook{"File-batch", fileMenu, "&Batch processing…", "lithology", "",
                 "Process several runs in one go."},
-    CommandLook{"File-minimise", fileMenu, "&Minimise", "minimise", "Ctrl+M",
-                "Put the program aside; a run goes on.", true},
+    CommandLook{"File-minimise", fileMenu, "&Minimise", "minimise", "Ctrl+M", "Put the program aside.", true},
     CommandLook{"File-exit", fileMenu, "E&xit", "exit", "Ctrl+Q", "Save the settings and end the program.",
                 true},
 

@@ -34,7 +34,6 @@ frmNoLCUFound::frmNoLCUFound(bool searched, NoLcuActions actions, DesktopMemory&
     rows_->setSpacing(measure::wide);
     card->body()->addLayout(rows_);
     body()->addWidget(card, 1);
-    body()->addWidget(roleLabel("quiet", "The event log says for each port what was received."));
     connect(addSideButton("comsetup", "Set up &ports\u2026"), &QPushButton::clicked, this,
             [this] { actions_.setUpPorts(); });
     close_ = addButton("comclose", "&Close");
@@ -63,6 +62,7 @@ void frmNoLCUFound::showOutcome(bool searched) {
     const std::vector<PortReport> tried = actions_.report();
     for (const PortReport& port : tried) addRow(port);
     if (tried.empty()) addRow({"No port was tried to its end", "Search again to find the LCU."});
+    rows_->addWidget(roleLabel("quiet", "The event log says for each port what was received."));
 }
 
 void frmNoLCUFound::addRow(const PortReport& port) {

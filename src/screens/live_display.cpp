@@ -77,7 +77,9 @@ LiveDisplay::LiveDisplay()
     setObjectName("livedisplay");
     bar_ = makeBar();
     writeBar(false);
+    paint_->hide();
     narrowestBar_ = bar_->minimumSizeHint().width();
+    paint_->show();
     writeBar(true);
     note_->setObjectName("lblivenote");
     note_->setContentsMargins(12, 4, 12, 4);
@@ -213,8 +215,10 @@ void LiveDisplay::placePanel() {
 
 void LiveDisplay::resizeEvent(QResizeEvent*) {
     values_->setColumnWidth(width() > wideDisplay ? 264 : 216);
+    paint_->show();
     writeBar(true);
     if (width() < bar_->minimumSizeHint().width()) writeBar(false);
+    if (width() < bar_->minimumSizeHint().width()) paint_->hide(); // Paint in the tool bar does the same
     showDigits();
     scaleWords_->setVisible(width() - values_->width() > roomyBar);
     placePanel();

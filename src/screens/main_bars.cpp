@@ -146,6 +146,7 @@ void MainBars::setSearchPicture(bool searching) {
     constexpr std::string_view key = "Setup-LCUsearch";
     setChecked(key, searching);
     action(key)->setIcon(menuIcon(qt(searching ? searchOnIcon : searchOffIcon)));
+    action(key)->setText(QString("Automatic LCU &search - ") + (searching ? "ON" : "OFF")); // read in the sun
 }
 
 void MainBars::whenScaleChosen(std::function<void(double scale)> act) {

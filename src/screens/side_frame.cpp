@@ -17,6 +17,7 @@ namespace tarvik {
 namespace {
 
 constexpr int wholeWidth = 320;
+constexpr int narrowWidth = 274; // on the narrowest display the logs need the rest
 
 /// A lamp is a shape and words besides its colour.
 void setLamp(QLabel& lamp, bool on, const QString& words) {
@@ -37,7 +38,8 @@ SideFrame::SideFrame(RunPanelActions runActions, DemoPanelActions demoActions,
       demo_(new DemoPanel(std::move(demoActions))),
       review_(new ReviewPanel(std::move(reviewActions))) {
     setObjectName("sideframe");
-    setFixedWidth(wholeWidth);
+    setMinimumWidth(narrowWidth);
+    setMaximumWidth(wholeWidth);
     boxLamp_->setObjectName("lblcuok");
     powerLamp_->setObjectName("lbtoolpower");
     auto* const lamps = new QHBoxLayout(lamps_);
@@ -58,6 +60,10 @@ SideFrame::SideFrame(RunPanelActions runActions, DemoPanelActions demoActions,
     logo_->setVisible(false);
     showLink({});
     layOut(programMode::review);
+}
+
+QSize SideFrame::sizeHint() const {
+    return {wholeWidth, QFrame::sizeHint().height()};
 }
 
 void SideFrame::layOut(std::string_view mode) {

@@ -18,6 +18,7 @@ class SideFrame final : public QFrame, public LinkWatcher {
   public:
     SideFrame(RunPanelActions runActions, DemoPanelActions demoActions, ReviewPanelActions reviewActions);
 
+    [[nodiscard]] QSize sizeHint() const override;
     /// By the mode of the program.
     void layOut(std::string_view mode);
     void hideAcquisition();

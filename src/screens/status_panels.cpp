@@ -31,7 +31,7 @@ StatusPanels::StatusPanels(QStatusBar& bar, std::function<void()> cancelSearch)
       text_(panel("lbstatus", "head")),
       link_(panel("lblink", "")),
       progress_(new QProgressBar),
-      cancel_(new QPushButton("Cancel search")),
+      cancel_(new QPushButton("Cancel search (Esc)")),
       times_(panel("LoggingTime", "")),
       interface_(panel("lbinterface", "quiet")),
       version_(panel("lbversion", "quiet")) {
@@ -41,6 +41,7 @@ StatusPanels::StatusPanels(QStatusBar& bar, std::function<void()> cancelSearch)
     progress_->setFixedWidth(160);
     progress_->setTextVisible(false);
     cancel_->setObjectName("comcancelsearch");
+    cancel_->setShortcut(Qt::Key_Escape);
     cancel_->setStyleSheet(
         "padding: 0 12px; min-height: 20px;"); // hidden, it still makes the bar as high as itself
     QObject::connect(cancel_, &QPushButton::clicked, cancel_,
