@@ -206,8 +206,7 @@ void Desktop::connectScales(IntroScreen& screen) {
 void Desktop::connectHooks() {
     FrameHooks& hooks = program_.hooks;
     hooks.openScreen = [this](const ScreenRequest& request) {
-        // Who closed the window in the search does not want to hear of what it did not find.
-        if (request.screen == "frmNoLCUFound" && (closeAfterSearch_ || endIsAsked_())) return;
+        if (closeAfterSearch_ || endIsAsked_()) return; // what a search leads to is no longer wanted
         screens_->open(request);
         if (window_.screen() == nullptr) return;
         acquisition_->show();
