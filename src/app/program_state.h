@@ -26,6 +26,7 @@ struct ProgramState {
     /// Exit asks first. Set each time the review logs are drawn and by "No" in the exit dialog; cleared at
     /// first activation, by every reset of the print button and by "Yes".
     bool exitConfirmation = false;
+    bool mustEnd = false; ///< the system asks the program to end: exit puts no question, nobody may be there
 
     double depthScaleFactor = 1.0; ///< stays 1.0: depths in memory are metres
 

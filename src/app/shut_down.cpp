@@ -12,13 +12,14 @@ void ShutDown::exit() {
                                        Icon::exclamation);
             return;
         }
-        if (state.exitConfirmation) frame_.hooks.openScreen({"frmExit"});
-        if (state.exitConfirmation) {
+        if (state.exitConfirmation && !state.mustEnd) frame_.hooks.openScreen({"frmExit"});
+        if (state.exitConfirmation && !state.mustEnd) {
             if (state.mode == programMode::review) frame_.view.redrawReviewLogs();
             return;
         }
         level = 1; // leaving
-        if (!frame_.store.Utilities_saveregsettings(frame_.settings) && !leaveUnsaved()) return;
+        if (!frame_.store.Utilities_saveregsettings(frame_.settings) && !state.mustEnd && !leaveUnsaved())
+            return;
         window_.stopMainTimer();
         closeOpenPort(frame_);
         level = 2;

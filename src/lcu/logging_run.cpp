@@ -190,7 +190,8 @@ bool LoggingRun::close(const RunOrder& order) {
     const double minutes = static_cast<double>(now - run_.startTick.value_or(now)) / 60000.0;
     if (modules_.lcu.LCU_PowerOFF_Reset() != LinkResult::good)
         modules_.operatorSide.notice("Tool power", toolPowerUnknown, Icon::critical);
-    const bool allWritten = writeHeld(order);
+    const bool heldWritten = writeHeld(order);
+    const bool gone = sayIfGone(); // not before: what was unplugged may be back by now
     logRunSummary(modules_.log, run_.tally, written(), minutes, run_.header.setup.units);
     modules_.view.toolButton(bullseyeButton.key, bullseyeButton.caption, false);
     if (run_.startTick)
@@ -200,7 +201,7 @@ bool LoggingRun::close(const RunOrder& order) {
     modules_.writer.close();
     modules_.view.setRecording(false);
     modules_.view.runEnded(run_.file, static_cast<long>(written().count));
-    return allWritten;
+    return heldWritten && !gone;
 }
 
 /// Of this run: the writer still has those of the last one until a file is opened.
@@ -212,11 +213,10 @@ bool LoggingRun::writeHeld(const RunOrder& order) {
     RunFileWriter& writer = modules_.writer;
     const std::string name = run_.file.filename().string();
     const std::string held = std::to_string(writer.held()) + " scans";
-    const bool gone = sayIfGone();
     if (const std::int64_t lost = writer.lost(); lost > 0)
         modules_.log.red(std::to_string(lost) + " scans were lost: " + name +
                          " could not be written, and no more of them could be held");
-    if (writer.held() == 0) return writer.lost() == 0 && !gone;
+    if (writer.held() == 0) return writer.lost() == 0;
     const std::string unwritten = held + " could not be written to " + run_.file.string();
     do {
         if (writer.writeHeld()) {

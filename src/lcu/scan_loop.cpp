@@ -279,8 +279,8 @@ void ScanLoop::logWriting(KeepingState before, KeepingState now, std::string_vie
     const bool silentByTime = now == KeepingState::noScans && run_.header.setup.sampling == Sampling::time;
     if (now == KeepingState::depthJump || silentByTime)
         modules_.log.red("No scan is kept: " + std::string(why));
-    if (now == KeepingState::tooDeep) modules_.log.red(name + ": " + std::string(why));
-    if (now == KeepingState::writeFailed) modules_.log.red(name + ": " + std::string(why));
+    if (now == KeepingState::tooDeep || now == KeepingState::writeFailed)
+        modules_.log.red(name + ": " + std::string(why));
     if (before == KeepingState::writeFailed && now == KeepingState::kept)
         modules_.log.black(name + " is being written again");
 }

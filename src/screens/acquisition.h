@@ -29,9 +29,9 @@ class Acquisition {
     /// An LCU answers on the open port.
     [[nodiscard]] bool boxIsThere() const;
     [[nodiscard]] bool running() const { return view_ != nullptr; }
-    /// The run that goes on or the last one; null before the first.
-    /// "Still to be chosen: a hole and a winch."; empty when a run can be started.
+    /// "Still to be chosen: a hole and a winch."; empty when nothing is missing.
     [[nodiscard]] std::string stillToChoose() const;
+    /// The run that goes on or the last one; null before the first.
     [[nodiscard]] const RunState* run() const { return run_ ? &run_->state() : nullptr; }
     /// Done once, after the run has ended.
     void whenEnded(std::function<void()> act) { whenEnded_ = std::move(act); }

@@ -338,7 +338,7 @@ void Desktop::endStepByStep() {
     if (demonstration_->running()) return demonstration_->stop();
     if (!gate_.open()) return;
     if (QWidget* const inTheWay = QApplication::activeModalWidget()) return void(inTheWay->close());
-    program_.state.exitConfirmation = false;
+    program_.state.mustEnd = true;
     toolClick("MB-Exit");
 }
 

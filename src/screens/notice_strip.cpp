@@ -31,7 +31,7 @@ Look lookOf(Icon icon) {
     }
 }
 
-/// Of the first line, so much as stands beside the title.
+/// So much of the text as stands beside the title.
 QString beginningOf(const std::string& text) {
     constexpr int most = 60; // letters
     const QString all = qt(text).simplified();

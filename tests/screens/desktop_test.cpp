@@ -237,6 +237,19 @@ TEST(DesktopTest, ClosingDuringARunAsksWithoutStoppingItAndThenEndsItInOrder) {
     EXPECT_NE(std::string(asText(log)).find("Tarvik program closed"), std::string::npos);
 }
 
+TEST(DesktopTest, ARequestToEndEndsARunInOrderAndAsksNothing) {
+    Truck truck;
+    truck.acquire();
+    bool asked = false;
+    truck.desktop->endWhen([&] { return asked; });
+    truck.log([&] { asked = asked || truck.kept() >= 5; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return truck.desktop->ended(); }, 20'000));
+    EXPECT_FALSE(truck.p().link.powerDoubtful);
+    const std::string log(asText(truck.p().files.read(truck.p().log.todaysFile())));
+    EXPECT_NE(log.find("Logging run finished"), std::string::npos);
+    EXPECT_NE(log.find("Tarvik program closed"), std::string::npos);
+}
+
 TEST(DesktopTest, ClosingDuringASearchCancelsItAndThenCloses) {
     Truck truck;
     truck.atWait = [&] {
