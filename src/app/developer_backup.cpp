@@ -37,9 +37,26 @@ void DeveloperBackup::copyTo(const BackupPlan::Target& target) {
         frame_.operatorSide.message("Tarvik", target.notice, Icon::information);
         files_.createFolder(folder);
     }
-    if (frame_.hooks.startCopying(source, folder)) return;
+    if (frame_.hooks.startCopying(source, folder)) {
+        frame_.log.black("Backup to " + folder.string() + " started");
+        return;
+    }
     throw Failure(ErrorNumber::fileNotFound, "The backup could not be started; copy " + source.string() +
                                                  " to " + folder.string() + " by hand");
+}
+
+void DeveloperBackup::reportEnded() {
+    for (const auto& [folder, whole] : frame_.hooks.copiesEnded()) {
+        if (whole) {
+            frame_.log.black("Backup to " + folder.string() + " complete");
+            continue;
+        }
+        const std::string words = "The backup to " + folder.string() +
+                                  " is not complete: not every file could be copied. Look for room and "
+                                  "write access there, then make the backup again";
+        frame_.log.red(words);
+        frame_.operatorSide.notice("Backup not complete", words, Icon::critical);
+    }
 }
 
 } // namespace tarvik

@@ -32,6 +32,8 @@ class DeveloperBackup {
 
     /// "Help-backup": creates the day's folders where missing and starts the copying, without waiting for it.
     void run();
+    /// Says of the copies that have ended since the last call whether they are whole.
+    void reportEnded();
 
   private:
     [[nodiscard]] Path mappedDrive(const std::string& letter) const;

@@ -10,6 +10,7 @@
 #include "app/settings.h"
 #include "app/status_log.h"
 #include "app/stored_settings.h"
+#include "platform/background_copy.h"
 #include "platform/places.h"
 
 #include <functional>
@@ -52,6 +53,10 @@ struct FrameHooks {
     /// Copies a folder into another without waiting; false when that could not be started.
     std::function<bool(const Path& source, const Path& target)> startCopying = [](const Path&, const Path&) {
         return false;
+    };
+    /// The copies that have ended since the last call.
+    std::function<std::vector<BackgroundCopies::Ended>()> copiesEnded = [] {
+        return std::vector<BackgroundCopies::Ended>{};
     };
     std::function<void()> endProcess = [] {};
 };

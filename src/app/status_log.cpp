@@ -36,7 +36,9 @@ void StatusLog::Utilities_logstatus(std::string_view text, Bold bold, std::strin
         for (StatusViewer* const viewer : viewers_) viewer->showStatusLine(viewerLine);
 
         level = 1; // on disk
+        ++unwritten_;
         appendToFile(now, time, text);
+        --unwritten_;
     });
 }
 

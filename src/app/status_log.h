@@ -39,6 +39,8 @@ class StatusLog {
 
     /// Today's file.
     [[nodiscard]] Path todaysFile() const;
+    /// Lines that no file holds since the program started.
+    [[nodiscard]] int unwritten() const { return unwritten_; }
 
   private:
     void appendToFile(const CivilTime& now, std::string_view time, std::string_view text);
@@ -48,6 +50,7 @@ class StatusLog {
     Files& files_;
     Path folder_;
     std::vector<StatusViewer*> viewers_;
+    int unwritten_ = 0;
 };
 
 } // namespace tarvik

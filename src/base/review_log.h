@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,7 @@ struct ReviewLog {
     ReviewChannel marker{"Magnetic Marker", "Value", true, {}};
 
     std::size_t skippedScans = 0; ///< marked as having no valid depth
+    std::size_t damagedScans = 0; ///< records that are no scans
     std::size_t partialBytes = 0; ///< of a torn last record, not read
     bool reversed = false;        ///< the run went up; the arrays were turned round
     bool truncated = false;       ///< more steps than the arrays hold
@@ -65,5 +67,9 @@ struct ReviewLog {
         return otherDepthUnit ? std::string_view(*otherDepthUnit) : depthUnitsText(header.setup.units);
     }
 };
+
+/// Ten times the usual step: what is further apart was not logged in between, and a straight line there would
+/// look like rock. 0, no limit, for fewer than three depths.
+[[nodiscard]] double joinLimit(std::span<const double> depth);
 
 } // namespace tarvik

@@ -83,6 +83,7 @@ void printJson(const RunFacts& facts) {
     object.raw("depth_to", depthOr(false));
     object.add("record_length", static_cast<double>(facts.info.shape.recordLength));
     object.add("skipped_scans", static_cast<double>(facts.log.skippedScans));
+    object.add("damaged_records", static_cast<double>(facts.log.damagedScans));
     object.add("partial_bytes", static_cast<double>(facts.info.shape.partialBytes));
     object.raw("channels", channelsJson(facts.log));
     std::cout << object.text();

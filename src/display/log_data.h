@@ -48,7 +48,4 @@ struct LogData {
 /// The recorded channels, then tool current, voltage and magnetic marker where the log has them.
 [[nodiscard]] LogData logDataOf(const ReviewLog& log);
 
-/// Ten times the usual step, in metres: what is further apart was not logged in between.
-[[nodiscard]] double usualJoinLimit(std::span<const double> depth, DepthUnits units);
-
 } // namespace tarvik

@@ -144,7 +144,7 @@ void addRemarks(LogHeading& heading, const ReviewLog& log) {
     }
     if (log.reversed) heading.remarks.emplace_back("Logged upwards; shown from the top down.");
     if (log.truncated) heading.remarks.emplace_back("The file holds more depth steps than are shown.");
-    if (log.skippedScans > 0) {
+    if (!skippedText(log).empty()) {
         heading.remarks.push_back(skippedText(log) + " are left out.");
     }
 }

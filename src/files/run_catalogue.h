@@ -12,9 +12,11 @@ namespace tarvik {
 struct RunRow {
     Path file;
     std::string hole;
-    std::string tool;
+    std::string tool;    ///< "LAS file" for one
     std::string logged;  ///< "dd-mmm-yyyy hh:mm am/pm", as the header has it
+    std::string order;   ///< of `logged` in time, "200603131405"; of another file when it was written
     std::string depths;  ///< "10.00 to 54.35 m"; empty without scans
+    double top = 0;      ///< metres
     std::string problem; ///< why the file cannot be read; empty when it can
 };
 

@@ -68,10 +68,17 @@ std::string line(const DetailRow& row) {
 } // namespace
 
 std::string skippedText(const ReviewLog& log) {
-    if (log.skippedScans == 0) return {};
-    const bool feet = log.header.setup.units == DepthUnits::feet;
-    return std::to_string(log.skippedScans) + " scans without a valid depth (less than 2000 " +
-           (feet ? "ft)" : "m)");
+    std::string text;
+    if (log.skippedScans > 0) {
+        const bool feet = log.header.setup.units == DepthUnits::feet;
+        text = std::to_string(log.skippedScans) + " scans without a valid depth (less than 2000 " +
+               (feet ? "ft)" : "m)");
+    }
+    if (log.damagedScans > 0) {
+        if (!text.empty()) text += " and ";
+        text += std::to_string(log.damagedScans) + " damaged records, which are no scans,";
+    }
+    return text;
 }
 
 std::vector<DetailRow> runSummary(const ReviewLog& log, const Path& file) {
@@ -83,7 +90,7 @@ std::vector<DetailRow> runSummary(const ReviewLog& log, const Path& file) {
                                 {"Run", log.las ? header.runDate : runText(header)},
                                 {"Scans", scansText(log)}};
     std::erase_if(rows, [](const DetailRow& row) { return trimmed(row.value).empty(); });
-    if (log.skippedScans > 0) rows.push_back({"Left out", skippedText(log)});
+    if (!skippedText(log).empty()) rows.push_back({"Left out", skippedText(log)});
     if (log.partialBytes > 0) {
         rows.push_back({"Torn", std::to_string(log.partialBytes) + " bytes of a last record, not read"});
     }

@@ -15,7 +15,8 @@ struct DetailRow {
     std::string value;
 };
 
-/// "51 scans without a valid depth (less than 2000 ft)"; empty when no scan was left out in reading.
+/// "51 scans without a valid depth (less than 2000 ft)", damaged records behind them; empty when no scan was
+/// left out in reading.
 [[nodiscard]] std::string skippedText(const ReviewLog& log);
 
 /// File, hole, tool, winch, sampling, scans, as far as the file says; a line for skipped scans and one for a

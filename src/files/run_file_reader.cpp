@@ -35,10 +35,11 @@ std::optional<DepthRange> readDepthRange(const Files& files, const Path& file) {
     const RunFileShape shape = readRunHeader(files, file).shape;
     std::int32_t smallest = std::numeric_limits<std::int32_t>::max();
     std::int32_t largest = std::numeric_limits<std::int32_t>::min();
+    ScanMarks marks;
     forEachScanPiece(files, file, shape, [&](const Bytes& piece, std::size_t) {
         for (std::size_t at = 0; at + shape.recordLength <= piece.size(); at += shape.recordLength) {
-            const ScanView scan(&piece[at], 0);
-            if (!scan.hasDepth()) continue;
+            const ScanView scan(&piece[at], static_cast<std::size_t>(shape.channels));
+            if (!marks.isScan(scan) || !scan.hasDepth()) continue;
             smallest = std::min(smallest, scan.depth());
             largest = std::max(largest, scan.depth());
         }
@@ -71,7 +72,7 @@ bool RunFileReader::scanTarvikdatavalues(const Path& file, const RunFileShape& s
     return errors_.run("Logdisplay1-scanTarvikdatavalues", false, [&](Level& level) {
         loadScans(files_, file, shape, review, progress);
         level = 1; // telling what was not read
-        if (review.skippedScans > 0)
+        if (!skippedText(review).empty())
             log_.red(file.filename().string() + ": " + skippedText(review) + " are left out");
         if (review.truncated) log_.red("Scan Tarvik data values - too many data points for array");
         if (review.partialBytes != 0) {

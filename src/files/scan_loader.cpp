@@ -35,7 +35,7 @@ class ScanLoader {
             column.reserve(mostSteps_);
         });
         for (std::size_t i = 0; i < values_; ++i) valueColumns_[i] = review_.channels[i + 1].values.data();
-        review_.skippedScans = 0;
+        review_.skippedScans = review_.damagedScans = 0;
         review_.partialBytes = shape_.partialBytes;
         review_.reversed = review_.truncated = false;
     }
@@ -90,7 +90,9 @@ class ScanLoader {
     void load(const std::uint8_t* first, std::size_t count) {
         for (std::size_t i = 0; i < count && !review_.truncated; ++i) {
             const ScanView scan(first + i * shape_.recordLength, values_);
-            if (!scan.hasDepth()) {
+            if (!marks_.isScan(scan)) {
+                ++review_.damagedScans;
+            } else if (!scan.hasDepth()) {
                 ++review_.skippedScans;
             } else if (stored_ == maxReviewSteps) {
                 review_.truncated = true;
@@ -132,6 +134,7 @@ class ScanLoader {
 
     const RunFileShape& shape_;
     ReviewLog& review_;
+    ScanMarks marks_;
     double scale_;       ///< of the channel values
     std::size_t values_; ///< of a scan without Speed
     std::size_t mostSteps_;

@@ -5,7 +5,9 @@
 #include "base/run_header.h"
 #include "files/run_file_layout.h"
 
+#include <cstring>
 #include <span>
+#include <string_view>
 
 namespace tarvik {
 
@@ -27,10 +29,32 @@ class ScanView {
     [[nodiscard]] std::int16_t marker() const { return readI16le(trailer_ + run_file::scan::marker); }
 
     [[nodiscard]] bool hasDepth() const { return depth() < run_file::scan::invalidDepth; }
+    /// The ten blanks that end every record are there.
+    [[nodiscard]] bool isClosed() const {
+        constexpr std::string_view blanks = "          ";
+        return std::memcmp(trailer_ + run_file::scan::blanks, blanks.data(), blanks.size()) == 0;
+    }
 
   private:
     const std::uint8_t* record_;
     const std::uint8_t* trailer_;
+};
+
+/// Tells the records of a file that are scans. Where the first one ends with its blanks, one without them is
+/// none: zeros that a power cut left, or bytes out of step after a loss. Some writers leave the blanks out
+/// altogether; their files are taken as they stand.
+class ScanMarks {
+  public:
+    [[nodiscard]] bool isScan(ScanView scan) {
+        const bool closed = scan.isClosed();
+        if (first_) firstIsClosed_ = closed;
+        first_ = false;
+        return closed || !firstIsClosed_;
+    }
+
+  private:
+    bool first_ = true;
+    bool firstIsClosed_ = false;
 };
 
 /// Fills `record`, which is scanLength(number of values) bytes long. Depth goes in as thousandths of `units`,

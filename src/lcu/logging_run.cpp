@@ -111,7 +111,7 @@ bool LoggingRun::readBack(const Path& latest) {
     if (!earlier) return false; // reported
     showEarlierScans(*earlier, run_.header, run_.ring);
     if (run_.header.setup.sampling != Sampling::depth) return true; // no way by time
-    const bool whole = !earlier->truncated && earlier->skippedScans == 0;
+    const bool whole = !earlier->truncated && earlier->skippedScans + earlier->damagedScans == 0;
     const auto way = whole ? wayAtEnd(*earlier, run_.header) : std::nullopt;
     if (!way) {
         modules_.operatorSide.message("Check previous run",

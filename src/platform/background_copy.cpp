@@ -1,17 +1,15 @@
 #include "platform/background_copy.h"
 
-#include <cerrno>
 #include <csignal>
 #include <spawn.h>
 #include <string>
 #include <sys/wait.h>
-#include <thread>
 
 extern char** environ;
 
 namespace tarvik {
 
-bool copyInBackground(const Path& source, const Path& target) {
+bool BackgroundCopies::start(const Path& source, const Path& target) {
     std::string from = (source / ".").string();
     std::string to = target.string();
     char command[] = "cp";
@@ -29,11 +27,19 @@ bool copyInBackground(const Path& source, const Path& target) {
     const int failed = ::posix_spawnp(&process, command, nullptr, &attributes, words, environ);
     ::posix_spawnattr_destroy(&attributes);
     if (failed != 0) return false;
-    std::thread([process] {
-        while (::waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
-        }
-    }).detach();
+    copies_.push_back({process, target});
     return true;
+}
+
+std::vector<BackgroundCopies::Ended> BackgroundCopies::ended() {
+    std::vector<Ended> ended;
+    std::erase_if(copies_, [&ended](const Copy& copy) {
+        int status = 0;
+        if (::waitpid(copy.process, &status, WNOHANG) == 0) return false;
+        ended.push_back({copy.target, WIFEXITED(status) && WEXITSTATUS(status) == 0});
+        return true;
+    });
+    return ended;
 }
 
 } // namespace tarvik

@@ -6,17 +6,21 @@ namespace tarvik {
 
 namespace {
 
-constexpr std::size_t mostReports = 20; ///< a file of another kind is damaged in every line
+constexpr std::size_t mostNamed = 20; ///< a file of another kind is damaged in every line
 
-void reportDamage(const Path& file, const IniDocument& document, const ProblemReport& report) {
+std::string damageOf(const Path& file, const IniDocument& document) {
     const auto& damage = document.damage();
-    for (std::size_t i = 0; i < std::min(damage.size(), mostReports); ++i) {
-        report(file.string() + ":" + std::to_string(damage[i].number) + ": " + damage[i].what);
+    std::string words = file.string() + ": " + std::to_string(damage.size());
+    words += damage.size() == 1 ? " line is" : " lines are";
+    words +=
+        " damaged and left out; what else the file holds counts. Correct the file, or set the values anew";
+    for (std::size_t i = 0; i < std::min(damage.size(), mostNamed); ++i) {
+        words += "\nline " + std::to_string(damage[i].number) + ": " + damage[i].what;
     }
-    if (damage.size() > mostReports) {
-        report(file.string() + ": " + std::to_string(damage.size() - mostReports) +
-               " more lines are damaged; is this the right file?");
+    if (damage.size() > mostNamed) {
+        words += "\nand " + std::to_string(damage.size() - mostNamed) + " more; is this the right file?";
     }
+    return words;
 }
 
 } // namespace
@@ -25,7 +29,7 @@ IniSettingsStore::IniSettingsStore(Files& files, Path file, const ProblemReport&
     : files_(files), file_(std::move(file)) {
     try {
         document_ = IniDocument(readText());
-        if (report) reportDamage(file_, document_, report);
+        if (report && !document_.damage().empty()) report(damageOf(file_, document_));
     } catch (const Failure& failure) {
         if (report) report(failure.what());
     }
@@ -47,18 +51,23 @@ std::optional<std::string> IniSettingsStore::get(std::string_view section, std::
 }
 
 void IniSettingsStore::set(std::string_view section, std::string_view key, std::string_view value) {
+    if (get(section, key) == value) return;
     pending_.insert_or_assign({std::string(section), std::string(key)}, std::string(value));
 }
 
 void IniSettingsStore::commit() {
     const std::string before = readText();
-    IniDocument document(before);
-    for (const auto& [name, value] : pending_) document.set(name.first, name.second, value);
-    if (const std::string after = document.text(); after != before) {
+    IniDocument ours = document_;
+    IniDocument file = files_.exists(file_) ? IniDocument(before) : document_;
+    for (const auto& [name, value] : pending_) {
+        ours.set(name.first, name.second, value);
+        file.set(name.first, name.second, value);
+    }
+    if (const std::string after = file.text(); after != before) {
         files_.createFolder(file_.parent_path());
         files_.replace(file_, asBytes(after));
     }
-    document_ = std::move(document);
+    document_ = std::move(ours);
     pending_.clear();
 }
 

@@ -1,9 +1,10 @@
 // The settings as a text file in the user's configuration folder (see ini_document.h for the text).
 //
-// A missing file is an empty store. Keys are written one by one into what the file holds at that moment: an
-// edit made in the file while the program runs survives, unless the same key is set. A damaged line is
-// reported, left out, and kept in the file. A file that cannot be read, or is far too large to be one of
-// ours, is reported and left alone: the store is then empty and refuses to commit.
+// A missing file is an empty store. Only what this program has changed is written, key by key, into what the
+// file holds at that moment: an edit made meanwhile, by hand or by another program, survives unless the same
+// key was changed here. The damaged lines are reported, all at once, left out, and kept in the file. A file
+// that cannot be read, or is far too large to be one of ours, is reported and left alone: the store is then
+// empty and refuses to commit.
 #pragma once
 
 #include "platform/files.h"
@@ -22,6 +23,7 @@ class IniSettingsStore final : public SettingsStore {
 
     [[nodiscard]] std::optional<std::string> get(std::string_view section,
                                                  std::string_view key) const override;
+    /// A value that the store holds already is no change.
     void set(std::string_view section, std::string_view key, std::string_view value) override;
     /// Throws a Failure and keeps what was set when the file cannot be written.
     void commit() override;
@@ -32,7 +34,7 @@ class IniSettingsStore final : public SettingsStore {
 
     Files& files_;
     Path file_;
-    IniDocument document_;
+    IniDocument document_; ///< as it was read, with what this program has changed since
     std::map<std::pair<std::string, std::string>, std::string> pending_;
 };
 

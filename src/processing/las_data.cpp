@@ -112,6 +112,18 @@ std::vector<Source> recordedSources(const ReviewLog& log) {
     return sources;
 }
 
+/// Of channels that share a name, as in merged LAS files, the name's second mention means the second.
+template <class Range, class Projection>
+auto findMention(Range&& range, std::string_view name, std::size_t mention, Projection nameOf) {
+    auto found = std::ranges::end(range);
+    for (auto each = std::ranges::begin(range); each != std::ranges::end(range); ++each) {
+        if (std::invoke(nameOf, *each) != name) continue;
+        found = each;
+        if (mention-- == 0) break;
+    }
+    return found;
+}
+
 /// The named channels in the order of the names, `extra` (time and supply) among them.
 std::vector<Source> namedSources(const ReviewLog& log, std::span<const Source> extra,
                                  std::span<const std::string> names) {
@@ -119,7 +131,8 @@ std::vector<Source> namedSources(const ReviewLog& log, std::span<const Source> e
     all.insert(all.end(), extra.begin(), extra.end());
     std::vector<Source> chosen;
     for (const std::string& name : names) {
-        const auto found = std::ranges::find(all, trimmed(name), &Source::name);
+        const auto mention = std::ranges::count(chosen, trimmed(name), &Source::name);
+        const auto found = findMention(all, trimmed(name), static_cast<std::size_t>(mention), &Source::name);
         if (found == all.end()) refuse("the run has no channel \"" + name + "\"");
         chosen.push_back(*found);
     }
@@ -143,14 +156,14 @@ std::vector<LasCurve> curvesOf(std::span<const Source> sources, const LasExportO
         curves.push_back({std::string(source.name), std::string(source.unit), std::nullopt});
     }
     for (const ChannelFilter& filter : options.filters) {
-        const auto length = filterLength(filter.setting);
-        bool found = false;
-        for (LasCurve& curve : curves) {
-            if (curve.name != trimmed(filter.channel)) continue;
-            curve.filter = length;
-            found = true;
-        }
-        if (!found) refuse("there is no channel \"" + filter.channel + "\" to be filtered");
+        if (std::ranges::find(curves, trimmed(filter.channel), &LasCurve::name) == curves.end())
+            refuse("there is no channel \"" + filter.channel + "\" to be filtered");
+    }
+    for (auto curve = curves.begin(); curve != curves.end(); ++curve) {
+        const auto mention = std::ranges::count(curves.begin(), curve, curve->name, &LasCurve::name);
+        const auto filter = findMention(options.filters, curve->name, static_cast<std::size_t>(mention),
+                                        [](const ChannelFilter& each) { return trimmed(each.channel); });
+        if (filter != options.filters.end()) curve->filter = filterLength(filter->setting);
     }
     return curves;
 }
@@ -182,14 +195,29 @@ void noteEarlierFilters(std::span<const Source> sources, std::vector<LasCurve>& 
 
 // --- to the depths -----------------------------------------------------------------------------------------
 
-void interpolate(LasData& data, std::span<const double> loaded, const DepthSteps& steps) {
-    const LogInterpolation interpolation(loaded, steps);
+void warnOfStretchesNotLogged(std::span<const DepthExtent> stretches, const ExportList& list) {
+    if (stretches.empty()) return;
+    std::string words = "Warning: nothing was logged from " + formatPicture(stretches[0].from, "###0.00") +
+                        " to " + formatPicture(stretches[0].to, "###0.00");
+    if (stretches.size() > 1) words += " and in " + std::to_string(stretches.size() - 1) + " more stretches";
+    tell(list, words + ", the steps there have no value");
+}
+
+/// By time the way between two scans is as long as the winch makes it.
+double farthestNeighbours(const ReviewLog& log) {
+    return !log.las && log.header.setup.sampling == Sampling::time ? 0 : joinLimit(log.depth);
+}
+
+void interpolate(LasData& data, const ReviewLog& log, const DepthSteps& steps, const ExportList& list) {
+    const LogInterpolation interpolation(log.depth, steps, farthestNeighbours(log));
     data.depth.reserve(steps.count);
     for (std::size_t i = 0; i < steps.count; ++i) data.depth.push_back(steps.at(i));
     for (auto& column : data.columns) column = interpolation.Logprintexport_interplogdata(column);
+    warnOfStretchesNotLogged(interpolation.notLogged(), list);
 }
 
-/// Keeps the loaded steps between start and stop.
+/// Keeps the loaded steps between start and stop. The header promises no depth that has no line: readers
+/// count from its start.
 void select(LasData& data, std::span<const double> loaded) {
     const auto chosen = [&](double depth) {
         return depth >= data.well.start - sameDepth && depth <= data.well.stop + sameDepth;
@@ -271,10 +299,13 @@ LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options, co
     noteEarlierFilters(sources, data.curves, list);
     if (steps) {
         tell(list, "Interpolate...");
-        interpolate(data, log.depth, *steps);
+        interpolate(data, log, *steps, list);
         data.well.step = steps->step;
     } else {
         select(data, log.depth);
+        const auto [smallest, largest] = std::ranges::minmax(data.depth);
+        if (options.start) data.well.start = smallest;
+        if (options.stop) data.well.stop = largest;
         data.well.step = log.las ? lasHeaderStep(*log.las, data.depth) : evenStep(data.depth);
     }
     warnOfTurns(data.depth, list);

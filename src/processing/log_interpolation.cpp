@@ -1,7 +1,5 @@
 #include "processing/log_interpolation.h"
 
-#include "base/review_log.h"
-
 #include <algorithm>
 #include <limits>
 #include <numeric>
@@ -24,7 +22,7 @@ std::vector<std::size_t> inOrder(std::span<const double> loaded) {
 
 } // namespace
 
-LogInterpolation::LogInterpolation(std::span<const double> loaded, const DepthSteps& steps) {
+LogInterpolation::LogInterpolation(std::span<const double> loaded, const DepthSteps& steps, double limit) {
     const auto order = inOrder(loaded);
     places_.reserve(steps.count);
     std::size_t next = 0; // first loaded step that lies deeper
@@ -37,6 +35,10 @@ LogInterpolation::LogInterpolation(std::span<const double> loaded, const DepthSt
             places_.push_back({below, below, 0});
         } else if (below == nowhere || above == nowhere) {
             places_.push_back({nowhere, nowhere, 0});
+        } else if (limit > 0 && loaded[above] - loaded[below] > limit) {
+            places_.push_back({nowhere, nowhere, 0});
+            if (notLogged_.empty() || notLogged_.back().from != loaded[below])
+                notLogged_.push_back({loaded[below], loaded[above]});
         } else {
             places_.push_back({below, above, (depth - loaded[below]) / (loaded[above] - loaded[below])});
         }

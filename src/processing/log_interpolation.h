@@ -1,6 +1,8 @@
 // Channels at regular depths, linear between the two nearest loaded steps.
 #pragma once
 
+#include "base/review_log.h"
+
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -22,12 +24,17 @@ constexpr double sameDepth = 1e-6;
 /// Looks up once where the regular depths lie among the loaded ones; then every channel is a plain pass.
 class LogInterpolation {
   public:
-    /// Loaded depths need not be in order.
-    LogInterpolation(std::span<const double> loaded, const DepthSteps& steps);
+    /// Loaded depths need not be in order. Neighbours further apart than `limit` have nothing between them; 0
+    /// is no limit.
+    LogInterpolation(std::span<const double> loaded, const DepthSteps& steps, double limit = 0);
 
     /// The channel's values, one for each loaded depth, at the regular depths. A depth outside the loaded
-    /// ones, or with a gap on either side, is a gap; a depth that was loaded has its own value.
+    /// ones, in a stretch that was not logged, or with a gap on either side, is a gap; a depth that was
+    /// loaded has its own value.
     [[nodiscard]] std::vector<float> Logprintexport_interplogdata(std::span<const float> values) const;
+
+    /// The stretches wider than the limit in which regular depths lie.
+    [[nodiscard]] const std::vector<DepthExtent>& notLogged() const { return notLogged_; }
 
   private:
     /// Between two loaded steps, `share` of the way from the first to the second.
@@ -38,6 +45,7 @@ class LogInterpolation {
     };
 
     std::vector<Place> places_;
+    std::vector<DepthExtent> notLogged_;
 };
 
 } // namespace tarvik

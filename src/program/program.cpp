@@ -1,7 +1,6 @@
 #include "program/program.h"
 
 #include "base/failure.h"
-#include "platform/background_copy.h"
 #include "platform/serial_devices.h"
 
 #include <algorithm>
@@ -124,7 +123,8 @@ FrameHooks Program::connectHooks() {
     to.stopDataStream = [this] { lcu.stopStream(); };
     to.closePort = [this] { port.close(); };
     to.loadCalibrationHistory = [this] { calibrations.open(); };
-    to.startCopying = copyInBackground;
+    to.startCopying = [this](const Path& from, const Path& into) { return copies.start(from, into); };
+    to.copiesEnded = [this] { return copies.ended(); };
     to.sleep = [this](int milliseconds) { sleepAlive(*this, milliseconds); };
     return to;
 }

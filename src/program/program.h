@@ -26,6 +26,7 @@
 #include "lcu/lcu_commands.h"
 #include "lcu/lcu_port.h"
 #include "lcu/lcu_search.h"
+#include "platform/background_copy.h"
 #include "platform/disk_files.h"
 #include "platform/display_queries.h"
 #include "platform/ini_settings_store.h"
@@ -111,6 +112,7 @@ class Program {
     RunFileWriter runWriter;
     LasExport lasExport;
 
+    BackgroundCopies copies;
     FrameHooks hooks; ///< the calls out of the frame that no screen is needed for are in place
     Frame frame;
     ProgramModes modes;

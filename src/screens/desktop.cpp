@@ -39,6 +39,7 @@ Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
     mainTimer_.setInterval(mainTimerMs);
     QObject::connect(&mainTimer_, &QTimer::timeout, [this] {
         acquisition_->watchDepth();
+        program_.developerBackup.reportEnded();
         closeWhenFree();
         if (endIsAsked_()) endStepByStep();
     });
@@ -59,6 +60,7 @@ bool Desktop::startUp() {
     review_->show();
     operator_.statusText("Data review mode");
     mainTimer_.start();
+    screens_->showUnreadErrors();
     screen().handFocusOn();
     return true;
 }
@@ -160,9 +162,10 @@ RunViewParts Desktop::runViewParts() {
 }
 
 /// While a run goes on nothing may lie over its plot: a notice says it, and the form opens when the run is
-/// over.
+/// over. While the program starts there is no window yet to place it on.
 void Desktop::showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed) {
     screens_->keepError(error, dateTime, filed);
+    if (!mainTimer_.isActive()) return;
     if (!acquisition_->running()) return screens_->showUnreadErrors();
     operator_.notice("Error in " + error.routine, error.description + "\n" + errorFileAdvice(filed),
                      Icon::critical);

@@ -8,8 +8,11 @@
 #include "screens/qt_text.h"
 
 #include <QApplication>
+#include <QLockFile>
+#include <QPushButton>
 #include <QTimer>
 
+#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <vector>
@@ -41,9 +44,39 @@ class MessagesEnd {
     QTimer timer_;
 };
 
+/// Two programs on one home count the same runs and keep the same settings. That is the operator's to decide;
+/// most often the second one was started by a double click too many.
+bool mayStartBeside(const QLockFile& other) {
+    qint64 process = 0;
+    QString host;
+    QString name;
+    if (other.error() != QLockFile::LockFailedError || !other.getLockInfo(&process, &host, &name))
+        return true;
+    const auto box = makeMessageBox(Icon::exclamation, "Tarvik",
+                                    QString("Tarvik is running already (process %1), with the same settings "
+                                            "and projects.\nGo on there, or start a second one beside it?")
+                                        .arg(process),
+                                    nullptr);
+    auto* const second = box->addButton("&Start a second one", QMessageBox::AcceptRole);
+    second->setObjectName("comsecond");
+    auto* const leave = box->addButton("&Leave", QMessageBox::RejectRole);
+    box->setDefaultButton(leave);
+    box->exec();
+    return box->clickedButton() == second;
+}
+
+/// The toolkit ends the process by an abort when it cannot reach the display.
+void sayWhyItCannotStart(QtMsgType type, const QMessageLogContext&, const QString& words) {
+    std::cerr << "tarvik: " << plain(words) << "\n";
+    if (type == QtFatalMsg) std::_Exit(exitFailed);
+}
+
 int showDesktop(const ProgramOptions& options, const StopSignals& stopSignals) {
     auto messagesEnd = std::make_unique<MessagesEnd>(stopSignals);
     Desktop desktop(options);
+    QLockFile lock(qt(desktop.program().places.settingsFile.string()) + ".lock");
+    lock.setStaleLockTime(0); // a program that lives holds it, however long
+    if (!lock.tryLock() && !mayStartBeside(lock)) return exitDone;
     desktop.endWhen([&stopSignals] { return stopSignals.arrived(); });
     if (!desktop.startUp()) return exitFailed;
     messagesEnd.reset(); // from here on the desktop ends itself in order
@@ -69,7 +102,9 @@ int runDesktop(int argc, char** argv) {
     }
     const StopSignals stopSignals; // before the toolkit starts threads
     int toolkitArgc = 1;           // the words are ours, the toolkit gets the program's name only
+    const QtMessageHandler toolkitsOwn = qInstallMessageHandler(sayWhyItCannotStart);
     QApplication application(toolkitArgc, argv);
+    qInstallMessageHandler(toolkitsOwn);
     QApplication::setApplicationName("Tarvik");
     QApplication::setQuitOnLastWindowClosed(false);
     applyTheme(application, Theme::light);

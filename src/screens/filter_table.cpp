@@ -1,6 +1,7 @@
 #include "screens/filter_table.h"
 
 #include "screens/qt_text.h"
+#include "screens/sort_item.h"
 #include "screens/theme.h"
 
 #include <QApplication>
@@ -19,7 +20,6 @@ namespace tarvik {
 namespace {
 
 constexpr int keyRole = Qt::UserRole;
-constexpr int sortRole = Qt::UserRole + 1;
 constexpr int least = 110; ///< pixels in height: the head and two rows
 
 QFont boldFont() {
@@ -28,26 +28,16 @@ QFont boldFont() {
     return font;
 }
 
-class Item final : public QTableWidgetItem {
-  public:
-    explicit Item(const TableCell& cell) : QTableWidgetItem(cell.text) {
-        setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-        setToolTip(cell.text);
-        if (cell.number) {
-            setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            setData(sortRole, cell.text.toDouble());
-        } else {
-            setData(sortRole, cell.sortText.isEmpty() ? cell.text : cell.sortText);
-        }
-    }
-
-    bool operator<(const QTableWidgetItem& other) const override {
-        const QVariant mine = data(sortRole);
-        const QVariant its = other.data(sortRole);
-        if (mine.typeId() == QMetaType::Double) return mine.toDouble() < its.toDouble();
-        return mine.toString().compare(its.toString(), Qt::CaseInsensitive) < 0;
-    }
-};
+SortItem* itemOf(const TableCell& cell) {
+    const QVariant order = cell.number               ? QVariant(cell.text.toDouble())
+                           : cell.sortText.isEmpty() ? QVariant(cell.text)
+                                                     : QVariant(cell.sortText);
+    auto* const item = new SortItem(cell.text, order);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    item->setToolTip(cell.text);
+    if (cell.number) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return item;
+}
 
 } // namespace
 
@@ -127,7 +117,7 @@ void FilterTable::setRows(const std::vector<TableRow>& rows) {
     for (int row = 0; row < table_->rowCount(); ++row) {
         const TableRow& content = rows[static_cast<std::size_t>(row)];
         for (int column = 0; column < table_->columnCount(); ++column) {
-            auto* const item = new Item(content.cells.at(static_cast<std::size_t>(column)));
+            auto* const item = itemOf(content.cells.at(static_cast<std::size_t>(column)));
             item->setData(keyRole, content.key);
             if (content.bold) item->setFont(boldFont());
             table_->setItem(row, column, item);

@@ -32,6 +32,14 @@ QString markOf(int code) {
     return code == red ? QString("\u25b2") : code == 1 ? QString("\u25cf") : QString();
 }
 
+QString whereKept(const StatusLog& log) {
+    const QString file = qt(log.todaysFile().string());
+    if (log.unwritten() == 0) return "Kept in " + file;
+    return QString("%1 of the lines could not be written to %2 and are only here: copy them.")
+        .arg(log.unwritten())
+        .arg(file);
+}
+
 } // namespace
 
 // ---- The lines.
@@ -97,8 +105,7 @@ bool frmEventLog::Filter::filterAcceptsRow(int row, const QModelIndex& parent) c
     return QSortFilterProxyModel::filterAcceptsRow(row, parent);
 }
 
-frmEventLog::frmEventLog(EventLogModel& model, const QString& todaysFile, DesktopMemory& memory,
-                         QWidget* parent)
+frmEventLog::frmEventLog(EventLogModel& model, const StatusLog& log, DesktopMemory& memory, QWidget* parent)
     : ScreenDialog("frmEventLog", "Event log", memory, parent), table_(new QTableView) {
     filter_.setSourceModel(&model);
     filter_.setFilterKeyColumn(EventLogModel::textColumn);
@@ -135,7 +142,8 @@ frmEventLog::frmEventLog(EventLogModel& model, const QString& todaysFile, Deskto
     table_->setColumnWidth(EventLogModel::markColumn, 32);
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     body()->addWidget(table_, 1);
-    auto* const file = roleLabel("quiet", "Kept in " + todaysFile);
+    auto* const file = roleLabel(log.unwritten() == 0 ? "quiet" : "warning", whereKept(log));
+    file->setWordWrap(true);
     file->setTextInteractionFlags(Qt::TextSelectableByMouse);
     body()->addWidget(file);
 

@@ -41,8 +41,7 @@ class EventLogModel final : public QAbstractTableModel, public StatusViewer {
 
 class frmEventLog final : public ScreenDialog {
   public:
-    frmEventLog(EventLogModel& model, const QString& todaysFile, DesktopMemory& memory,
-                QWidget* parent = nullptr);
+    frmEventLog(EventLogModel& model, const StatusLog& log, DesktopMemory& memory, QWidget* parent = nullptr);
 
   private:
     class Filter final : public QSortFilterProxyModel {

@@ -33,7 +33,7 @@ struct Planned {
 
 constexpr std::array planned{
     Planned{"frmBatchProcessing",
-            "folder",
+            "batch",
             "Batch processing",
             "This version cannot work through several files at once.",
             {Way{"One run: open it in Review and press Export as LAS."},

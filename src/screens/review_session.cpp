@@ -19,7 +19,7 @@ bool ReviewSession::open(const Path& file) {
     file_ = file;
     hand(&*log_);
     program_.state.runFileName = file.filename().string();
-    if (log_->skippedScans > 0)
+    if (!skippedText(*log_).empty())
         program_.frame.operatorSide.notice(
             "Scans left out", skippedText(*log_) + " are left out of what is shown, printed and exported.",
             Icon::exclamation);

@@ -1,6 +1,7 @@
 #include "screens/run_list.h"
 
 #include "screens/qt_text.h"
+#include "screens/sort_item.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -69,7 +70,7 @@ void RunList::makeTable() {
 void RunList::readNext() {
     if (unread_.empty()) {
         reading_.stop();
-        return table_->setSortingEnabled(true);
+        return sort();
     }
     show(describeRun(files_, unread_.back()));
     unread_.pop_back();
@@ -80,14 +81,25 @@ void RunList::show(const RunRow& row) {
     table_->insertRow(at);
     const QString texts[]{qt(row.file.filename().string()), qt(row.hole), qt(row.tool), qt(row.logged),
                           row.problem.empty() ? qt(row.depths) : QString("cannot be read")};
+    const QVariant orders[]{texts[fileColumn], texts[holeColumn], texts[toolColumn], qt(row.order), row.top};
     for (int i = 0; i < columns; ++i) {
-        auto* const item = new QTableWidgetItem(texts[i]);
+        auto* const item = new SortItem(texts[i], orders[i]);
         item->setToolTip(row.problem.empty() ? qt(row.file.string()) : qt(row.problem));
         table_->setItem(at, i, item);
     }
     table_->item(at, fileColumn)->setData(Qt::UserRole, qt(row.file.string()));
     filter(filter_->text());
     if (row.file == wanted_) table_->selectRow(at);
+}
+
+/// As the crew left it, at first the newest on top: it is the one that is wanted after logging.
+void RunList::sort() {
+    const bool unchosen = wanted_.empty() && filter_->text().isEmpty() && table_->currentRow() <= 0;
+    QHeaderView& head = *table_->horizontalHeader();
+    if (!head.isSortIndicatorShown()) head.setSortIndicator(loggedColumn, Qt::DescendingOrder);
+    table_->setSortingEnabled(true);
+    if (unchosen) table_->selectRow(0);
+    if (table_->currentItem() != nullptr) table_->scrollToItem(table_->currentItem());
 }
 
 /// A run that is filtered out is not the one that the primary button means; the first that is left is.

@@ -38,6 +38,7 @@ class RunList final : public QWidget {
     void makeTable();
     void readNext();
     void show(const RunRow& row);
+    void sort();
     void filter(const QString& text);
 
     const Files& files_;

@@ -91,7 +91,7 @@ void ScreenOpener::openFile(const ScreenRequest&) {
 }
 
 void ScreenOpener::openEventLog(const ScreenRequest&) {
-    frmEventLog(events_, qt(program_.log.todaysFile().string()), memory_, &parent_).exec();
+    frmEventLog(events_, program_.log, memory_, &parent_).exec();
 }
 
 void ScreenOpener::openNoLcuFound(const ScreenRequest&) {

@@ -111,7 +111,7 @@ QWidget* SetupProjectPage::buildNew() {
     open->setAutoDefault(false);
     open->setToolTip("Shows the project's folder in the file manager.");
     connect(open, &QPushButton::clicked, this,
-            [this] { QDesktopServices::openUrl(QUrl::fromLocalFile(path_->text())); });
+            [this] { QDesktopServices::openUrl(QUrl::fromLocalFile(chosenFolder())); });
 
     auto* const bottom = new QWidget;
     auto* const column = new QVBoxLayout(bottom);
@@ -173,7 +173,15 @@ void SetupProjectPage::showRecent() {
 }
 
 void SetupProjectPage::showPath() {
-    path_->setText(qt((folder() / plain(chosen())).string()));
+    const std::string_view inUse = trimmed(modules_.settings.currentProject);
+    const bool missing = chosen().isEmpty() && !inUse.empty() &&
+                         folder() == modules_.places.projectsFolder(modules_.settings.projectDrive);
+    path_->setText(missing ? QString("The project in use, %1, has no folder on this drive.").arg(qt(inUse))
+                           : chosenFolder());
+}
+
+QString SetupProjectPage::chosenFolder() const {
+    return qt((folder() / plain(chosen())).string());
 }
 
 void SetupProjectPage::chooseProject(const QString& name) {

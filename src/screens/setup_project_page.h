@@ -35,6 +35,7 @@ class SetupProjectPage final : public SetupPage {
     [[nodiscard]] std::string letter() const;
     [[nodiscard]] Path folder() const;
     [[nodiscard]] QString chosen() const;
+    [[nodiscard]] QString chosenFolder() const;
     [[nodiscard]] std::vector<std::string> recent() const;
 
     SetupModules modules_;

@@ -127,6 +127,7 @@ struct FrameRig : testing::Test, StatusViewer {
             person.write("copy ", source.string(), " to ", target.string());
             return true;
         };
+        hooks.copiesEnded = [this] { return std::exchange(copiesEnded, {}); };
         hooks.endProcess = [this] { person.write("end"); };
     }
 
@@ -137,6 +138,7 @@ struct FrameRig : testing::Test, StatusViewer {
 
     std::string found = "LCU4";
     std::function<void()> whileOpen;
+    std::vector<BackgroundCopies::Ended> copiesEnded;
 
     MemoryFiles files;
     VirtualClock clock;

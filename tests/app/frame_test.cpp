@@ -262,11 +262,19 @@ TEST_F(FrameTest, TheBackupFoldersAreNamedByTheDay) {
     EXPECT_THAT(click("Help-backup"),
                 ElementsAre("message Tarvik|Daily backup directory being created|",
                             "copy /d/Software Development/Tarvik to /f/Tarvik-Mon-130306",
-                            "copy /d/Software Development/Tarvik to /g/Tarvik-Mon-130306"));
+                            HasSubstr("Backup to /f/Tarvik-Mon-130306 started"),
+                            "copy /d/Software Development/Tarvik to /g/Tarvik-Mon-130306",
+                            HasSubstr("Backup to /g/Tarvik-Mon-130306 started")));
     EXPECT_TRUE(files.exists("/f/Tarvik-Mon-130306"));
     places.drives.erase('F'); // a letter without a folder would mean drive C
-    EXPECT_THAT(click("Help-backup"), ElementsAre(HasSubstr("Drive F has no folder"), HasSubstr("copy ")));
+    EXPECT_THAT(click("Help-backup"),
+                ElementsAre(HasSubstr("Drive F has no folder"), HasSubstr("copy "), HasSubstr("started")));
     EXPECT_FALSE(files.exists("/c/Tarvik-Mon-130306"));
     hooks.startCopying = [](const Path&, const Path&) { return false; };
     EXPECT_THAT(click("Help-backup").back(), HasSubstr("The backup could not be started"));
+    copiesEnded = {{"/f/Tarvik-Mon-130306", true}, {"/g/Tarvik-Mon-130306", false}};
+    backup.reportEnded();
+    EXPECT_THAT(told(), ElementsAre(HasSubstr("Backup to /f/Tarvik-Mon-130306 complete"),
+                                    HasSubstr("2The backup to /g/Tarvik-Mon-130306 is not complete"),
+                                    HasSubstr("notice Backup not complete")));
 }

@@ -111,6 +111,25 @@ TEST(RunFileReader, InvalidDepthsNegativeSpeedsAndTimes) {
     EXPECT_FALSE(review->reversed);
 }
 
+TEST(RunFileReader, RecordsThatAreNoScansAreLeftOutAndCounted) {
+    RunFiles run;
+    ASSERT_TRUE(run.writer.LCU_SetupFileHeader(runFile, runHeader()));
+    for (const double depth : {10.0, 10.1, 10.2}) run.save(depth);
+    Bytes bytes = run.files.read(runFile);
+    const std::size_t record = run_file::scanLength(2);
+    const Bytes whole(bytes.end() - static_cast<std::ptrdiff_t>(record), bytes.end());
+    bytes.insert(bytes.end(), record, 0); // a power cut before the last record was on disk
+    bytes.insert(bytes.end(), whole.begin() + 9, whole.end()); // bytes lost: everything behind is out of step
+    bytes.insert(bytes.end(), whole.begin(), whole.end());
+    put(run, bytes);
+    const auto review = run.open();
+    EXPECT_EQ(review->depth, (Doubles{10.0, 10.1, 10.2}));
+    EXPECT_EQ(review->damagedScans, 2U);
+    const auto range = readDepthRange(run.files, runFile);
+    EXPECT_EQ(range->smallest, 10.0);
+    EXPECT_EQ(range->largest, 10.2);
+}
+
 TEST(RunFileReader, OldVersionsStoredWholeUnits) {
     const struct {
         int major, minor;

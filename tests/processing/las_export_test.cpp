@@ -173,6 +173,33 @@ TEST(LasExport, WithoutARegularStepTheLoadedDepthsInTheIntervalGoOut) {
     EXPECT_THAT(las.list, ::testing::Contains(HasSubstr("the depths go back, from 2.50 to 1.20")));
 }
 
+TEST(LasExport, TheHeaderPromisesNoDepthWithoutALine) {
+    Export las;
+    ASSERT_TRUE(las.run({.start = 0, .stop = 100}));
+    EXPECT_THAT(las.header(), HasSubstr("STRT.M             1.00  "));
+    EXPECT_THAT(las.header(), HasSubstr("STOP.M             2.50  "));
+}
+
+TEST(LasExport, NoLineIsDrawnThroughWhatWasNotLogged) {
+    Export las;
+    las.log.depth = {1, 1.1, 1.2, 3.2};
+    las.log.header.setup.sampling = Sampling::depth;
+    ASSERT_TRUE(las.run({.start = 1.1, .step = 0.7, .channels = {"Speed"}}));
+    EXPECT_EQ(las.data(), "        1.10        6.00\r\n        1.80     -999.25\r\n"
+                          "        2.50     -999.25\r\n        3.20        6.00\r\n");
+    EXPECT_THAT(las.list,
+                ::testing::Contains("Warning: nothing was logged from 1.20 to 3.20, the steps there "
+                                    "have no value"));
+}
+
+TEST(LasExport, ChannelsOfOneNameKeepTheirOwnValuesAndFilters) {
+    Export las;
+    las.log.channels[1].name = "Speed ";
+    ASSERT_TRUE(las.run({.filters = {{"Speed", "None"}, {"Speed", "1"}}, .channels = {"Speed", "Speed"}}));
+    EXPECT_THAT(las.data(), HasSubstr("        1.00        6.00       10.00\r\n"));
+    EXPECT_THAT(las.header(), HasSubstr("#        Speed - None\r\n#        Speed - 1 pt\r\n"));
+}
+
 TEST(LasExport, StepsFinerThanTheirTwoDecimalsAreWarnedOf) {
     Export las;
     ASSERT_TRUE(las.run({.step = 0.125, .channels = {"Speed"}}));
