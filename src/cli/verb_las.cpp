@@ -32,25 +32,17 @@ LasExportOptions exportOptions(const Arguments& arguments, LasExportOptions opti
     return options;
 }
 
-/// What is not loaded (more than 20 channels or 80,000 steps) would be lost for good.
-void refuseItself(const Path& file, const Path& output) {
-    std::error_code notThere;
-    if (std::filesystem::equivalent(file, output, notThere))
-        throw Failure(ErrorNumber::pathFileAccess,
-                      output.string() + ": is the file read. Choose another name.");
-}
-
 int runLas(const Arguments& arguments) {
     const Path file = arguments.only("run or LAS file");
     const auto output = arguments.name("-o");
     if (!output) throw UsageError("-o OUT.las is missing");
     std::ignore = exportOptions(arguments, {}); // wrong usage is told before anything is done
-    refuseItself(file, *output);
     Review review(arguments);
     const auto log = review.open(file);
     if (!log) return exitFailed;
     const auto show = [](std::string_view line) { std::cerr << line << "\n"; };
-    const LasExportOptions options = exportOptions(arguments, lasOptionsFor(*log));
+    LasExportOptions options = exportOptions(arguments, lasOptionsFor(*log));
+    options.source = file;
     if (!review.program().lasExport.Logprintexport_exportLASfile(*log, *output, options, show))
         return exitFailed;
     std::cout << *output << "\n";

@@ -115,8 +115,9 @@ Extent loggedWithin(const LogData& data, const Extent& metres) {
     });
 }
 
-double toHundredths(double depth) {
-    return std::round(depth * 100) / 100;
+Extent inHundredths(const Extent& depths) {
+    constexpr double same = 1e-6; // hundredths that came through metres
+    return {std::floor(depths.from * 100 + same) / 100, std::ceil(depths.to * 100 - same) / 100};
 }
 
 std::optional<double> nextStep(const LogData& data, Axis axis, double position, bool up) {

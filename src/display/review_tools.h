@@ -47,8 +47,8 @@ struct Extent {
 /// ends with a row.
 [[nodiscard]] Extent loggedWithin(const LogData& data, const Extent& metres);
 
-/// As depths are written in forms: two decimals, without the tail of a position of pixels.
-[[nodiscard]] double toHundredths(double depth);
+/// An interval as depths are written in forms, with two decimals; outwards, so that it loses no row.
+[[nodiscard]] Extent inHundredths(const Extent& depths);
 
 /// The step of the log next below `position`, in metres or seconds; next above it with `up`. Nothing beyond
 /// the ends of the log.

@@ -20,9 +20,12 @@ class Marks {
           spacing_(canvas.mm(every)),
           above_(canvas.view.top * canvas.view.unitsPer()) {}
 
-    /// The curve between two heights; `from` and `to` are its fractions there.
+    /// The curve between two heights; `from` and `to` are its fractions there. Its points may lie kilometres
+    /// above and below what is in sight.
     void along(double top, double bottom, double from, double to) const {
-        for (double k = std::ceil((top + above_) / spacing_); k * spacing_ - above_ < bottom; ++k) {
+        const double first = std::max(top, -spacing_);
+        const double last = std::min(bottom, canvas_.view.height + spacing_);
+        for (double k = std::ceil((first + above_) / spacing_); k * spacing_ - above_ < last; ++k) {
             const double y = k * spacing_ - above_;
             const double fraction = from + (to - from) * (y - top) / (bottom - top);
             if (fraction < shown_.left) paint(column_.left, y, 1);

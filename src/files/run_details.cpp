@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <span>
 #include <utility>
 
@@ -81,6 +82,25 @@ std::string skippedText(const ReviewLog& log) {
     return text;
 }
 
+std::string readingRemark(const ReviewLog& log) {
+    std::vector<std::string> remarks;
+    if (const std::string skipped = skippedText(log); !skipped.empty())
+        remarks.push_back(skipped + " are left out of what is shown, printed and exported");
+    if (log.truncated) remarks.push_back("the file holds more than the 80000 steps that are shown");
+    if (log.partialBytes > 0)
+        remarks.push_back("the last record is torn, " + std::to_string(log.partialBytes) + " bytes not read");
+    if (log.las && log.las->droppedRows > 0)
+        remarks.push_back(std::to_string(log.las->droppedRows) +
+                          (log.las->droppedRows == 1 ? " row was" : " rows were") +
+                          " dropped, Details tells why");
+    if (log.las && log.las->fragmentBytes > 0)
+        remarks.push_back("the last line is torn, " + std::to_string(log.las->fragmentBytes) +
+                          " bytes not read");
+    std::string text;
+    for (const std::string& remark : remarks) text += (text.empty() ? "" : "; ") + remark;
+    return text.empty() ? text : text + ".";
+}
+
 std::vector<DetailRow> runSummary(const ReviewLog& log, const Path& file) {
     const RunHeader& header = log.header;
     std::vector<DetailRow> rows{{"File", file.string()},
@@ -108,7 +128,7 @@ std::vector<DetailRow> runRows(const ReviewLog& log, const Path& file) {
         add("Winch code", header.winch.code + "  SN-" + header.winch.serialNumber);
     }
     add("Depth units", std::string(log.depthUnit()));
-    if (!log.time.empty()) add("Duration", durationText(log.time.back() - log.time.front()));
+    if (!log.time.empty()) add("Duration", durationText(std::abs(log.time.back() - log.time.front())));
     add("Processing", header.specialKind);
     if (!log.las) {
         add("Data", header.dataState);

@@ -19,6 +19,10 @@ struct DetailRow {
 /// left out in reading.
 [[nodiscard]] std::string skippedText(const ReviewLog& log);
 
+/// What reading the file left out, cut or repaired, as one sentence for whoever looks at the log; empty when
+/// the log is whole.
+[[nodiscard]] std::string readingRemark(const ReviewLog& log);
+
 /// File, hole, tool, winch, sampling, scans, as far as the file says; a line for skipped scans and one for a
 /// torn record only when there are such.
 [[nodiscard]] std::vector<DetailRow> runSummary(const ReviewLog& log, const Path& file);

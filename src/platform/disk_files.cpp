@@ -133,6 +133,11 @@ int DiskCalls::rename(const char* from, const char* to) {
 
 DiskFiles::DiskFiles(std::unique_ptr<DiskCalls> calls) : calls_(std::move(calls)) {}
 
+bool DiskFiles::same(const Path& one, const Path& other) const {
+    std::error_code notThere;
+    return fs::equivalent(one, other, notThere);
+}
+
 bool DiskFiles::exists(const Path& file) const {
     struct stat status {};
     if (::stat(file.c_str(), &status) == 0) return true;

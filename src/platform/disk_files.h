@@ -28,6 +28,7 @@ class DiskFiles final : public Files {
     explicit DiskFiles(std::unique_ptr<DiskCalls> calls = std::make_unique<DiskCalls>());
 
     [[nodiscard]] bool exists(const Path& file) const override;
+    [[nodiscard]] bool same(const Path& one, const Path& other) const override;
     [[nodiscard]] std::uint64_t size(const Path& file) const override;
     [[nodiscard]] CivilTime modified(const Path& file) const override;
 

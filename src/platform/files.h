@@ -32,6 +32,9 @@ class Files {
     [[nodiscard]] virtual Bytes readPart(const Path& file, std::uint64_t offset,
                                          std::size_t length) const = 0;
 
+    /// Two names of one file: another spelling, a link. False when either does not exist.
+    [[nodiscard]] virtual bool same(const Path& one, const Path& other) const = 0;
+
     /// Opens, writes at the end, closes; creates the file when missing.
     virtual void append(const Path& file, std::span<const std::uint8_t> bytes) = 0;
     /// The whole file anew: a temporary beside it, flushed to the disk, renamed over it.

@@ -37,6 +37,9 @@ class MemoryFiles final : public Files {
         std::ignore = content(file);
         return stamp_;
     }
+    [[nodiscard]] bool same(const Path& one, const Path& other) const override {
+        return exists(one) && one.lexically_normal() == other.lexically_normal();
+    }
     [[nodiscard]] Bytes read(const Path& file) const override { return content(file); }
     [[nodiscard]] Bytes readPart(const Path& file, std::uint64_t offset, std::size_t length) const override {
         const Bytes& all = content(file);

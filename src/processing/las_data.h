@@ -21,4 +21,7 @@ struct LasData {
 [[nodiscard]] LasData prepareLasData(const ReviewLog& log, const LasExportOptions& options,
                                      const ExportList& list);
 
+/// Why start, stop and step cannot be had from the log, as one sentence; empty when they can.
+[[nodiscard]] std::string lasDepthsProblem(const ReviewLog& log, const LasExportOptions& options);
+
 } // namespace tarvik

@@ -2,8 +2,8 @@
 //
 // The recorded channels go out, each filtered if asked for, then interpolated to a regular step if asked for.
 // The file is written in large pieces as it grows; after an error in writing what is there stays as it
-// stands. What cannot be exported at all (a step of 0, more than 80,000 steps, an unknown channel ...) is
-// refused before anything is written.
+// stands, and what a file of the same name held before stays beside it. What cannot be exported at all (a
+// step of 0, more than 80,000 steps, an unknown channel ...) is refused before anything is written.
 #pragma once
 
 #include "app/error_trap.h"
@@ -36,6 +36,8 @@ struct LasExportOptions {
     std::vector<std::string> channels{};
     std::string holeAzimuth{}; ///< degrees, as entered
     std::string holeInclination{};
+    /// Where the log came from; never written over, or what was not loaded would be lost for good.
+    Path source{};
 };
 
 /// The lines of the export list: progress and warnings. May be empty.
@@ -50,7 +52,7 @@ class LasExport {
     LasExport(ErrorTrap& errors, Files& files) : errors_(errors), files_(files) {}
 
     /// True when the file is complete; false when it was refused or broke off (the error is reported). What
-    /// `watch` breaks off is removed: half a log must not look like a whole one.
+    /// `watch` breaks off is taken back: half a log must not look like a whole one.
     bool Logprintexport_exportLASfile(const ReviewLog& log, const Path& file, const LasExportOptions& options,
                                       const ExportList& list = {}, const ExportWatch& watch = {});
 

@@ -44,7 +44,8 @@ QWidget* gridOf(const std::vector<DetailRow>& rows, const QString& whenEmpty) {
 }
 
 /// What stands in the header of a channel that was never calibrated is no one's calibration.
-TableRow channelRow(int key, const ChannelDetails& channel) {
+/// A LAS file does not say where its values come from.
+TableRow channelRow(int key, const ChannelDetails& channel, bool imported) {
     const Calibration& one = channel.calibration;
     const bool made = statusOf(one) == CalibrationStatus::calibrated;
     const auto said = [made](const std::string& text) { return TableCell{made ? qt(text) : QString()}; };
@@ -52,11 +53,13 @@ TableRow channelRow(int key, const ChannelDetails& channel) {
             .cells = {{qt(channel.name)},
                       {qt(channel.unit)},
                       {channel.calibrated ? QString("values") : QString("\u25b2 counts")},
-                      {made ? qt(one.fitName) : QString("not calibrated")},
+                      {made       ? qt(one.fitName)
+                       : imported ? QString("not said")
+                                  : QString("not calibrated")},
                       said(one.date),
                       said(one.calibratedBy),
                       said(one.kind),
-                      {qt(calibrationLines(one).polynomial)}},
+                      {imported ? QString() : qt(calibrationLines(one).polynomial)}},
             .bold = false};
 }
 
@@ -117,7 +120,7 @@ QWidget* frmDetails::channelsPage(const ReviewLog& log) {
         memory());
     std::vector<TableRow> rows;
     for (const ChannelDetails& channel : channelDetails(log)) {
-        rows.push_back(channelRow(static_cast<int>(rows.size()), channel));
+        rows.push_back(channelRow(static_cast<int>(rows.size()), channel, log.las.has_value()));
     }
     table->setRows(rows);
     column->addWidget(table);

@@ -2,6 +2,7 @@
 
 #include "base/number_picture.h"
 #include "base/text.h"
+#include "processing/las_data.h"
 #include "processing/las_form.h"
 #include "processing/las_text.h"
 #include "screens/card.h"
@@ -49,6 +50,13 @@ QString depthUnit(const ReviewLog& log) {
     return log.otherDepthUnit ? qt(*log.otherDepthUnit) : qt(lasDepthUnit(log.header.setup.units)).toLower();
 }
 
+/// Beside the file in review, and never that file itself.
+Path suggestedName(const Path& file, const Files& files) {
+    const Path name = Path(file).replace_extension(".las");
+    if (!files.same(name, file)) return name;
+    return Path(file).replace_filename(file.stem().string() + "_export.las");
+}
+
 } // namespace
 
 QString askForLasFile(QWidget* parent, const QString& suggested) {
@@ -62,7 +70,7 @@ frmLASexport::frmLASexport(const ReviewLog& log, const Path& file, const LasExpo
       log_(log),
       options_(options),
       modules_(modules),
-      file_(lineEdit("txtfile", qt(Path(file).replace_extension(".las").string()))),
+      file_(lineEdit("txtfile", qt(suggestedName(file, modules.files).string()))),
       decimals_(new QComboBox),
       channels_(new QTableWidget(0, 4)),
       channelsProblem_(roleLabel("bad")),
@@ -70,6 +78,7 @@ frmLASexport::frmLASexport(const ReviewLog& log, const Path& file, const LasExpo
       progress_(new QProgressBar),
       form_(new QWidget) {
     setModal(true);
+    options_.source = file;
     auto* const grid = new QGridLayout(form_);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(measure::wide);
@@ -108,7 +117,12 @@ QWidget* frmLASexport::buildInterval() {
     row->addWidget(numberField(stop_, "txtstop", "Stop", text(options_.stop), endHint(false)), 1,
                    Qt::AlignTop);
     fields_[0]->setCheck(numberBetween(start_, -deepest, deepest, true));
-    fields_[1]->setCheck(numberBetween(stop_, -deepest, deepest, true));
+    fields_[1]->setCheck([this, number = numberBetween(stop_, -deepest, deepest, true)] {
+        const QString problem = number();
+        const bool othersRight = lasStepProblem(plain(step_->text())).empty() &&
+                                 numberBetween(start_, -deepest, deepest, true)().isEmpty();
+        return problem.isEmpty() && othersRight ? qt(lasDepthsProblem(log_, entered())) : problem;
+    });
     Field* const step = numberField(step_, "txtstep", "Step", text(options_.step), stepHint);
     step->setCheck([this] { return qt(lasStepProblem(plain(step_->text()))); });
     connect(step_, &QLineEdit::textChanged, this, [this, step] {
@@ -185,8 +199,11 @@ QWidget* frmLASexport::buildChannels() {
 QWidget* frmLASexport::buildFile() {
     auto* const card = new Card;
     auto* const field = new Field("LAS file", file_);
-    field->setCheck([this] {
-        return trimmed(plain(file_->text())).empty() ? QString("Name the file to write.") : QString();
+    field->setCheck([this]() -> QString {
+        const std::string name(trimmed(plain(file_->text())));
+        if (name.empty()) return "Name the file to write.";
+        if (!modules_.files.same(fileToWrite(), options_.source)) return {};
+        return "This is the file in review: choose another name.";
     });
     fields_.push_back(field);
     auto* const choose = new QPushButton("&Browse\u2026");
@@ -234,13 +251,13 @@ void frmLASexport::addChannel(const ReviewChannel& channel, bool recorded) {
     const int row = channels_->rowCount();
     const QString name = qt(trimmed(channel.name));
     channels_->insertRow(row);
-    auto* const box = new QCheckBox(name);
+    auto* const box = new QCheckBox(QString(name).replace('&', "&&"));
     box->setChecked(recorded);
     box->setStyleSheet("QCheckBox { margin-left: 4px; }");
     channels_->setCellWidget(row, nameColumn, box);
     int column = unitColumn;
-    for (const QString& text :
-         {qt(channel.unit), channel.calibrated ? QString("calibrated") : QString("\u25b2 counts")}) {
+    const char* const values = log_.las ? "not said" : channel.calibrated ? "calibrated" : "\u25b2 counts";
+    for (const QString& text : {qt(channel.unit), QString(values)}) {
         auto* const item = new QTableWidgetItem(text);
         item->setFlags(Qt::ItemIsEnabled);
         channels_->setItem(row, column++, item);
@@ -263,7 +280,7 @@ LasExportOptions frmLASexport::entered() const {
         const auto* const box = static_cast<QCheckBox*>(channels_->cellWidget(row, nameColumn));
         if (!box->isChecked()) continue;
         const auto* const filter = static_cast<QComboBox*>(channels_->cellWidget(row, filterColumn));
-        options.channels.push_back(plain(box->text()));
+        options.channels.push_back(plain(box->text().replace("&&", "&")));
         options.filters.push_back({options.channels.back(), plain(filter->currentText().trimmed())});
     }
     return options;
@@ -275,13 +292,20 @@ void frmLASexport::startExport() {
     channelsProblem_->setText(problem);
     channelsProblem_->setVisible(!problem.isEmpty());
     if (!validateAll(fields_) || !problem.isEmpty()) return;
-    const Path file = plain(file_->text().trimmed());
+    const Path file = fileToWrite();
     const bool replace = modules_.files.exists(file);
     if (replace && modules_.operatorSide.ask("Export as LAS", file.string() + " exists. Write over it?",
                                              Icon::question) == Answer::no) {
         return;
     }
     runExport(file);
+}
+
+/// A bare name goes beside the file in review, and a file without an ending would not be found again.
+Path frmLASexport::fileToWrite() const {
+    Path file = options_.source.parent_path() / plain(file_->text().trimmed());
+    if (!file.has_extension()) file.replace_extension(".las");
+    return file;
 }
 
 void frmLASexport::runExport(const Path& file) {
@@ -299,9 +323,13 @@ void frmLASexport::runExport(const Path& file) {
     const bool done = modules_.lasExport.Logprintexport_exportLASfile(
         log_, file, entered(), say, [this](int percent) { return exportGoesOn(percent); });
     setBusy(false);
-    if (done) progress_->setValue(100);
+    if (done) {
+        progress_->setValue(100);
+        modules_.log.black("LAS file written : " + file.string() + " from " +
+                           options_.source.filename().string());
+    }
     say(done         ? "Written: " + file.string()
-        : cancelled_ ? std::string("Cancelled: no LAS file was left")
+        : cancelled_ ? std::string("Cancelled: nothing was written")
                      : std::string("The export failed; the error log says why"));
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/operator_side.h"
+#include "app/status_log.h"
 #include "processing/las_export.h"
 #include "screens/screen_dialog.h"
 
@@ -23,6 +24,7 @@ struct LasScreenModules {
     LasExport& lasExport;
     const Files& files;
     OperatorSide& operatorSide;
+    StatusLog& log;
     DesktopMemory& memory;
     /// Asks for the name of the file to write, starting from the one given; empty when it was not chosen.
     std::function<QString(QWidget* parent, const QString& suggested)> chooseFile;
@@ -54,6 +56,7 @@ class frmLASexport final : public ScreenDialog {
     [[nodiscard]] LasExportOptions entered() const;
     void startExport();
     void runExport(const Path& file);
+    [[nodiscard]] Path fileToWrite() const;
     bool exportGoesOn(int percent);
     void setBusy(bool busy);
 

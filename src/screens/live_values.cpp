@@ -21,9 +21,15 @@ constexpr int mostRowHeight = 92;
 constexpr int leastDigits = 18; // pixels
 constexpr int unitWidth = 60;
 
-/// About five digits, whatever the size of the value; whole counts have no decimals.
+constexpr double mostDigits = 1e6; ///< seven signs with the one of a negative value
+
+/// About five digits, whatever the size of the value; whole counts have no decimals. What would not fit its
+/// column counts millions: a number without its first digits is another one.
 QString valueText(float value, bool calibrated) {
     const double size = std::abs(double{value});
+    if (size >= 1e10) return value < 0 ? "< -1e10" : "> 1e10";
+    if (size >= mostDigits)
+        return qt(formatPicture(double{value} / 1e6, size < 1e7 ? "0.00" : size < 1e8 ? "0.0" : "0")) + "e6";
     const bool whole = size >= 10000 || (!calibrated && value == std::round(value));
     const bool tenths = size >= 100 || !calibrated;
     return qt(formatPicture(value, whole ? "######0" : tenths ? "###0.0" : "##0.000"));

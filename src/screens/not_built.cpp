@@ -32,13 +32,14 @@ struct Planned {
 };
 
 constexpr std::array planned{
-    Planned{"frmBatchProcessing",
-            "batch",
-            "Batch processing",
-            "This version cannot work through several files at once.",
-            {Way{"One run: open it in Review and press Export as LAS."},
-             Way{"All runs of a folder, at the command line:",
-                 "for f in *.kvx; do tarvik las \"$f\" -o \"${f%.kvx}.las\"; done"}}},
+    Planned{
+        "frmBatchProcessing",
+        "batch",
+        "Batch processing",
+        "This version cannot work through several files at once.",
+        {Way{"One run: open it in Review and press Export as LAS."},
+         Way{"All runs of a folder, at the command line:",
+             "mkdir las; for f in *_[0-9][0-9].kvx; do tarvik las \"$f\" -o \"las/${f%.kvx}.las\"; done"}}},
     Planned{
         "frmCalibTest",
         "calibtest",

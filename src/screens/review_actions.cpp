@@ -245,10 +245,12 @@ void ReviewActions::exportLas() {
     LasExportOptions options = lasOptionsFor(*session_.log());
     const DepthUnits units = session_.log()->header.setup.units;
     const Extent visible = loggedWithin(logDataOf(*session_.log()), screen_.picture().visible());
-    options.start = toHundredths(fromMetres(visible.from, units));
-    options.stop = toHundredths(fromMetres(visible.to, units));
+    const Extent shown = inHundredths({fromMetres(visible.from, units), fromMetres(visible.to, units)});
+    options.start = shown.from;
+    options.stop = shown.to;
     frmLASexport(*session_.log(), session_.file(), options,
-                 {program_.lasExport, program_.files, program_.frame.operatorSide, memory_, askForLasFile},
+                 {program_.lasExport, program_.files, program_.frame.operatorSide, program_.log, memory_,
+                  askForLasFile},
                  &screen_)
         .exec();
 }

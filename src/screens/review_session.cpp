@@ -19,10 +19,9 @@ bool ReviewSession::open(const Path& file) {
     file_ = file;
     hand(&*log_);
     program_.state.runFileName = file.filename().string();
-    if (!skippedText(*log_).empty())
-        program_.frame.operatorSide.notice(
-            "Scans left out", skippedText(*log_) + " are left out of what is shown, printed and exported.",
-            Icon::exclamation);
+    program_.log.black("Opened for review : " + file.string());
+    if (const std::string remark = readingRemark(*log_); !remark.empty())
+        program_.frame.operatorSide.notice("Not the whole file", remark, Icon::exclamation);
     show();
     screen_.reviewPages().currentWidget()->setFocus(); // the keys move the paper
     return true;

@@ -72,11 +72,11 @@ void RunList::readNext() {
         reading_.stop();
         return sort();
     }
-    show(describeRun(files_, unread_.back()));
+    append(describeRun(files_, unread_.back()));
     unread_.pop_back();
 }
 
-void RunList::show(const RunRow& row) {
+void RunList::append(const RunRow& row) {
     const int at = table_->rowCount();
     table_->insertRow(at);
     const QString texts[]{qt(row.file.filename().string()), qt(row.hole), qt(row.tool), qt(row.logged),

@@ -37,7 +37,7 @@ class RunList final : public QWidget {
   private:
     void makeTable();
     void readNext();
-    void show(const RunRow& row);
+    void append(const RunRow& row);
     void sort();
     void filter(const QString& text);
 

@@ -178,6 +178,7 @@ void ScreenOpener::openLasExport(const ScreenRequest&) {
                  {.lasExport = program_.lasExport,
                   .files = program_.files,
                   .operatorSide = program_.frame.operatorSide,
+                  .log = program_.log,
                   .memory = memory_,
                   .chooseFile = askForLasFile},
                  &parent_)

@@ -77,6 +77,23 @@ TEST(LogPainter, StepsStandAtTheirDepthsAtEveryResolutionAndScale) {
     }
 }
 
+/// Bytes out of step, or a slip in a LAS file, give depths that no cable has.
+TEST(LogPainter, AFarOffDepthCostsNoMoreThanWhatIsInSight) {
+    ReviewLog log = samples::logOf(3, 5, {"Gamma"}); // steps so few that all are joined
+    for (const double far : {2e6, 1e15}) {
+        log.depth.back() = far;
+        log.channels[0].values = {500, 500, 500};
+        LogDisplay display = samples::displayOf({{loudCurve("Gamma", 0, 100)}});
+        display.tracks[0].curves[0].offScale = OffScale::cut;
+        Easel easel(display, log, 200, 96, 500, 300);
+        easel.paint();
+        const Column track = easel.column(0);
+        EXPECT_FALSE(loudRows(easel.image, easel.head, static_cast<int>(track.left + track.width) - 5,
+                              static_cast<int>(track.left + track.width))
+                         .empty());
+    }
+}
+
 TEST(LogPainter, GapsStayEmptyAndOffScaleValuesComeRound) {
     ReviewLog log = samples::logOf(1001, 0.02, {"Gamma"});
     for (std::size_t i = 0; i < log.steps(); ++i) {

@@ -1,4 +1,5 @@
 // LAS files compared to the byte, and every way to be refused.
+#include "processing/las_data.h"
 #include "processing/las_export.h"
 
 #include "platform/memory_files.h"
@@ -173,6 +174,14 @@ TEST(LasExport, WithoutARegularStepTheLoadedDepthsInTheIntervalGoOut) {
     EXPECT_THAT(las.list, ::testing::Contains(HasSubstr("the depths go back, from 2.50 to 1.20")));
 }
 
+/// A run in feet steps by centimetres.
+TEST(LasExport, AStepThatTwoDecimalsCannotHoldIsNotPromised) {
+    Export las;
+    las.log.depth = {33.465, 33.629, 33.793, 33.957};
+    ASSERT_TRUE(las.run({.channels = {"Speed"}}));
+    EXPECT_THAT(las.header(), HasSubstr("STEP.M             0.00  "));
+}
+
 TEST(LasExport, TheHeaderPromisesNoDepthWithoutALine) {
     Export las;
     ASSERT_TRUE(las.run({.start = 0, .stop = 100}));
@@ -273,6 +282,14 @@ TEST(LasExport, NeverOverARun) {
     EXPECT_EQ(las.files.text("out.las"), "TARVIKDEPTH     ");
 }
 
+TEST(LasExport, NeverOverTheFileThatTheLogCameFrom) {
+    Export las;
+    las.files.put("out.las", "~Version with more than was loaded");
+    EXPECT_FALSE(las.run({.source = "./out.las"}));
+    EXPECT_THAT(las.errors.reports.at(0).description, HasSubstr("is the file read"));
+    EXPECT_EQ(las.files.text("out.las"), "~Version with more than was loaded");
+}
+
 TEST(LasExport, AnErrorInWritingLeavesThePartlyWrittenFile) {
     Export las;
     las.files.failWritesAfter = 2;
@@ -282,4 +299,23 @@ TEST(LasExport, AnErrorInWritingLeavesThePartlyWrittenFile) {
     EXPECT_THAT(part, ::testing::StartsWith("~Version"));
     EXPECT_GT(part.size(), 2000000U);
     EXPECT_TRUE(part.ends_with("\r\n"));
+}
+
+TEST(LasExport, WhatAFileHeldBeforeIsLostOnlyToAWholeExport) {
+    Export las;
+    const LasExportOptions large{.start = 1.0, .stop = 80000.0, .step = 1.0};
+    const auto breakOff = [](int) { return false; };
+    las.files.put("out.las", "an earlier export");
+    EXPECT_FALSE(
+        LasExport(las.trap, las.files).Logprintexport_exportLASfile(las.log, "out.las", large, {}, breakOff));
+    EXPECT_EQ(las.files.text("out.las"), "an earlier export");
+    las.files.failWritesAfter = las.files.writes() + 3; // aside, first and second piece
+    EXPECT_FALSE(las.run(large));
+    EXPECT_EQ(las.files.text("out.las.before"), "an earlier export");
+    EXPECT_THAT(las.errors.reports.at(0).description, HasSubstr("as it was before is out.las.before"));
+    las.files.failWritesAfter = 1000;
+    ASSERT_TRUE(las.run(large));
+    EXPECT_FALSE(las.files.exists("out.las.before"));
+    EXPECT_EQ(lasDepthsProblem(las.log, {.start = 16.0, .stop = 12.0}),
+              "The start 16 is greater than the stop 12, enter the smaller depth as start.");
 }

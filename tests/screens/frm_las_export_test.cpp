@@ -17,7 +17,11 @@ struct Exporter : Desk {
     explicit Exporter(ReviewLog run = gammaRun()) : log(std::move(run)) {}
 
     LasScreenModules modules() {
-        return {program.lasExport, program.files, operatorSide, memory,
+        return {program.lasExport,
+                program.files,
+                operatorSide,
+                program.log,
+                memory,
                 [this](QWidget*, const QString&) { return QString::fromStdString(chosen.string()); }};
     }
     std::string written() { return asText(program.files.read(home / "out.las")); }
@@ -116,7 +120,7 @@ TEST(frmLASexport, CancellingALongExportLeavesNoFileAndTheDialogOpen) {
     poll.start(0);
     click(desk.screen, "comexport");
     EXPECT_TRUE(pressed);
-    EXPECT_EQ(desk.list().back(), "Cancelled: no LAS file was left");
+    EXPECT_EQ(desk.list().back(), "Cancelled: nothing was written");
     EXPECT_FALSE(desk.program.files.exists(desk.chosen));
     EXPECT_TRUE(desk.screen.isVisible());
     EXPECT_EQ(control<QPushButton>(desk.screen, "comclose").text(), "Close");

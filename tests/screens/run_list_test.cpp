@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 
 using namespace tarvik;
-using namespace tarvik::testing;
+using namespace tarvik::test;
 
 TEST(RunListTest, TheNewestRunIsOnTopAndChosen) {
     MemoryFiles files;
@@ -19,6 +19,7 @@ TEST(RunListTest, TheNewestRunIsOnTopAndChosen) {
         RunHeader header;
         header.runDate = date;
         header.startTime = time;
+        header.channels.push_back(speedChannel(header.setup.units));
         runs.emplace_back(name);
         files.put(runs.back(), asText(encodeRunHeader(header)));
     };
