@@ -77,7 +77,8 @@ std::string skippedText(const ReviewLog& log) {
     }
     if (log.damagedScans > 0) {
         if (!text.empty()) text += " and ";
-        text += std::to_string(log.damagedScans) + " damaged records, which are no scans,";
+        text += std::to_string(log.damagedScans) +
+                (log.damagedScans == 1 ? " damaged record" : " damaged records");
     }
     return text;
 }
