@@ -88,6 +88,7 @@ RunRow describeRun(const Files& files, const Path& file) {
         }
     } catch (const Failure& failure) {
         row.problem = failure.what();
+        row.order.clear(); // what cannot be read is not what is looked for
     }
     return row;
 }

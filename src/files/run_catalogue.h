@@ -14,7 +14,8 @@ struct RunRow {
     std::string hole;
     std::string tool;    ///< "LAS file" for one
     std::string logged;  ///< "dd-mmm-yyyy hh:mm am/pm", as the header has it
-    std::string order;   ///< of `logged` in time, "200603131405"; of another file when it was written
+    std::string order;   ///< of `logged` in time, "200603131405"; of a LAS file when it was written; empty
+                         ///< where it cannot be read
     std::string depths;  ///< "10.00 to 54.35 m"; empty without scans
     double top = 0;      ///< metres
     std::string problem; ///< why the file cannot be read; empty when it can

@@ -27,6 +27,8 @@ TEST(RunListTest, TheNewestRunIsOnTopAndChosen) {
     put("b.kvx", "30-Nov-2026", "12:30 pm");
     put("c.kvx", "30-Nov-2026", "09:59 am");
     put("d.kvx", "01-Dec-2026", "01:15 am");
+    runs.emplace_back("e.kvx");
+    files.put("e.kvx", "no run");
     MemorySettingsStore store;
     DesktopMemory memory(store);
     bool any = false;
@@ -37,7 +39,7 @@ TEST(RunListTest, TheNewestRunIsOnTopAndChosen) {
     for (int i = 0; i < 1000 && !table.isSortingEnabled(); ++i) QCoreApplication::processEvents();
     QString order;
     for (int row = 0; row < table.rowCount(); ++row) order += table.item(row, 0)->text().first(1);
-    EXPECT_EQ(order, "dabc");
+    EXPECT_EQ(order, "dabce");
     EXPECT_TRUE(any);
     EXPECT_EQ(list.selected(), Path("d.kvx"));
 }
