@@ -8,6 +8,7 @@
 #include "screens/qt_text.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QLockFile>
 #include <QPushButton>
 #include <QTimer>
@@ -74,7 +75,9 @@ void sayWhyItCannotStart(QtMsgType type, const QMessageLogContext&, const QStrin
 int showDesktop(const ProgramOptions& options, const StopSignals& stopSignals) {
     auto messagesEnd = std::make_unique<MessagesEnd>(stopSignals);
     Desktop desktop(options);
-    QLockFile lock(qt(desktop.program().places.settingsFile.string()) + ".lock");
+    const Path& settings = desktop.program().places.settingsFile;
+    QDir().mkpath(qt(settings.parent_path().string())); // not there before the first save
+    QLockFile lock(qt(settings.string()) + ".lock");
     lock.setStaleLockTime(0); // a program that lives holds it, however long
     if (!lock.tryLock() && !mayStartBeside(lock)) return exitDone;
     desktop.endWhen([&stopSignals] { return stopSignals.arrived(); });
