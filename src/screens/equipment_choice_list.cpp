@@ -19,6 +19,9 @@ QString modeKey(const EquipmentChoice& tool) {
 /// "K215  Natural gamma  SN-12"; the data are code and serial number.
 void fillChoices(QComboBox& list, const std::vector<UserRow>& rows, const EquipmentChoice& chosen) {
     const QSignalBlocker quiet(&list);
+    constexpr int widthInLetters = 24; // whatever the length of the names
+    list.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list.setMinimumContentsLength(widthInLetters);
     list.clear();
     list.addItem("-- none selected --", QStringList{"", ""});
     for (const UserRow& row : rows) {

@@ -67,6 +67,7 @@ void FilterTable::build(const TableTexts& texts) {
     table_->setShowGrid(false);
     table_->setTabKeyNavigation(false);
     table_->setWordWrap(false);
+    table_->setTextElideMode(Qt::ElideMiddle); // the serial number at the end stays
     table_->horizontalHeader()->setHighlightSections(false);
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table_->setSortingEnabled(true);

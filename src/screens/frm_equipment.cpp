@@ -76,10 +76,6 @@ QWidget* frmEquipment::buildEquipment() {
     auto* const card = new Card("Tool and winch");
     tool_->setObjectName("lbtool");
     winch_->setObjectName("lbwinch");
-    for (QComboBox* const list : {tool_, winch_}) {
-        list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        list->setMinimumContentsLength(24);
-    }
     toolField_->setCheck([this] { return tool_->currentIndex() > 0 ? QString() : "Choose a tool."; });
     winchField_->setCheck([this] { return winch_->currentIndex() > 0 ? QString() : "Choose a winch."; });
     card->body()->addWidget(toolField_);

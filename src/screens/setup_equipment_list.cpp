@@ -97,7 +97,10 @@ QWidget* SetupEquipmentList::buildMakers() {
     edit->setMaxLength(static_cast<int>(tool::serialNumber.width));
     serial_ = new Field("S&erial number", edit);
     serial_->setCheck([this] { return serialProblem(); });
-    connect(edit, &QLineEdit::textChanged, this, [this] { enable(); });
+    connect(edit, &QLineEdit::textChanged, this, [this](const QString& text) {
+        enable();
+        enterPresses(*add_, !text.trimmed().isEmpty());
+    });
     add_->setToolTip("Adds the chosen model with this serial number to your equipment.");
 
     auto* const entry = new QHBoxLayout;
@@ -116,6 +119,8 @@ QWidget* SetupEquipmentList::buildMakers() {
 
 QString SetupEquipmentList::serialProblem() const {
     const std::string serial(trimmed(plain(static_cast<QLineEdit*>(serial_->editor())->text())));
+    if (fromAnsi(toAnsi(serial)) != serial)
+        return "A letter here cannot be kept in the file of your equipment.";
     if (serial.empty() || modules_.equipment.ToolWinchData_checkserialnumber(serial)) return {};
     return modules_.equipment.userFileReads()
                ? "One of your tools or winches has this serial number already."
@@ -155,6 +160,15 @@ void SetupEquipmentList::enable() {
     remove_->setEnabled(userTable_->currentKey() != FilterTable::none);
     serial_->setHint(makerTable_->currentKey() == FilterTable::none ? "Choose a model in the list first."
                                                                     : "");
+}
+
+bool SetupEquipmentList::isUnfinished() {
+    auto* const edit = static_cast<QLineEdit*>(serial_->editor());
+    if (edit->text().trimmed().isEmpty()) return false;
+    serial_->setHint(add_->isEnabled() ? "Press \"Add to yours\", or clear the serial number."
+                                       : "Choose a model in the list, or clear the serial number.");
+    edit->setFocus();
+    return true;
 }
 
 void SetupEquipmentList::add() {

@@ -20,6 +20,8 @@ class SetupEquipmentList final : public QWidget {
     SetupEquipmentList(EquipmentSort sort, const SetupModules& modules, std::function<void()> changed);
 
     void load();
+    /// A serial number that was typed but not added: says so, the cursor stands in its field.
+    [[nodiscard]] bool isUnfinished();
 
   private:
     [[nodiscard]] QWidget* buildMakers();

@@ -27,6 +27,11 @@ void SetupEquipmentPage::load() {
 }
 
 bool SetupEquipmentPage::store() {
+    for (SetupEquipmentList* const list : {tools_, winches_}) {
+        if (!list->isUnfinished()) continue;
+        tabs_->setCurrentIndex(list == tools_ ? 1 : 2);
+        return false;
+    }
     if (sampling_->store()) return true;
     tabs_->setCurrentIndex(0);
     return false;

@@ -76,6 +76,11 @@ QWidget* besideField(std::initializer_list<QPushButton*> buttons) {
     return widget;
 }
 
+void enterPresses(QPushButton& button, bool wanted) {
+    auto* const save = button.window()->findChild<QPushButton*>("comsave");
+    if (save != nullptr) (wanted ? &button : save)->setDefault(true);
+}
+
 QVBoxLayout* addTab(QTabWidget& tabs, const QString& title) {
     auto* const page = new QWidget;
     auto* const column = new QVBoxLayout(page);

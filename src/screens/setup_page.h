@@ -46,6 +46,9 @@ void tell(QLabel& label, const QString& text, const char* role);
 /// Buttons that stand level with the editor of a field beside them.
 [[nodiscard]] QWidget* besideField(std::initializer_list<QPushButton*> buttons);
 
+/// Enter presses `button` while `wanted`, and saves the screen otherwise.
+void enterPresses(QPushButton& button, bool wanted);
+
 /// A page of a tab widget with the margins of a card.
 [[nodiscard]] QVBoxLayout* addTab(QTabWidget& tabs, const QString& title);
 /// Shows the tab; a number that is none shows nothing new.

@@ -98,11 +98,9 @@ QWidget* SetupProjectPage::buildNew() {
     create_->setObjectName("comnewproject");
     create_->setEnabled(false);
     create_->setAutoDefault(false);
-    // Enter creates while there is a name to create, and saves the screen otherwise.
     connect(edit, &QLineEdit::textChanged, this, [this](const QString& text) {
         create_->setEnabled(!text.trimmed().isEmpty());
-        if (auto* const save = window()->findChild<QPushButton*>("comsave"))
-            (create_->isEnabled() ? create_ : save)->setDefault(true);
+        enterPresses(*create_, create_->isEnabled());
     });
     connect(create_, &QPushButton::clicked, this, [this] { create(); });
 

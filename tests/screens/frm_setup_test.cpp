@@ -146,6 +146,29 @@ TEST_F(Setup, CancelPutsTheSettingsBack) {
     EXPECT_EQ(appliedTheme(), Theme::light);
 }
 
+TEST_F(Setup, ASerialNumberThatWasTypedIsAddedByEnterAndNotLost) {
+    screen->selectPage(2, 1);
+    screen->show();
+    QTest::keyClicks(&edit("toolserialnumber"), "A-7");
+    QTest::keyClick(&edit("toolserialnumber"), Qt::Key_Return); // no model is chosen
+    EXPECT_TRUE(screen->isVisible());
+    press("comsave");
+    EXPECT_TRUE(screen->isVisible());
+    EXPECT_EQ(edit("toolserialnumber").accessibleDescription(),
+              "Choose a model in the list, or clear the serial number.");
+    choose("paramtoollist", "K215");
+    edit("toolserialnumber").setText("\u03A9-7");
+    press("comaddtool");
+    EXPECT_EQ(edit("toolserialnumber").accessibleDescription(),
+              "A letter here cannot be kept in the file of your equipment.");
+    edit("toolserialnumber").setText("A-7");
+    QTest::keyClick(&edit("toolserialnumber"), Qt::Key_Return);
+    EXPECT_EQ(desk.program.equipment.ToolWinchData_loadusertoollist().rows.size(), 1U);
+    EXPECT_TRUE(screen->isVisible());
+    QTest::keyClick(&edit("toolserialnumber"), Qt::Key_Return); // nothing left to add
+    EXPECT_FALSE(screen->isVisible());
+}
+
 TEST_F(Setup, ToolsAndWinchesAreAddedRemovedAndTakenBack) {
     screen->selectPage(2, 1);
     addTool("K215", "77");
@@ -160,6 +183,7 @@ TEST_F(Setup, ToolsAndWinchesAreAddedRemovedAndTakenBack) {
               "The file of your equipment cannot be read, so nothing can be added to it.");
     std::filesystem::remove(users);
     std::filesystem::rename(users.string() + ".away", users);
+    edit("toolserialnumber").clear();
     choose("paramwinchlist", "W110");
     edit("winchserialnumber").setText("W-1");
     press("comaddwinch");
