@@ -44,7 +44,7 @@ constexpr std::array planned{
         "frmCalibTest",
         "calibtest",
         "Calibration and test",
-        "This version cannot calibrate or test a tool on a screen. The LCU stays connected.",
+        "This version cannot calibrate or test a tool on a screen.",
         {Way{"Fit a calibration through points and save it, at the command line:", "tarvik calibrate --help"},
          Way{"See the calibrations on record: Calibrations in Review."},
          Way{"See what the tool sends: Diagnostics console (Ctrl+D)."}}},
