@@ -5,6 +5,7 @@
 #include "lcu/run_order.h"
 #include "processing/las_again.h"
 #include "program/diagnostics_modules.h"
+#include "screens/equipment_choice_list.h"
 #include "screens/frm_about.h"
 #include "screens/frm_calibrations.h"
 #include "screens/frm_data_file_exists.h"
@@ -132,8 +133,19 @@ void ScreenOpener::openNotBuilt(const ScreenRequest& request) {
     NotBuiltScreen(request.screen, memory_, &parent_).exec();
 }
 
+/// What was used last is in use until something else is chosen, also by who leaves the form with Escape.
+void ScreenOpener::recallEquipment() {
+    ToolWinchData& equipment = program_.equipment;
+    if (!trimmed(equipment.currentTool().record.get(tool::code)).empty()) return;
+    const Settings& settings = program_.settings;
+    const EquipmentChoice tool{settings.currentTool, settings.currentToolSerial};
+    equipment.ToolWinchData_loadcurrentttoolwinch(tool, {settings.currentWinch, settings.currentWinchSerial},
+                                                  modeOf(memory_, tool));
+}
+
 void ScreenOpener::openEquipment(const ScreenRequest&) {
     Program& p = program_;
+    recallEquipment();
     frmEquipment({.settings = p.settings,
                   .store = p.storedSettings,
                   .equipment = p.equipment,

@@ -56,6 +56,7 @@ class ScreenOpener {
     void openAbout(const ScreenRequest&);
     void openReadme(const ScreenRequest&);
     void openHelp(const ScreenRequest&);
+    void recallEquipment();
     void openEquipment(const ScreenRequest&);
     void openDeviation(const ScreenRequest&);
     void openCalibrations(const ScreenRequest&);

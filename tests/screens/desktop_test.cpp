@@ -261,6 +261,18 @@ TEST(DesktopTest, ClosingDuringASearchCancelsItAndThenCloses) {
     EXPECT_FALSE(truck.p().link.open());
 }
 
+TEST(DesktopTest, YesterdaysEquipmentIsInUseWhenItsFormIsLeftByEscape) {
+    Truck truck({.openScreens = true});
+    QTimer escape;
+    escape.callOnTimeout([] {
+        if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dialog->reject();
+    });
+    escape.start(0);
+    truck.p().hooks.openScreen({"frmEquipment"});
+    EXPECT_EQ(truck.p().equipment.currentTool().record.get(tool::code), truck.options.tool);
+    EXPECT_EQ(truck.desktop->acquisition().stillToChoose(), "");
+}
+
 TEST(DesktopTest, LoggingThatIsNotAllowedHasNoWayIn) {
     Truck truck;
     truck.p().settings.allowLogging = 0;
