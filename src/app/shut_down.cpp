@@ -30,6 +30,14 @@ void ShutDown::exit() {
     });
 }
 
+void ShutDown::leaveUnseen() {
+    frame_.errors.run("controlbar exit", [&](Level&) {
+        static_cast<void>(frame_.store.Utilities_saveregsettings(frame_.settings)); // a failure is in the log
+        closeOpenPort(frame_);
+        closeProgram();
+    });
+}
+
 /// The error window that says why would go with the program, unread.
 bool ShutDown::leaveUnsaved() {
     return frame_.operatorSide.ask(

@@ -14,6 +14,9 @@ class ShutDown {
     /// "MB-Exit" and "File-exit". While a run is being logged or a search is under way it only says so.
     void exit();
 
+    /// The same when there is no screen to ask on nor a window to close.
+    void leaveUnseen();
+
     /// Closes the port, writes the closing lines, restores the task bar and ends the process.
     void closeProgram();
 

@@ -25,8 +25,9 @@ constexpr std::string_view routine = "LCUFunctions-LCU_AcquireData_Pulse";
 RunResult LoggingRun::comstartlogging(const RunOrder& order) {
     return modules_.errors.run("comstartlogging click", RunResult::failed, [&](Level&) {
         RunView& view = modules_.view;
-        if (!mayStartLogging(modules_.operatorSide, modules_.equipment.currentTool().record, modules_.link,
-                             order.hole, view.recording())) {
+        if (!mayStartLogging(modules_.operatorSide, modules_.equipment.currentTool().record,
+                             modules_.equipment.currentWinch().record, modules_.link, order.hole,
+                             view.recording())) {
             return RunResult::notStarted;
         }
         view.winchPrompt("START WINCH WHEN THIS", "MESSAGE DISAPPEARS");
@@ -182,6 +183,15 @@ bool LoggingRun::continueLatest() {
     modules_.files.append(run_.file, {}); // a file that may not be written says so before the winch turns
     modules_.writer.continueFile(run_.file, run_.header);
     return true;
+}
+
+/// Before the box was the run's there is nothing to close.
+void LoggingRun::closeInsteadOf(LoggingRun& stuck, const RunOrder& order) {
+    if (!modules_.link.acquiring) return;
+    modules_.link.busy = false; // whose exchange it was, it does not go on either
+    run_ = std::move(stuck.run_);
+    modules_.errors.run(routine, [&](Level&) { static_cast<void>(close(order)); });
+    modules_.link.acquiring = modules_.state.logging = false;
 }
 
 /// False when scans that were kept are not on file.

@@ -24,6 +24,9 @@ class LoggingRun {
     /// The run itself, for the current tool and winch.
     RunResult LCU_AcquireData_Pulse(const RunOrder& order);
 
+    /// Closes a run in its place that never goes on: what it was waiting in does not return.
+    void closeInsteadOf(LoggingRun& stuck, const RunOrder& order);
+
     /// Of the last run: for the tests and for whoever shows the finished run.
     [[nodiscard]] const RunState& state() const { return run_; }
 

@@ -1,6 +1,7 @@
 #include "lcu/start_checks.h"
 
 #include "base/file_names.h"
+#include "base/text.h"
 #include "lcu/lcu_models.h"
 
 #include <string>
@@ -23,10 +24,14 @@ Refusal sonicRefusal(const LinkState& link) {
 }
 
 /// Without a text the run may start.
-Refusal refusalOf(const ToolRecord& tool, const LinkState& link, std::string_view hole) {
+Refusal refusalOf(const ToolRecord& tool, const WinchRecord& winch, const LinkState& link,
+                  std::string_view hole) {
     const std::string code = tool.get(tool::code);
     if (code == sonicTool) return sonicRefusal(link);
     if (code.empty()) return {"Tool", "No tool is chosen. Choose one of your tools first."};
+    if (trimmed(winch.get(winch::code))
+            .empty()) // its record goes into the file, and its factor into the depth
+        return {"Winch", "No winch is chosen. Choose one of your winches first."};
     if (link.demo)
         return {"Demonstration", "A demonstration plays a run on file. To log, go to Acquire first."};
     if (!link.open() || modelNamed(link.model) == nullptr)
@@ -41,9 +46,9 @@ Refusal refusalOf(const ToolRecord& tool, const LinkState& link, std::string_vie
 
 } // namespace
 
-bool mayStartLogging(OperatorSide& operatorSide, const ToolRecord& tool, const LinkState& link,
-                     std::string_view hole, bool recording) {
-    if (const Refusal refusal = refusalOf(tool, link, hole); !refusal.text.empty()) {
+bool mayStartLogging(OperatorSide& operatorSide, const ToolRecord& tool, const WinchRecord& winch,
+                     const LinkState& link, std::string_view hole, bool recording) {
+    if (const Refusal refusal = refusalOf(tool, winch, link, hole); !refusal.text.empty()) {
         operatorSide.message(refusal.title, refusal.text, Icon::exclamation);
         return false;
     }

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "lcu/depth_setting.h"
 #include "lcu/run_order.h"
+#include "lcu/unseen_run_view.h"
 #include "screens/qt_text.h"
 
 #include <QApplication>
@@ -128,18 +129,32 @@ std::optional<RunOrder> Acquisition::order() {
     }
 }
 
+RunModules Acquisition::modulesWith(RunView& view) {
+    Program& p = program_;
+    return {p.errors,    p.errorLog,  p.log,      p.frame.operatorSide,
+            view,        p.state,     p.clock,    p.files,
+            p.serial,    p.link,      p.port,     p.lcu,
+            p.equipment, p.runReader, p.runWriter};
+}
+
+void Acquisition::closeUnseen() {
+    if (!running()) return;
+    UnseenRunView unseen;
+    RunModules modules = modulesWith(unseen);
+    LoggingRun(modules).closeInsteadOf(*run_, order_);
+}
+
 void Acquisition::runNow() {
     if (running()) return;
-    const auto ordered = order();
+    auto ordered = order();
     if (!ordered) return;
+    order_ = std::move(*ordered);
     Program& p = program_;
     screen_.notices().clear(); // those of the run before
     view_ = std::make_unique<ScreenRunView>(screen_, p.clock, parts_);
-    modules_.reset(new RunModules{p.errors, p.errorLog, p.log, p.frame.operatorSide, *view_, p.state, p.clock,
-                                  p.files, p.serial, p.link, p.port, p.lcu, p.equipment, p.runReader,
-                                  p.runWriter});
+    modules_ = std::make_unique<RunModules>(modulesWith(*view_));
     run_ = std::make_unique<LoggingRun>(*modules_);
-    const RunResult result = run_->comstartlogging(*ordered);
+    const RunResult result = run_->comstartlogging(order_);
     view_.reset();
     if (result == RunResult::notStarted) screen_.side().instrument().clear();
     if (result == RunResult::failed && !run_->state().startTick) screen_.side().instrument().showNotStarted();

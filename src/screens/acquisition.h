@@ -33,12 +33,15 @@ class Acquisition {
     [[nodiscard]] std::string stillToChoose() const;
     /// The run that goes on or the last one; null before the first.
     [[nodiscard]] const RunState* run() const { return run_ ? &run_->state() : nullptr; }
+    /// The closing steps of a run whose display has gone; it never goes on.
+    void closeUnseen();
     /// Done once, after the run has ended.
     void whenEnded(std::function<void()> act) { whenEnded_ = std::move(act); }
 
   private:
     void runNow();
     void setDepthNow(double metres);
+    [[nodiscard]] RunModules modulesWith(RunView& view);
     [[nodiscard]] std::optional<RunOrder> order();
     [[nodiscard]] double winchScaleFactor() const;
     [[nodiscard]] RunPanel& panel() { return screen_.side().run(); }
@@ -47,6 +50,7 @@ class Acquisition {
     IntroScreen& screen_;
     LinkGate& gate_;
     RunViewParts parts_;
+    RunOrder order_;                      ///< of the run that goes on or the last one
     std::unique_ptr<ScreenRunView> view_; ///< while a run goes on
     std::unique_ptr<RunModules> modules_;
     std::unique_ptr<LoggingRun> run_;

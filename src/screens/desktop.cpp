@@ -45,12 +45,27 @@ Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
     });
 }
 
-/// Notices that come from here on have no screen any more.
 Desktop::~Desktop() {
+    leaveScreen();
+}
+
+/// What is said from here on has no screen any more.
+void Desktop::leaveScreen() {
     program_.lcu.setWatcher(nullptr);
     program_.log.removeViewer(events_);
-    operator_.setReports({});
-    operator_.attach(nullptr, nullptr);
+    operator_.goUnseen();
+}
+
+void Desktop::endWithoutDisplay() {
+    if (std::exchange(displayGone_, true) || ended_) return;
+    leaveScreen();
+    program_.log.red("The display has gone, Tarvik ends");
+    if (acquisition_) acquisition_->closeUnseen();
+    if (program_.link.open() && program_.link.toolPower) { // by hand, in the console
+        program_.link.busy = false;
+        program_.lcu.LCU_PowerOFF_Reset();
+    }
+    program_.shutDown.leaveUnseen();
 }
 
 bool Desktop::startUp() {
@@ -70,7 +85,10 @@ Shell Desktop::shell() {
             .view = window_,
             .window = window_,
             .display = *display_,
-            .yield = [] { QCoreApplication::processEvents(); },
+            .yield =
+                [this] {
+                    if (!displayGone_) QCoreApplication::processEvents();
+                },
             .searchCancelled = [this] { return searchCancelled_; }};
 }
 
@@ -382,7 +400,7 @@ void Desktop::stopDemonstrationAndClose() {
 
 void Desktop::endProcess() {
     ended_ = true;
-    QCoreApplication::quit();
+    if (!displayGone_) QCoreApplication::quit(); // its loop is not reached any more
 }
 
 } // namespace tarvik

@@ -31,6 +31,11 @@ class Desktop {
     /// a question.
     void endWhen(std::function<bool()> asked) { endIsAsked_ = std::move(asked); }
 
+    /// The toolkit ends the process because the display has gone, from within whatever went on: a run is
+    /// closed in its place, settings and log are left in order. Nothing of the screen may be touched any
+    /// more.
+    void endWithoutDisplay();
+
     [[nodiscard]] Program& program() { return program_; }
     [[nodiscard]] IntroScreen& screen() { return *window_.screen(); }
     [[nodiscard]] Acquisition& acquisition() { return *acquisition_; }
@@ -45,6 +50,7 @@ class Desktop {
     [[nodiscard]] std::unique_ptr<IntroScreen> makeScreen();
     [[nodiscard]] RunViewParts runViewParts();
     static void connectScales(IntroScreen& screen);
+    void leaveScreen();
     void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
     void runEnded();
     void setControls(bool on);
@@ -86,6 +92,7 @@ class Desktop {
     bool searchCancelled_ = false;
     bool closeAfterSearch_ = false;
     bool ended_ = false;
+    bool displayGone_ = false;
 };
 
 } // namespace tarvik

@@ -3,6 +3,7 @@
 #include "cli/verb.h"
 #include "platform/stop_signals.h"
 #include "screens/desktop.h"
+#include "screens/display_loss.h"
 #include "screens/icons.h"
 #include "screens/message_box.h"
 #include "screens/qt_text.h"
@@ -80,6 +81,7 @@ int showDesktop(const ProgramOptions& options, const StopSignals& stopSignals) {
     QLockFile lock(qt(settings.string()) + ".lock");
     lock.setStaleLockTime(0); // a program that lives holds it, however long
     if (!lock.tryLock() && !mayStartBeside(lock)) return exitDone;
+    const DisplayLoss displayLoss([&desktop] { desktop.endWithoutDisplay(); });
     desktop.endWhen([&stopSignals] { return stopSignals.arrived(); });
     if (!desktop.startUp()) return exitFailed;
     messagesEnd.reset(); // from here on the desktop ends itself in order

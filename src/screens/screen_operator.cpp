@@ -19,11 +19,18 @@ void ScreenOperator::attach(IntroScreen* screen, const Clock* clock) {
     for (const Waiting& early : std::exchange(waiting_, {})) notice(early.title, early.text, early.icon);
 }
 
+void ScreenOperator::goUnseen() {
+    attach(nullptr, nullptr);
+    setReports({});
+    unseen_ = true;
+}
+
 void ScreenOperator::message(std::string_view title, std::string_view text, Icon icon) {
-    makeMessageBox(icon, qt(title), qt(text), screen_)->exec();
+    if (!unseen_) makeMessageBox(icon, qt(title), qt(text), screen_)->exec();
 }
 
 Answer ScreenOperator::ask(std::string_view title, std::string_view text, Icon icon) {
+    if (unseen_) return Answer::no;
     const auto box = makeMessageBox(icon, qt(title), qt(text), screen_);
     box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box->setDefaultButton(QMessageBox::No);
@@ -55,7 +62,7 @@ void ScreenOperator::showOverflow(std::span<const std::string> lines, const Erro
 }
 
 void ScreenOperator::beep() {
-    QApplication::beep();
+    if (!unseen_) QApplication::beep();
 }
 
 void ScreenOperator::statusText(std::string_view text) {

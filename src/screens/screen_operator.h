@@ -23,6 +23,8 @@ class ScreenOperator final : public OperatorSide {
   public:
     /// Null when the main screen goes.
     void attach(IntroScreen* screen, const Clock* clock);
+    /// The display has gone: from here on nothing is shown, and questions are answered with no.
+    void goUnseen();
     void setReports(ReportScreens reports) { reports_ = std::move(reports); }
 
     void message(std::string_view title, std::string_view text, Icon icon) override;
@@ -45,6 +47,7 @@ class ScreenOperator final : public OperatorSide {
     IntroScreen* screen_ = nullptr;
     const Clock* clock_ = nullptr;
     ReportScreens reports_;
+    bool unseen_ = false;
     std::vector<Waiting> waiting_; ///< notices from before the main screen
 };
 

@@ -119,6 +119,10 @@ TEST(LoggingRun, RefusesBeforeAnythingIsSent) {
     EXPECT_EQ(refusal([](RunRig& rig) { rig.link.model.clear(); }).substr(0, 5), "!LCU:");
     EXPECT_EQ(refusal([](RunRig& rig) { rig.link.demo = true; }).substr(0, 14), "!Demonstration");
     EXPECT_EQ(refusal([](RunRig& rig) { rig.equipment.currentTool() = {}; }).substr(0, 6), "!Tool:");
+    const auto noWinch = [](RunRig& rig) {
+        rig.equipment.ToolWinchData_loadcurrentttoolwinch({rig.options.tool, ""}, {"W999", ""}, 1);
+    };
+    EXPECT_EQ(refusal(noWinch).substr(0, 7), "!Winch:");
 }
 
 TEST(LoggingRun, AStepThatTheBoxCannotMakeIsSaid) {

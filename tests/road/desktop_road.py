@@ -6,7 +6,8 @@ Usage: desktop_road.py --bin DIR --tools DIR [--pictures DIR]
 
 A new project and hole, a tool and a winch; the box is found and the depth set; a run by depth, in the middle of which
 the operator asks to close and goes on, and the box is unplugged and plugged in again; an append; review, LAS, demonstrations,
-exit. Then a second start, and the window closed in the middle of a run. The files are then read back.
+exit. Then a second start, and the window closed in the middle of a run; a third one, and the display lost in a run. The
+files are then read back.
 """
 import argparse
 import json
@@ -177,6 +178,26 @@ def closes_in_a_run(screen, truck, program):
     check(info["scans"] > 20 and info["partial_bytes"] == 0, f"the second run reads {info}")
 
 
+def loses_its_display(screen, truck, program):
+    """The server dies in the middle of a run: nobody sees it, but the run is closed as ever."""
+    third = truck.run_file.with_name("DH-104_K240_03.kvx")
+    screen.wait_for_window("Tarvik")
+    screen.acquire()
+    screen.key("F9")
+    screen.wait_for_window("Append or start a new run")
+    screen.key("Return")
+    wait_for(lambda: third.exists() and third.stat().st_size > 28_000, "no third run is logged")
+    screen.server.kill()
+    check(program.wait(30) == 1, f"without a display the program ended with {program.returncode}")
+    last = truck.log_text().rsplit("The display has gone", 1)[-1]
+    said = [last.find(words) for words in ("LCU powered down OK", "Logging run finished", "Port COM1 closed",
+                                           "Tarvik program closed")]
+    check(-1 not in said and said == sorted(said), f"without a display the run ends with: {last}")
+    check(list(truck.home.glob(f"**/Backup*/**/{third.name}")), "without a display the run has no copy")
+    info = json.loads(truck.tarvik("info", third, "--json"))
+    check(info["scans"] > 20 and info["partial_bytes"] == 0, f"the third run reads {info}")
+
+
 def starts(options, truck, screen):
     return subprocess.Popen([options.bin / "tarvik", "--home", truck.home, "--com1", truck.line, "--lcucomms", "1"],
                             env=screen.environment)
@@ -205,6 +226,8 @@ def main():
             a_day(screen, truck, program, options.pictures)
             program = starts(options, truck, screen)
             closes_in_a_run(screen, truck, program)
+            program = starts(options, truck, screen)
+            loses_its_display(screen, truck, program)
         finally:
             program.kill()
             truck.box.kill()
