@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QPushButton>
+#include <QScreen>
 
 #include <utility>
 
@@ -76,8 +77,26 @@ bool Desktop::startUp() {
     operator_.statusText("Data review mode");
     mainTimer_.start();
     screens_->showUnreadErrors();
+    warnOfScaling();
     screen().handFocusOn();
     return true;
+}
+
+/// The check of the start counts the display's own pixels; what the toolkit scales up may not have room on
+/// them.
+void Desktop::warnOfScaling() {
+    const QSize room = screen().screen()->availableSize();
+    const QSize least = screen().minimumSizeHint();
+    if (least.width() <= room.width() && least.height() <= room.height()) return;
+    operator_.message(
+        "Tarvik Display",
+        plain(QString("At this scaling the display has room for %1 x %2 points, and the window needs "
+                      "%3 x %4: part of it lies off the screen.\nLower the scaling of the display.")
+                  .arg(room.width())
+                  .arg(room.height())
+                  .arg(least.width())
+                  .arg(least.height())),
+        Icon::exclamation);
 }
 
 Shell Desktop::shell() {

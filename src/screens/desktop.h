@@ -50,6 +50,7 @@ class Desktop {
     [[nodiscard]] std::unique_ptr<IntroScreen> makeScreen();
     [[nodiscard]] RunViewParts runViewParts();
     static void connectScales(IntroScreen& screen);
+    void warnOfScaling();
     void leaveScreen();
     void showError(const ErrorReport& error, std::string_view dateTime, const ErrorFiling& filed);
     void runEnded();

@@ -16,23 +16,26 @@
 namespace tarvik {
 
 Field::Field(const QString& title, QWidget* editor, const QString& unit, const QString& hint)
-
-    : editor_(editor), title_(new QLabel), unit_(new QLabel(unit)), below_(new QLabel), hint_(hint) {
+    : editor_(editor),
+      title_(new QLabel),
+      unit_(new QLabel(unit)),
+      row_(new QHBoxLayout),
+      below_(new QLabel),
+      hint_(hint) {
     title_->setBuddy(editor);
     setTitle(title);
     unit_->setProperty("role", "quiet");
     unit_->setVisible(!unit.isEmpty());
     below_->setWordWrap(true);
 
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(measure::gap);
-    row->addWidget(editor, 1);
-    row->addWidget(unit_);
+    row_->setSpacing(measure::gap);
+    row_->addWidget(editor, 1);
+    row_->addWidget(unit_);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
     column->addWidget(title_);
-    column->addLayout(row);
+    column->addLayout(row_);
     column->addWidget(below_);
     showWrong({});
 
@@ -58,6 +61,10 @@ void Field::setUnit(const QString& unit) {
 void Field::setHint(const QString& hint) {
     hint_ = hint;
     showWrong({});
+}
+
+void Field::addBeside(QWidget* widget) {
+    row_->addWidget(widget);
 }
 
 bool Field::validate() {
@@ -96,6 +103,8 @@ Field::Check numberBetween(const QLineEdit* edit, double least, double most, boo
         if (mayBeEmpty && trimmed(text).empty()) return {};
         const auto number = parseNumber(text);
         if (number && *number >= least && *number <= most) return {};
+        const QString withPoint = edit->text().trimmed().replace(',', '.');
+        if (!number && parseNumber(plain(withPoint))) return "Decimals follow a point: " + withPoint;
         return "A number from " + qt(shortestNumber(least)) + " to " + qt(shortestNumber(most)) + ".";
     };
 }

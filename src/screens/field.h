@@ -7,6 +7,7 @@
 #include <functional>
 #include <vector>
 
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 
@@ -24,6 +25,8 @@ class Field final : public QWidget {
     void setCheck(Check check);
     void setUnit(const QString& unit);
     void setHint(const QString& hint);
+    /// A button that acts on the editor, in line with it.
+    void addBeside(QWidget* widget);
     /// Checks now and shows the outcome.
     bool validate();
     [[nodiscard]] QWidget* editor() const { return editor_; }
@@ -34,6 +37,7 @@ class Field final : public QWidget {
     QWidget* editor_;
     QLabel* title_;
     QLabel* unit_;
+    QHBoxLayout* row_;
     QLabel* below_;
     QString hint_;
     Check check_;

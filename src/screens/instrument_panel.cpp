@@ -4,9 +4,10 @@
 #include "screens/qt_text.h"
 #include "screens/styles.h"
 
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -18,25 +19,8 @@ namespace {
 constexpr const char* unknown = "\u2013";
 constexpr int depthPoints = 34;
 constexpr int valuePoints = 18;
-
-QLabel* digits(const QString& objectName, int points) {
-    auto* const label = new QLabel(unknown);
-    label->setObjectName(objectName);
-    label->setStyleSheet(QString("font-size: %1pt; font-weight: 600;").arg(points));
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    return label;
-}
-
-/// Its foot on the line of the digits beside it.
-QLabel* unitBeside(QLabel* label, int points) {
-    QFont large;
-    large.setPointSize(points);
-    large.setWeight(QFont::DemiBold);
-    const QFont small;
-    const int descent = QFontMetrics(large).descent() - QFontMetrics(small).descent();
-    label->setContentsMargins(0, 0, 0, std::max(0, descent));
-    return label;
-}
+constexpr int lowDepthPoints = 24;
+constexpr int lowValuePoints = 12;
 
 struct StateLook {
     const char* role;
@@ -67,14 +51,56 @@ StateLook lookOf(KeepingState state) {
 
 } // namespace
 
+/// A title, the digits and their unit in one line.
+class InstrumentPanel::Reading final : public QWidget {
+  public:
+    Reading(const QString& objectName, const QString& title, const QString& name, const QString& unit)
+        : title_(roleLabel("quiet", title)), digits_(new QLabel(unknown)), unit_(roleLabel("quiet", unit)) {
+        digits_->setObjectName(objectName);
+        digits_->setAccessibleName(name);
+        digits_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        unit_->setObjectName(objectName + "unit");
+        auto* const line = new QHBoxLayout(this);
+        line->setContentsMargins(0, 0, 0, 0);
+        line->setSpacing(6);
+        line->addWidget(title_);
+        line->addWidget(digits_, 1);
+        line->addWidget(unit_, 0, Qt::AlignBottom);
+    }
+
+    void setTitled(bool titled) { title_->setVisible(titled); }
+    void setText(const QString& text) { digits_->setText(text); }
+    void setUnit(const QString& unit) { unit_->setText(unit); }
+    /// So that units stand under each other; 0: as wide as it is.
+    void setUnitWidth(int width) { unit_->setMinimumWidth(width); }
+    void setPale(bool pale) { setRole(*digits_, pale ? "quiet" : ""); }
+
+    /// The unit keeps its foot on the line of the digits.
+    void setPoints(int points) {
+        digits_->setStyleSheet(QString("font-size: %1pt; font-weight: 600;").arg(points));
+        QFont large;
+        large.setPointSize(points);
+        large.setWeight(QFont::DemiBold);
+        const QFont small;
+        const int descent = QFontMetrics(large).descent() - QFontMetrics(small).descent();
+        unit_->setContentsMargins(0, 0, 0, std::max(0, descent));
+    }
+
+  private:
+    QLabel* title_;
+    QLabel* digits_;
+    QLabel* unit_;
+};
+
 InstrumentPanel::InstrumentPanel()
-    : depth_(digits("lbdepth", depthPoints)),
-      depthUnit_(roleLabel("quiet")),
+    : depthTitle_(roleLabel("quiet", "DEPTH")),
+      depth_(new Reading("lbdepth", "", "Depth", "m")),
       arrow_(new QLabel),
-      speed_(digits("lbspeed", valuePoints)),
-      current_(digits("lbcurrent", valuePoints)),
+      readings_(new QBoxLayout(QBoxLayout::TopToBottom)),
+      speed_(new Reading("lbspeed", "SPEED", "Logging speed", "m/min")),
+      current_(new Reading("lbcurrent", "CURRENT", "Tool current", "mA")),
       currentBar_(new QProgressBar),
-      voltage_(digits("lbvoltage", valuePoints)),
+      voltage_(new Reading("lbvoltage", "VOLTAGE", "Tool voltage", "V")),
       prompt_(roleLabel("warning")),
       state_(new QLabel),
       why_(roleLabel("quiet")),
@@ -90,49 +116,57 @@ InstrumentPanel::InstrumentPanel()
     why_->setWordWrap(true);
     scans_->setObjectName("lbscans");
     currentBar_->setTextVisible(false);
+    currentBar_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // as wide as its digits
     currentBar_->setFixedHeight(6);
     currentBar_->setStyleSheet(
         "QProgressBar { min-height: 4px; } QProgressBar::chunk { background: palette(highlight); }");
-    depth_->setAccessibleName("Depth");
-    speed_->setAccessibleName("Logging speed");
-    current_->setAccessibleName("Tool current");
-    voltage_->setAccessibleName("Tool voltage");
 
-    auto* const grid = new QGridLayout(this);
-    grid->setContentsMargins(16, 6, 16, 6);
-    grid->setHorizontalSpacing(8);
-    grid->setVerticalSpacing(2);
-    grid->addWidget(roleLabel("quiet", "DEPTH"), 0, 0);
-    grid->addWidget(arrow_, 1, 0);
-    grid->addWidget(depth_, 1, 0, 1, 2);
-    grid->addWidget(unitBeside(depthUnit_, depthPoints), 1, 2, Qt::AlignBottom);
-    grid->addWidget(roleLabel("quiet", "SPEED"), 2, 0);
-    grid->addWidget(speed_, 2, 1);
-    auto* const speedUnit = roleLabel("quiet");
-    speedUnit->setObjectName("lbspeedunit");
-    grid->addWidget(unitBeside(speedUnit, valuePoints), 2, 2, Qt::AlignBottom);
-    grid->addWidget(roleLabel("quiet", "CURRENT"), 3, 0);
-    grid->addWidget(current_, 3, 1);
-    grid->addWidget(unitBeside(roleLabel("quiet", "mA"), valuePoints), 3, 2, Qt::AlignBottom);
-    grid->addWidget(currentBar_, 4, 0, 1, 3);
-    grid->addWidget(roleLabel("quiet", "VOLTAGE"), 5, 0);
-    grid->addWidget(voltage_, 5, 1);
-    grid->addWidget(unitBeside(roleLabel("quiet", "V"), valuePoints), 5, 2, Qt::AlignBottom);
-    grid->addWidget(prompt_, 6, 0, 1, 3);
-    grid->addWidget(state_, 7, 0, 1, 3);
-    grid->addWidget(why_, 8, 0, 1, 3);
-    grid->addWidget(scans_, 9, 0, 1, 3);
-    grid->setColumnStretch(1, 1);
+    auto* const depthLine = new QHBoxLayout;
+    depthLine->addWidget(arrow_);
+    depthLine->addWidget(depth_, 1);
+    auto* const currentColumn = new QVBoxLayout;
+    currentColumn->setSpacing(2);
+    currentColumn->addWidget(current_);
+    currentColumn->addWidget(currentBar_);
+    currentColumn->addStretch(1);
+    readings_->addWidget(speed_);
+    readings_->addLayout(currentColumn);
+    readings_->addWidget(voltage_);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 6, 16, 6);
+    column->setSpacing(2);
+    column->addWidget(depthTitle_);
+    column->addLayout(depthLine);
+    column->addLayout(readings_);
+    for (QLabel* const label : {prompt_, state_, why_, scans_}) column->addWidget(label);
+    depth_->setTitled(false);
+    setLow(false);
     setUnits(DepthUnits::metres);
     winchPrompt({}, {});
     clear();
+}
+
+void InstrumentPanel::setLow(bool low) {
+    depthTitle_->setVisible(!low);
+    depth_->setPoints(low ? lowDepthPoints : depthPoints);
+    readings_->setDirection(low ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    readings_->setSpacing(low ? 12 : 2);
+    for (Reading* const reading : {speed_, voltage_}) // in line with the current, which has its bar below
+        readings_->setAlignment(reading, low ? Qt::AlignTop : Qt::Alignment());
+    const int unitWidth = QFontMetrics(font()).horizontalAdvance("m/min") + 2;
+    for (Reading* const reading : {depth_, speed_, current_, voltage_})
+        reading->setUnitWidth(low ? 0 : unitWidth);
+    for (Reading* const reading : {speed_, current_, voltage_}) {
+        reading->setTitled(!low); // the units tell them apart
+        reading->setPoints(low ? lowValuePoints : valuePoints);
+    }
 }
 
 void InstrumentPanel::clear() {
     depthMetres_.reset();
     metresPerMinute_.reset();
     showDigits();
-    for (QLabel* const label : {current_, voltage_}) label->setText(unknown);
+    for (Reading* const reading : {current_, voltage_}) reading->setText(unknown);
     currentBar_->setVisible(false);
     hideScans();
     setDirection(std::nullopt);
@@ -140,26 +174,26 @@ void InstrumentPanel::clear() {
 
 void InstrumentPanel::showSilence() {
     forgetTool();
-    setRole(*depth_, "quiet");
+    depth_->setPale(true);
 }
 
 void InstrumentPanel::showPoweredDown() {
     forgetTool();
-    setRole(*depth_, "");
+    depth_->setPale(false);
 }
 
 void InstrumentPanel::forgetTool() {
     metresPerMinute_.reset();
     showDigits();
-    for (QLabel* const label : {current_, voltage_}) label->setText(unknown);
+    for (Reading* const reading : {current_, voltage_}) reading->setText(unknown);
     currentBar_->setVisible(false);
 }
 
 void InstrumentPanel::setUnits(DepthUnits units) {
     units_ = units;
     const bool metres = units == DepthUnits::metres;
-    depthUnit_->setText(metres ? "m" : "ft");
-    if (auto* const unit = findChild<QLabel*>("lbspeedunit")) unit->setText(metres ? "m/min" : "ft/min");
+    depth_->setUnit(metres ? "m" : "ft");
+    speed_->setUnit(metres ? "m/min" : "ft/min");
     showDigits(); // what stands there follows its unit
 }
 
@@ -170,7 +204,7 @@ void InstrumentPanel::setDirection(std::optional<Direction> direction) {
 
 void InstrumentPanel::showDepth(double metres) {
     depthMetres_ = metres;
-    setRole(*depth_, "");
+    depth_->setPale(false);
     showDigits();
 }
 

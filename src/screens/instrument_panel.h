@@ -8,6 +8,7 @@
 
 #include <QFrame>
 
+class QBoxLayout;
 class QLabel;
 class QProgressBar;
 
@@ -17,6 +18,8 @@ class InstrumentPanel final : public QFrame {
   public:
     InstrumentPanel();
 
+    /// With little height: smaller digits, and the readings side by side.
+    void setLow(bool low);
     /// Everything unknown: no scan, no depth.
     void clear();
     /// The box sends nothing: speed, current and voltage are unknown, the depth is the last one known.
@@ -43,6 +46,8 @@ class InstrumentPanel final : public QFrame {
     void hideScans();
 
   private:
+    class Reading;
+
     void showDigits();
     void forgetTool();
     void showState(const char* role, const QString& headline, const QString& why);
@@ -50,13 +55,14 @@ class InstrumentPanel final : public QFrame {
     DepthUnits units_ = DepthUnits::metres;
     std::optional<double> depthMetres_;
     std::optional<double> metresPerMinute_;
-    QLabel* depth_;
-    QLabel* depthUnit_;
+    QLabel* depthTitle_;
+    Reading* depth_;
     QLabel* arrow_;
-    QLabel* speed_;
-    QLabel* current_;
+    QBoxLayout* readings_;
+    Reading* speed_;
+    Reading* current_;
     QProgressBar* currentBar_;
-    QLabel* voltage_;
+    Reading* voltage_;
     QLabel* prompt_;
     QLabel* state_;
     QLabel* why_;

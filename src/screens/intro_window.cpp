@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QPixmap>
+#include <QScreen>
 
 namespace tarvik {
 
@@ -12,6 +13,8 @@ void IntroWindow::create() {
 }
 
 void IntroWindow::show() {
+    // A part that comes later must not make it grow: that would undo the maximising that is under way.
+    screen_->resize(screen_->screen()->availableSize());
     screen_->show();
 }
 

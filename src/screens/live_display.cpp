@@ -14,6 +14,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace tarvik {
@@ -62,6 +63,7 @@ QString scaleWords(const LiveView& view) {
 LiveDisplay::LiveDisplay()
     : plot_(new LivePlot),
       values_(new LiveValues),
+      strip_(new ReadingsStrip),
       panel_(new LiveCurvePanel(
           this, [this](const std::string& channel, const ScalePair& scale,
                        const std::string& filter) { return plot_->change(channel, scale, filter); })),
@@ -90,6 +92,11 @@ LiveDisplay::LiveDisplay()
     left->addWidget(bar_);
     left->addWidget(plot_, 1);
     left->addWidget(note_);
+    left->addWidget(strip_,
+                    100); // up to its height before the plot; in a low window it gives way and scrolls
+    strip_->setObjectName("livestrip");
+    strip_->setMinimumHeight(QFontMetrics(strip_->font()).height() + 12);
+    strip_->setAccessibleName("Latest values");
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
@@ -133,7 +140,9 @@ QWidget* LiveDisplay::makeBar() {
 
 void LiveDisplay::begin(const RunHeader& header) {
     panel_->hide();
+    header_ = header;
     values_->setRun(header);
+    strip_->showReadings({}, {});
     plot_->begin(header);
     values_->setColours(plot_->curves().shown());
     plot_->setFocus();
@@ -142,7 +151,22 @@ void LiveDisplay::begin(const RunHeader& header) {
 
 void LiveDisplay::follow(const AcquisitionRing& ring) {
     plot_->follow(ring);
-    if (ring.size() > 0) values_->showPoint(ring.fromOldest(ring.size() - 1));
+    if (ring.size() == 0) return;
+    const AcquisitionPoint& latest = ring.fromOldest(ring.size() - 1);
+    values_->showPoint(latest);
+    if (strip_->isVisible()) showInStrip(latest);
+}
+
+void LiveDisplay::showInStrip(const AcquisitionPoint& point) {
+    CursorReading reading{.depth = point.depth, .time = point.seconds, .curves = {}};
+    for (std::size_t i = 1; i < header_.channels.size() && i < point.values.size(); ++i)
+        reading.curves.push_back({.channel = header_.channels[i].name, .unit = {}, .value = point.values[i]});
+    strip_->showReadings(reading, {});
+}
+
+void LiveDisplay::showReadingsAsLatest(bool latest) {
+    values_->setEnabled(latest);
+    strip_->setEnabled(latest);
 }
 
 void LiveDisplay::showDisplay(std::string_view caption) {
@@ -202,7 +226,12 @@ void LiveDisplay::writeBar(bool wide) {
 /// Where they leave the bar its room; the gauges show the same.
 void LiveDisplay::showDigits() {
     const bool roomy = width() >= bar_->minimumSizeHint().width() + values_->width();
-    values_->setVisible(roomy && plot_->page() != LivePage::gauges);
+    const bool logs = plot_->page() != LivePage::gauges;
+    values_->setVisible(roomy && logs);
+    strip_->setVisible(!roomy && logs && !header_.channels.empty());
+    if (!strip_->isVisibleTo(this)) return;
+    strip_->setDisplay(plot_->curves().shown(), header_.setup.units, plot_->liveView().view().axis);
+    strip_->setMaximumHeight(std::min(strip_->heightFor(width()), height() / 4));
 }
 
 QSize LiveDisplay::minimumSizeHint() const {

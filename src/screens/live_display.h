@@ -3,6 +3,7 @@
 
 #include "screens/live_plot.h"
 #include "screens/live_values.h"
+#include "screens/readings_strip.h"
 
 #include <QWidget>
 
@@ -27,7 +28,7 @@ class LiveDisplay final : public QWidget {
     /// What the run has kept since the last call. At most ten times a second: it draws.
     void follow(const AcquisitionRing& ring);
     /// Whether the readings are those of now; pale when they are not.
-    void showReadingsAsLatest(bool latest) { values_->setEnabled(latest); }
+    void showReadingsAsLatest(bool latest);
     /// What the tool's button says: "Bullseye", "Gauges", "Logs" …
     void showDisplay(std::string_view caption);
     void setScale(double scale);
@@ -40,7 +41,7 @@ class LiveDisplay final : public QWidget {
     /// Of the last run, to be kept with its tool.
     [[nodiscard]] std::vector<LogCurve> rescaled() const { return plot_->curves().rescaled(); }
     [[nodiscard]] LivePlot& plot() { return *plot_; }
-    /// Without the digits: in a narrow window they are the first to go.
+    /// Without the large digits: in a narrow window the strip stands for them.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
   protected:
@@ -53,10 +54,12 @@ class LiveDisplay final : public QWidget {
     void showState();
     void writeBar(bool wide);
     void showDigits();
+    void showInStrip(const AcquisitionPoint& point);
     void placePanel();
 
     LivePlot* plot_;
     LiveValues* values_;
+    ReadingsStrip* strip_; ///< in the place of the values where those have no room
     LiveCurvePanel* panel_;
     QWidget* bar_;
     int narrowestBar_ = 0;
@@ -68,7 +71,8 @@ class LiveDisplay final : public QWidget {
     QToolButton* paint_;
     QToolButton* curves_;
     QToolButton* follow_;
-    QLabel* note_; ///< under the plot: what the display cannot do yet
+    QLabel* note_;     ///< under the plot: what the display cannot do yet
+    RunHeader header_; ///< of the run that is shown
     std::function<void(double)> scaleChosen_;
 };
 

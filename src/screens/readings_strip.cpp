@@ -173,7 +173,7 @@ void ReadingsStrip::paintEvent(QPaintEvent*) {
         const int unit = metrics.horizontalAdvance(cell.unit);
         const int right = x + cellRoom - 2 * margin;
         painter.drawText(QRect(right - unit, y, unit, line), Qt::AlignVCenter, cell.unit);
-        painter.setPen(colours.text);
+        painter.setPen(isEnabled() ? colours.text : colours.quiet);
         painter.drawText(QRect(x, y, right - unit - 5 - x, line), Qt::AlignVCenter | Qt::AlignRight,
                          cell.value);
     }

@@ -104,6 +104,7 @@ RunPanel::RunPanel(RunPanelActions actions)
     buttons->addWidget(start_, 1);
     buttons->addWidget(stop_, 1);
     whole->addLayout(buttons);
+    showFile({});
     setRecording(true);
     setUnits(DepthUnits::metres);
     setState(State::noLcu);
@@ -120,7 +121,7 @@ QWidget* RunPanel::makeLimits() {
         auto* const field = new Field(title, edit);
         field->setCheck(numberBetween(edit, edit == endDistance_ ? 0 : -deepest, deepest, true));
         limitFields_.push_back(field);
-        fields->addWidget(field, 1);
+        fields->addWidget(field, 1, Qt::AlignTop); // a message under one moves no other
     }
     limitFields_[0]->setToolTip("Scans above it are not kept. Empty: no limit.");
     limitFields_[1]->setToolTip("Scans below it are not kept. Empty: no limit.");
@@ -129,21 +130,16 @@ QWidget* RunPanel::makeLimits() {
 }
 
 QWidget* RunPanel::makeDepthSetting() {
-    auto* const box = new QWidget;
-    auto* const line = new QHBoxLayout(box);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(8);
     depthField_ = new Field("Winch de&pth", depthToSet_);
     depthField_->setCheck(numberBetween(depthToSet_, -deepest, deepest, true));
-    line->addWidget(depthField_, 1);
-    line->addWidget(setDepth_, 0, Qt::AlignBottom);
+    depthField_->addBeside(setDepth_);
     const auto set = [this] {
         const auto metres = depthField_->validate() ? metresIn(*depthToSet_) : std::nullopt;
         if (metres) actions_.setDepth(*metres);
     };
     connect(setDepth_, &QPushButton::clicked, this, set);
     connect(depthToSet_, &QLineEdit::returnPressed, this, set);
-    return box;
+    return depthField_;
 }
 
 /// What stands in the fields keeps its meaning.
@@ -164,8 +160,26 @@ void RunPanel::setUnits(DepthUnits units) {
 
 void RunPanel::showOrder(const QString& hole, const QString& tool, const QString& winch,
                          const QString& sampling) {
-    hole_->setText(hole);
-    order_->setText(tool + "\n" + winch + "\n" + sampling);
+    holeText_ = hole;
+    orderTexts_ = {tool, winch, sampling};
+    writeOrder();
+}
+
+void RunPanel::setLow(bool low) {
+    low_ = low;
+    hole_->setWordWrap(!low);
+    hole_->setMinimumWidth(low ? 1 : 0); // cut before it makes the panel wider
+    for (QLayout* const column : {scrolled_->widget()->layout(), layout()}) column->setSpacing(low ? 4 : 8);
+    for (QPushButton* const button : {start_, stop_}) button->setMinimumHeight(low ? 30 : 36);
+    writeOrder();
+}
+
+void RunPanel::writeOrder() {
+    const QString whole = orderTexts_.join("\n");
+    hole_->setText(low_ ? holeText_.section(" / ", -1) : holeText_);
+    order_->setText(low_ ? orderTexts_.value(0) : whole);
+    hole_->setToolTip(low_ ? holeText_ : QString());
+    order_->setToolTip(low_ ? whole : QString());
 }
 
 void RunPanel::showFile(const QString& file) {

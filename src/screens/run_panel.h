@@ -6,6 +6,7 @@
 #include "screens/field.h"
 
 #include <QFrame>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -32,6 +33,8 @@ class RunPanel final : public QFrame {
     void setUnits(DepthUnits units);
     /// Lines such as "Hole DH-1"; a tool that is not chosen yet says so.
     void showOrder(const QString& hole, const QString& tool, const QString& winch, const QString& sampling);
+    /// With little height the tool stands for the order; the rest of it is its tool tip.
+    void setLow(bool low);
     void showFile(const QString& file);
     void clearDepthToSet();
     /// A run that was started without a file gets none: its recording cannot be switched on.
@@ -48,9 +51,13 @@ class RunPanel final : public QFrame {
   private:
     [[nodiscard]] QWidget* makeLimits();
     [[nodiscard]] QWidget* makeDepthSetting();
+    void writeOrder();
     [[nodiscard]] std::optional<double> metresIn(const QLineEdit& edit) const;
 
     RunPanelActions actions_;
+    QString holeText_;
+    QStringList orderTexts_; ///< tool, winch, sampling
+    bool low_ = false;
     DepthUnits units_ = DepthUnits::metres;
     QLabel* hole_;
     QLabel* order_;

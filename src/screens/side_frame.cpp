@@ -78,13 +78,21 @@ void SideFrame::layOut(std::string_view mode) {
     review_->setVisible(!instruments);
 }
 
+void SideFrame::setLow(bool low) {
+    low_ = low;
+    logo_->setVisible(!low && !logo_->pixmap().isNull());
+    instrument_->setLow(low);
+    run_->setLow(low);
+    layout()->setSpacing(low ? 4 : 8);
+}
+
 void SideFrame::hideAcquisition() {
     instrument_->setVisible(false);
     run_->setVisible(false);
 }
 
 void SideFrame::showLogo(const QPixmap& logo) {
-    logo_->setVisible(!logo.isNull());
+    logo_->setVisible(!low_ && !logo.isNull());
     if (logo.isNull()) return;
     logo_->setPixmap(logo.scaled(wholeWidth - 16, 72, Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }

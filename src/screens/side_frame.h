@@ -21,6 +21,8 @@ class SideFrame final : public QFrame, public LinkWatcher {
     [[nodiscard]] QSize sizeHint() const override;
     /// By the mode of the program.
     void layOut(std::string_view mode);
+    /// The display has little height: the instrument gives way first, so that the fields stay in sight.
+    void setLow(bool low);
     void hideAcquisition();
     void showLogo(const QPixmap& logo);
     /// The lamps: is the box well, has the tool power?
@@ -33,6 +35,7 @@ class SideFrame final : public QFrame, public LinkWatcher {
     [[nodiscard]] ReviewPanel& review() { return *review_; }
 
   private:
+    bool low_ = false;
     QLabel* logo_;
     QFrame* lamps_;
     QLabel* boxLamp_;

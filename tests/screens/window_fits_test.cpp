@@ -1,8 +1,11 @@
 // The main screen never asks for more room than the smallest display that the program starts on.
+#include "screens/readings_strip.h"
 #include "screens/truck.h"
 
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
+#include <QPushButton>
 
 namespace tarvik::test {
 
@@ -13,6 +16,15 @@ constexpr QSize smallest{1270, 740};
 /// 1920 x 1080 at 200 % and 1280 x 800 at 150 %, and the narrowest display that the program starts on,
 /// whichever leaves less.
 constexpr QSize magnified{800, 514};
+
+/// 1366 x 768 at 150 %, without the window's frame.
+constexpr QSize lowLaptop{910, 490};
+
+/// Not behind a scroll bar.
+void expectWhole(const QWidget& field) {
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field.visibleRegion().boundingRect(), field.rect()) << field.objectName().toStdString();
+}
 
 void expectFits(IntroScreen& screen, QSize room, const char* when) {
     QCoreApplication::processEvents();
@@ -39,6 +51,10 @@ TEST(WindowFits, WithNoticesNotesAndTheLogsOfARun) {
     expectFits(screen, magnified, "at the start");
     truck.acquire();
     expectFits(screen, magnified, "ready for a run");
+    screen.resize(lowLaptop);
+    expectWhole(control<QLineEdit>(screen, "txtsetdepth"));
+    expectWhole(control<QPushButton>(screen, "comsetdepth"));
+    screen.resize(magnified);
     bool seen = false;
     truck.log([&] {
         if (truck.kept() < 5) return;
@@ -48,6 +64,7 @@ TEST(WindowFits, WithNoticesNotesAndTheLogsOfARun) {
             for (const char* title : {"First", "Second", "Third", "Fourth"})
                 screen.notices().show(title, words, Icon::critical, "06:29");
             expectFits(screen, magnified, "in a run, with notices");
+            EXPECT_FALSE(control<ReadingsStrip>(screen, "livestrip").visibleRegion().isEmpty());
         }
         truck.desktop->acquisition().stop();
     });
