@@ -27,6 +27,7 @@ class HeaderBytes {
   public:
     HeaderBytes(std::span<const std::uint8_t> start, std::uint64_t fileSize, const Path& file)
         : start_(start), block1_(start) {
+        if (fileSize == 0) refuse(file, "The file is empty: 0 bytes.");
         if (block1_.get(block1::tag) != tagText) {
             refuse(file, "This is no run file: it does not begin with \"TARVIK\".");
         }

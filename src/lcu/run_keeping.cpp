@@ -10,10 +10,13 @@ void Utilities_updatefilenotestext(Files& files, const Path& projectFolder, std:
     files.append(notes, asBytes(toAnsi(line) + "\r\n"));
 }
 
+Path backupOf(const Path& runFile) {
+    return runFile.parent_path() / "Backup" / runFile.filename();
+}
+
 Path Utilities_backuploggingrun(Files& files, const Path& runFile) {
-    const Path folder = runFile.parent_path() / "Backup";
-    files.createFolder(folder);
-    const Path copy = folder / runFile.filename();
+    const Path copy = backupOf(runFile);
+    files.createFolder(copy.parent_path());
     files.copy(runFile, copy);
     return copy;
 }

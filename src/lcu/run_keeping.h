@@ -13,6 +13,9 @@ namespace tarvik {
 void Utilities_updatefilenotestext(Files& files, const Path& projectFolder, std::string_view hole,
                                    std::string_view line);
 
+/// Where the copy of a run file lies, if there is one.
+[[nodiscard]] Path backupOf(const Path& runFile);
+
 /// Copies the run file into the project's folder "Backup"; returns the copy.
 Path Utilities_backuploggingrun(Files& files, const Path& runFile);
 

@@ -116,7 +116,11 @@ IntroWindowParts Desktop::windowParts() {
             .mode = [this] { return program_.state.mode; },
             .modeShown = [this] { modeShown(); },
             .stopMainTimer = [this] { mainTimer_.stop(); },
-            .openHelp = [this] { screens_->open({"help"}); },
+            .openHelp =
+                [this] {
+                    screens_->open({"help"});
+                    review_->keepExitQuestion();
+                },
             .closeRun = [this] { review_->close(); },
             .redrawReview = [this] { review_->show(); },
             .redrawEquallySpaced =
@@ -190,6 +194,7 @@ RunViewParts Desktop::runViewParts() {
                 screens_->closeOverflow();
                 screen().live().begin(header);
                 screen().logs().showPage(&screen().live());
+                screen().handFocusOn();
                 screen().side().showLink(program_.link);
             },
         .shown = [this] { screen().live().follow(runShown()->ring); },
@@ -247,6 +252,7 @@ void Desktop::connectHooks() {
     FrameHooks& hooks = program_.hooks;
     hooks.openScreen = [this](const ScreenRequest& request) {
         if (closeAfterSearch_ || endIsAsked_()) return; // what a search leads to is no longer wanted
+        if (request.screen == "frmCalibTest" && searchCancelled_) return;
         screens_->open(request);
         if (window_.screen() == nullptr) return;
         acquisition_->show();
@@ -254,6 +260,7 @@ void Desktop::connectHooks() {
         const bool plotShown = screen().logs().shows(&screen().live());
         if (program_.state.mode == programMode::acquire && !plotShown) showAcquire();
         if (request.screen == "frmSetup") allowAcquire();
+        if (request.screen != "frmExit") review_->keepExitQuestion();
         screen().handFocusOn();
     };
     hooks.searchForLcu = [this, search = hooks.searchForLcu] { return searchForLcu(search); };
@@ -329,9 +336,12 @@ void Desktop::showAcquire() {
         return;
     }
     const std::string missing = acquisition_->stillToChoose();
-    std::vector<NextStep> steps{{"Equipment\u2026", [this] { openScreen("frmEquipment"); }},
-                                {"Project and hole\u2026", [this] { toolClick("Setup-hole"); }}};
-    if (trimmed(program_.settings.hole.holeId).empty()) std::swap(steps[0], steps[1]); // first things first
+    const bool project = !trimmed(program_.settings.currentProject).empty();
+    const bool hole = !trimmed(program_.settings.hole.holeId).empty();
+    std::vector<NextStep> steps{
+        {"Equipment\u2026", [this] { openScreen("frmEquipment"); }},
+        {"Project and hole\u2026", [this, project] { toolClick(project ? "Setup-hole" : "Setup-project"); }}};
+    if (!project || !hole) std::swap(steps[0], steps[1]); // first things first
     screen().logs().showEmpty(
         missing.empty() ? "Ready for a run" : "Before a run",
         missing.empty() ? "Set the winch depth, then press Start. The logs appear here with the first scans."

@@ -17,7 +17,10 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
     if (dialog == nullptr || event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
     if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1) return false;
     auto* help = dialog->findChild<HelpWindow*>(QString(), Qt::FindDirectChildrenOnly);
-    if (help == nullptr) help = new HelpWindow(memory_, dialog);
+    if (help == nullptr) {
+        help = new HelpWindow(memory_, dialog);
+        help->showPage(helpPageOf(dialog->objectName()));
+    }
     help->show();
     help->raise();
     help->activateWindow();

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTextBrowser>
 
+#include <algorithm>
 #include <array>
 
 static void openHelpResources() {
@@ -32,7 +33,38 @@ constexpr std::array pages{Page{"quick-start", "Quick start"},
                            Page{"display", "System requirements: display"},
                            Page{"release-notes", "Release notes"}};
 
+struct Subject {
+    const char* screen; ///< or mode
+    const char* page;
+};
+
+constexpr std::array subjects{Subject{"ACQUIRE", "acquiring"},
+                              Subject{"REVIEW", "review"},
+                              Subject{"DEMO", "demonstration"},
+                              Subject{"CALIBTEST", "calibration"},
+                              Subject{"frmEquipment", "acquiring"},
+                              Subject{"frmDataFileExists", "acquiring"},
+                              Subject{"frmDeviation", "acquiring"},
+                              Subject{"frmNoLCUFound", "faults"},
+                              Subject{"frmBufferOverflow", "faults"},
+                              Subject{"frmERROR", "faults"},
+                              Subject{"frmDiagnostics", "diagnostics"},
+                              Subject{"frmCalibrations", "calibration"},
+                              Subject{"frmDemo", "demonstration"},
+                              Subject{"frmFile", "review"},
+                              Subject{"frmDetails", "review"},
+                              Subject{"frmLASexport", "review"},
+                              Subject{"frmPrint", "review"},
+                              Subject{"frmTrack", "review"},
+                              Subject{"frmCurve", "review"}};
+
 } // namespace
+
+QString helpPageOf(const QString& screen) {
+    const auto* const found =
+        std::ranges::find_if(subjects, [&](const Subject& subject) { return screen == subject.screen; });
+    return found == subjects.end() ? QString() : found->page;
+}
 
 QString helpText(const QString& page) {
     openHelpResources();

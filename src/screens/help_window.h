@@ -20,6 +20,9 @@ class HelpWindow final : public ScreenDialog {
     QTextBrowser* text_;
 };
 
+/// The page about a screen, by the name of the screen or of the program's mode; empty when none is its own.
+[[nodiscard]] QString helpPageOf(const QString& screen);
+
 /// The text of a page; empty when there is none.
 [[nodiscard]] QString helpText(const QString& page);
 

@@ -2,6 +2,7 @@
 
 #include "screens/styles.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -44,10 +45,14 @@ LogArea::LogArea()
     pages_->addWidget(empty);
 
     auto* const whole = new QVBoxLayout(this);
-    whole->setContentsMargins(1, 1, 1, 1);
+    whole->setContentsMargins(2, 2, 2, 2);
     whole->addLayout(pages_, 1);
     whole->addWidget(line_);
     line_->setVisible(false);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        const QWidget* const page = pages_->currentWidget();
+        restyle(*this, "focused", now != nullptr && now == page->focusProxy());
+    });
 }
 
 void LogArea::addPage(QWidget* page) {

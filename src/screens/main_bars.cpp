@@ -73,6 +73,7 @@ void MainBars::makeMenus(QMainWindow& window) {
         QMenu* const menu = window.menuBar()->addMenu(qt(menuTitle(menuPlace)));
         menu->setObjectName(menuPlace == CommandPlace::setupMenu ? QString("ch-setup")
                                                                  : qt(menuKey(menuPlace)));
+        menu->setToolTipsVisible(true);
         menus_.emplace(menuKey(menuPlace), menu);
     }
 }

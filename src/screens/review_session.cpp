@@ -1,7 +1,9 @@
 #include "screens/review_session.h"
 
 #include "display/annotations.h"
+#include "files/run_catalogue.h"
 #include "files/run_details.h"
+#include "lcu/run_keeping.h"
 #include "screens/qt_text.h"
 
 #include <QApplication>
@@ -39,7 +41,7 @@ bool ReviewSession::openSecond(const Path& file) {
 /// A LAS file that is refused, or shows no row, can be read tolerantly: every repair is then in the event
 /// log.
 std::optional<ReviewLog> ReviewSession::read(const Path& file) {
-    if (!isLasFile(program_.files, file)) return program_.runReader.Tarvikfileopen(file, progress());
+    if (!isLasFile(program_.files, file)) return readRun(file);
     LasOpening opening = program_.lasReader.LASfileopen(file, progress());
     if (opening.complaint.empty()) return std::move(opening.log);
     const std::string question =
@@ -47,6 +49,18 @@ std::optional<ReviewLog> ReviewSession::read(const Path& file) {
     if (program_.frame.operatorSide.ask("LAS file", question, Icon::question) == Answer::no)
         return std::move(opening.log);
     return program_.lasReader.openTolerantly(file, progress());
+}
+
+/// A file that was chosen by mistake or came to harm is no error of the program: its fault is said, not
+/// reported, and where the copy of each run lies.
+std::optional<ReviewLog> ReviewSession::readRun(const Path& file) {
+    std::string problem = describeRun(program_.files, file).problem;
+    if (problem.empty()) return program_.runReader.Tarvikfileopen(file, progress());
+    const Path copy = backupOf(file);
+    if (program_.files.exists(copy)) problem += "\n\nThe copy that was made after the run: " + copy.string();
+    program_.log.red(problem);
+    program_.frame.operatorSide.message("Open a run", problem, Icon::exclamation);
+    return std::nullopt;
 }
 
 void ReviewSession::showReading(int percent, std::string_view words) {
@@ -69,6 +83,10 @@ void ReviewSession::close() {
     program_.state.runFileName.clear();
     program_.state.exitConfirmation = false;
     show();
+}
+
+void ReviewSession::keepExitQuestion() {
+    if (log_ && program_.state.mode == programMode::review) program_.state.exitConfirmation = true;
 }
 
 void ReviewSession::show() {

@@ -24,6 +24,9 @@ class ReviewSession {
     /// False when the file cannot be read; the reason has been shown.
     bool open(const Path& file);
     void close();
+    /// What resets the print button clears the flag that makes exit ask; a run that is still shown sets it
+    /// again.
+    void keepExitQuestion();
     /// Draws what is open, or what can be opened. Sets the flag that makes exit ask.
     void show();
     /// The whole run in the window.
@@ -41,6 +44,7 @@ class ReviewSession {
 
   private:
     [[nodiscard]] std::optional<ReviewLog> read(const Path& file);
+    [[nodiscard]] std::optional<ReviewLog> readRun(const Path& file);
     [[nodiscard]] Progress progress();
     void showReading(int percent, std::string_view words);
     void showEmpty();

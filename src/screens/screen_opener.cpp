@@ -124,6 +124,8 @@ void ScreenOpener::openReadme(const ScreenRequest&) {
 
 void ScreenOpener::openHelp(const ScreenRequest&) {
     if (!help_) help_ = std::make_unique<HelpWindow>(memory_, &parent_);
+    const bool nothingOpen = program_.state.mode == programMode::review && review_.log() == nullptr;
+    if (!help_->isVisible() && !nothingOpen) help_->showPage(helpPageOf(qt(program_.state.mode)));
     help_->show();
     help_->raise();
     help_->activateWindow();

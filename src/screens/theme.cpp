@@ -126,6 +126,7 @@ QScrollArea, QScrollArea > QWidget > QWidget { background: transparent; }
 QScrollArea:focus { border: 2px solid @accent; border-radius: 4px; }
 QAbstractScrollArea::corner { background: transparent; border: none; }
 QFrame[card="true"] { background: @surface; border: 1px solid @line; border-radius: 6px; }
+#logarea[focused="true"] { border: 2px solid @accent; }
 QLabel[role="title"] { font-size: 14pt; font-weight: 600; }
 QLabel[role="head"] { font-size: 11pt; font-weight: 600; }
 QLabel[role="quiet"] { color: @quiet; }

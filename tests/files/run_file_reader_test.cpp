@@ -259,7 +259,7 @@ TEST(RunFileReader, FilesThatAreNoRunAreRefusedWithFilePlaceAndRemedy) {
         Bytes bytes;
         const char* place;
     } cases[]{
-        {"empty", {}, "TARVIK"},
+        {"empty", {}, "0 bytes"},
         {"another tag", with(0, 0, 2), "TARVIK"},
         {"block 1 of another length", with(16, 127, 2), "byte 16"},
         {"a negative block", with(74, -1, 2), "byte 74"},

@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QTest>
 #include <QToolButton>
@@ -271,6 +272,22 @@ TEST(DesktopTest, YesterdaysEquipmentIsInUseWhenItsFormIsLeftByEscape) {
     truck.p().hooks.openScreen({"frmEquipment"});
     EXPECT_EQ(truck.p().equipment.currentTool().record.get(tool::code), truck.options.tool);
     EXPECT_EQ(truck.desktop->acquisition().stillToChoose(), "");
+}
+
+TEST(DesktopTest, ReadingTheHandbookDoesNotSwitchTheExitQuestionOff) {
+    Truck truck({.tool = "K240"});
+    truck.acquire();
+    truck.log([&] {
+        if (truck.kept() > 5) truck.desktop->acquisition().stop();
+    });
+    truck.p().modes.Utilities_setprogrammode("REVIEW");
+    ASSERT_TRUE(truck.desktop->review().open(truck.runFile("DH-1_K240_01.kvx")));
+    truck.p().commands.toolClick("Help-contents");
+    EXPECT_EQ(control<QListWidget>(truck.screen(), "lbpages").currentItem()->text(), "Review and LAS");
+    EXPECT_TRUE(truck.p().state.exitConfirmation);
+    truck.desktop->review().close();
+    truck.p().commands.toolClick("Help-contents");
+    EXPECT_FALSE(truck.p().state.exitConfirmation);
 }
 
 TEST(DesktopTest, LoggingThatIsNotAllowedHasNoWayIn) {

@@ -393,4 +393,19 @@ TEST(ReviewActionsTest, ASecondRunIsReadBesideTheFirstAndForgotten) {
     desk.session.close();
 }
 
+TEST(ReviewSessionTest, AFileThatIsNoRunIsSaidWithTheCopyThatWasMadeOfIt) {
+    ReviewDesk desk;
+    desk.program.files.replace(desk.home / "H_K240_01.kvx", {});
+    desk.program.files.createFolder(desk.home / "Backup");
+    desk.program.files.replace(desk.home / "Backup" / "H_K240_01.kvx", asBytes("TARVIK"));
+    EXPECT_FALSE(desk.session.open(desk.home / "H_K240_01.kvx"));
+    ASSERT_FALSE(desk.operatorSide.shown.empty());
+    const std::string& said = desk.operatorSide.shown.back();
+    EXPECT_TRUE(said.starts_with("!Open a run: ")) << "a message, not the report of an error: " << said;
+    EXPECT_NE(said.find("0 bytes"), std::string::npos) << said;
+    EXPECT_NE(said.find("Backup"), std::string::npos) << said;
+    EXPECT_NE(desk.session.log(), nullptr) << "what was open stays";
+    desk.session.close();
+}
+
 } // namespace tarvik::test
