@@ -3,6 +3,7 @@
 #include "screens/theme.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -90,6 +91,14 @@ bool ScreenDialog::event(QEvent* event) {
     const int room = screen()->availableGeometry().height() - titleBar.height();
     if (needed > height()) resize(width(), std::min(needed, std::max(height(), room)));
     return done;
+}
+
+/// Return is the default button's, unless another button has the focus: whoever stands on Cancel means it.
+void ScreenDialog::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* const button = qobject_cast<QPushButton*>(focusWidget());
+    if (enter && button != nullptr && button->isEnabled()) return button->click();
+    QDialog::keyPressEvent(event);
 }
 
 /// In the middle of the window that it belongs to; left to itself the window system drops it anywhere.

@@ -35,6 +35,7 @@ class ScreenDialog : public QDialog {
     [[nodiscard]] DesktopMemory& memory() const { return memory_; }
     void showEvent(QShowEvent* event) override;
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void fitScreen();

@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QRadioButton>
+#include <QTest>
 
 namespace tarvik::test {
 
@@ -23,6 +24,18 @@ TEST(frmDeviation, TheDeclinationIsStoredAndItsMeaningSaid) {
     click(screen, "comsavedeviation");
     EXPECT_EQ(screen.result(), QDialog::Accepted);
     EXPECT_EQ(desk.program.store.get("Deviation", "Declination").value_or(""), "12.5");
+}
+
+TEST(frmDeviation, ReturnPressesTheButtonThatHasTheFocus) {
+    Desk desk;
+    frmDeviation screen(desk.program.settings, desk.program.storedSettings, desk.memory);
+    screen.show();
+    click(screen, "opttruenorth");
+    control<QLineEdit>(screen, "txtdeclination").setText("12.5");
+    control<QPushButton>(screen, "comcancel").setFocus();
+    QTest::keyClick(&screen, Qt::Key_Return);
+    EXPECT_FALSE(screen.isVisible());
+    EXPECT_NE(desk.program.settings.declination.text(), "12.5");
 }
 
 TEST(frmDeviation, RemembersWhoseNorthAndMagneticNorthIsZero) {
