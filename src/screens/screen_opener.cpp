@@ -79,7 +79,8 @@ void ScreenOpener::openSetup(const ScreenRequest& request) {
                      .operatorSide = p.frame.operatorSide,
                      .memory = memory_,
                      .pageChanged = [&p](int page) { p.state.setupPage = page; },
-                     .portsChanged = [&p] { p.takePorts(); }},
+                     .portsChanged = [&p] { p.takePorts(); },
+                     .portsOfThisStart = p.options.ports},
                     &parent_);
     screen.selectPage(request.page, request.subPage);
     screen.exec();

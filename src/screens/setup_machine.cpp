@@ -91,8 +91,7 @@ QWidget* SetupMachine::buildDriveEntry() {
     letter_->setCurrentText("D");
     auto* const letterField = new Field("Drive", letter_);
     letterField->setFixedWidth(72);
-    folderField_ =
-        new Field("Folder", folder_, {}, "Another folder for drive C counts from the next start on.");
+    folderField_ = new Field("Folder", folder_, {}, "For drive C from the next start on.");
     folderField_->setCheck([this]() -> QString {
         if (folder_->text().trimmed().isEmpty()) return {};
         return qt(driveProblem(modules_.places, modules_.files, plain(letter_->currentText()),
@@ -124,6 +123,8 @@ void SetupMachine::load() {
         list.setEditText(qt(map_.ports[i]));
         list.lineEdit()->setPlaceholderText(i < devices.size() ? "empty: " + qt(devices[i].string())
                                                                : "empty: no further device on this machine");
+        if (const auto& named = modules_.portsOfThisStart[i])
+            portFields_[i]->setHint("This start: " + qt(*named) + ", by its command line.");
         portFields_[i]->validate();
     }
     folder_->clear();

@@ -17,7 +17,10 @@
 
 #include <QString>
 
+#include <array>
 #include <functional>
+#include <optional>
+#include <string>
 
 class QWidget;
 
@@ -47,6 +50,7 @@ struct SetupModules {
     std::function<std::vector<std::filesystem::path>()> serialDevices = [] {
         return tarvik::serialDevices();
     };
+    std::array<std::optional<std::string>, 4> portsOfThisStart = {}; ///< named on its command line
     FolderChoice chooseFolder = tarvik::chooseFolder;
 };
 
