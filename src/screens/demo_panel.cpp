@@ -23,6 +23,7 @@ DemoPanel::DemoPanel(DemoPanelActions actions)
       pace_(new QComboBox),
       position_(new QProgressBar),
       positionWords_(roleLabel("quiet")),
+      acts_(new QBoxLayout(QBoxLayout::TopToBottom)),
       start_(button("comstartdemo", "&Start", "Plays the run from its beginning (F9)")),
       pause_(button("compausedemo", "&Pause", "Halts the run where it is (F11)")),
       stop_(button("comstopdemo", "S&top", "Ends the demonstration (F10)")) {
@@ -46,8 +47,6 @@ DemoPanel::DemoPanel(DemoPanelActions actions)
     connect(pace_, &QComboBox::activated, this, [this](int place) { actions_.setPace(paceAt(place)); });
 
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 12, 16, 12);
-    column->setSpacing(12);
     auto* const head = new QHBoxLayout;
     head->setSpacing(8);
     head->addWidget(run_, 1);
@@ -57,22 +56,31 @@ DemoPanel::DemoPanel(DemoPanelActions actions)
     column->addWidget(position_);
     column->addWidget(positionWords_);
     column->addStretch(1);
-    column->addWidget(start_);
+    column->addLayout(acts_);
+    acts_->addWidget(start_, 1);
     auto* const buttons = new QHBoxLayout;
     buttons->setSpacing(8);
     buttons->addWidget(pause_, 1);
     buttons->addWidget(stop_, 1);
-    column->addLayout(buttons);
+    acts_->addLayout(buttons, 1);
+    setLow(false);
     showRun({}, {});
     showPosition(0, 0);
     setState(State::noRun);
+}
+
+void DemoPanel::setLow(bool low) {
+    layout()->setContentsMargins(16, low ? 8 : 12, 16, low ? 8 : 12);
+    layout()->setSpacing(low ? 6 : 12);
+    acts_->setDirection(low ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    acts_->setSpacing(low ? 8 : 12);
+    for (QPushButton* const button : {start_, pause_, stop_}) button->setMinimumHeight(low ? 30 : 36);
 }
 
 QPushButton* DemoPanel::button(const char* objectName, const char* text, const char* tip) {
     auto* const made = new QPushButton(text);
     made->setObjectName(objectName);
     made->setToolTip(tip);
-    made->setMinimumHeight(36);
     return made;
 }
 

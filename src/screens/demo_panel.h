@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class QBoxLayout;
 class QComboBox;
 class QLabel;
 class QProgressBar;
@@ -26,6 +27,8 @@ class DemoPanel final : public QFrame {
   public:
     explicit DemoPanel(DemoPanelActions actions);
 
+    /// With little height the buttons stand side by side.
+    void setLow(bool low);
     /// An empty name: no run has been chosen yet.
     void showRun(const QString& name, const QString& folder);
     void showPace(PlaybackPace pace);
@@ -43,6 +46,7 @@ class DemoPanel final : public QFrame {
     QComboBox* pace_;
     QProgressBar* position_;
     QLabel* positionWords_;
+    QBoxLayout* acts_;
     QPushButton* start_;
     QPushButton* pause_;
     QPushButton* stop_;

@@ -170,6 +170,7 @@ void RunPanel::setLow(bool low) {
     hole_->setWordWrap(!low);
     hole_->setMinimumWidth(low ? 1 : 0); // cut before it makes the panel wider
     for (QLayout* const column : {scrolled_->widget()->layout(), layout()}) column->setSpacing(low ? 4 : 8);
+    layout()->setContentsMargins(16, low ? 4 : 8, 16, low ? 4 : 8);
     for (QPushButton* const button : {start_, stop_}) button->setMinimumHeight(low ? 30 : 36);
     writeOrder();
 }
@@ -180,11 +181,14 @@ void RunPanel::writeOrder() {
     order_->setText(low_ ? orderTexts_.value(0) : whole);
     hole_->setToolTip(low_ ? holeText_ : QString());
     order_->setToolTip(low_ ? whole : QString());
+    order_->setVisible(!low_ ||
+                       idle_); // with little height one line: what will be logged, or into which file
+    file_->setVisible(!file_->text().isEmpty() && (!low_ || !idle_));
 }
 
 void RunPanel::showFile(const QString& file) {
     file_->setText(file);
-    file_->setVisible(!file.isEmpty());
+    writeOrder();
 }
 
 void RunPanel::clearDepthToSet() {
@@ -197,7 +201,8 @@ void RunPanel::lockRecording() {
 }
 
 void RunPanel::setState(State state) {
-    const bool idle = state == State::ready || state == State::noLcu;
+    const bool idle = idle_ = state == State::ready || state == State::noLcu;
+    writeOrder();
     start_->setEnabled(state == State::ready);
     start_->setToolTip(state == State::noLcu ? noLcuTip : startTip);
     stop_->setEnabled(state == State::running);

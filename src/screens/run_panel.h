@@ -58,6 +58,7 @@ class RunPanel final : public QFrame {
     QString holeText_;
     QStringList orderTexts_; ///< tool, winch, sampling
     bool low_ = false;
+    bool idle_ = true;
     DepthUnits units_ = DepthUnits::metres;
     QLabel* hole_;
     QLabel* order_;

@@ -83,6 +83,7 @@ void SideFrame::setLow(bool low) {
     logo_->setVisible(!low && !logo_->pixmap().isNull());
     instrument_->setLow(low);
     run_->setLow(low);
+    demo_->setLow(low);
     layout()->setSpacing(low ? 4 : 8);
 }
 

@@ -71,6 +71,10 @@ TEST(WindowFits, WithNoticesNotesAndTheLogsOfARun) {
     EXPECT_TRUE(seen);
     screen.resize(magnified);
     expectTimesWhole(screen, "after a run");
+    screen.notices().clear();
+    screen.resize(lowLaptop);
+    expectWhole(control<QLineEdit>(screen, "txtsetdepth")); // to be set for the next one
+    screen.resize(magnified);
     truck.p().commands.toolClick("MB-Notes");
     expectFits(screen, smallest, "after a run, with the notes");
     truck.p().modes.Utilities_setprogrammode("REVIEW");
@@ -85,6 +89,11 @@ TEST(WindowFits, WithNoticesNotesAndTheLogsOfARun) {
     truck.p().commands.toolClick("MB-Notes");
     expectFits(screen, magnified, "in review, when the notes come");
     EXPECT_EQ(screen.width(), magnified.width());
+    truck.p().commands.toolClick("MB-Notes");
+    truck.p().modes.Utilities_setprogrammode("DEMO");
+    screen.side().demo().showPosition(17, 34);
+    screen.logs().showPage(&screen.live());
+    expectFits(screen, lowLaptop, "in a demonstration");
 }
 
 } // namespace tarvik::test
