@@ -35,6 +35,7 @@ class StatusLog {
     void red(std::string_view text) { Utilities_logstatus(text, Bold::no, "RED"); }
 
     void addViewer(StatusViewer& viewer) { viewers_.push_back(&viewer); }
+    void removeViewers() { viewers_.clear(); }
     void removeViewer(StatusViewer& viewer) { std::erase(viewers_, &viewer); }
 
     /// Today's file.

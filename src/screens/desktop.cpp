@@ -1,12 +1,10 @@
 #include "screens/desktop.h"
 
 #include "display/tool_scales.h"
-#include "screens/message_box.h"
 #include "screens/qt_text.h"
 #include "screens/screen_display.h"
 
 #include <QApplication>
-#include <QPushButton>
 #include <QScreen>
 
 #include <utility>
@@ -41,8 +39,8 @@ Desktop::Desktop(const ProgramOptions& options, const StandIns& standIns)
     QObject::connect(&mainTimer_, &QTimer::timeout, [this] {
         acquisition_->watchDepth();
         program_.developerBackup.reportEnded();
-        closeWhenFree();
-        if (endIsAsked_()) endStepByStep();
+        leaving_->lookAgain();
+        if (endIsAsked_()) leaving_->stepByStep();
     });
 }
 
@@ -53,20 +51,8 @@ Desktop::~Desktop() {
 /// What is said from here on has no screen any more.
 void Desktop::leaveScreen() {
     program_.lcu.setWatcher(nullptr);
-    program_.log.removeViewer(events_);
+    program_.log.removeViewers();
     operator_.goUnseen();
-}
-
-void Desktop::endWithoutDisplay() {
-    if (std::exchange(displayGone_, true) || ended_) return;
-    leaveScreen();
-    program_.log.red("The display has gone, Tarvik ends");
-    if (acquisition_) acquisition_->closeUnseen();
-    if (program_.link.open() && program_.link.toolPower) { // by hand, in the console
-        program_.link.busy = false;
-        program_.lcu.LCU_PowerOFF_Reset();
-    }
-    program_.shutDown.leaveUnseen();
 }
 
 bool Desktop::startUp() {
@@ -138,7 +124,7 @@ void Desktop::toolClick(std::string_view key) {
         program_.commands.toolClick(key);
         return;
     }
-    if (isExit(key) && program_.state.searching) return closeRequested();
+    if (isExit(key) && program_.state.searching) return leaving_->requested();
     gate_.pass([this, key] { program_.commands.toolClick(key); });
 }
 
@@ -149,7 +135,7 @@ void Desktop::openScreen(std::string_view name) {
 std::unique_ptr<IntroScreen> Desktop::makeScreen() {
     auto screen = std::make_unique<IntroScreen>(
         IntroScreenActions{.toolClick = [this](std::string_view key) { toolClick(key); },
-                           .closeRequested = [this] { closeRequested(); },
+                           .closeRequested = [this] { leaving_->requested(); },
                            .cancelSearch = [this] { searchCancelled_ = true; },
                            .run = {.start = [this] { acquisition_->start(); },
                                    .stop = [this] { acquisition_->stop(); },
@@ -171,6 +157,9 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
     review_ = std::make_unique<ReviewSession>(program_, *screen, gate_, memory_);
     screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *demonstration_, events_,
                                               [this] { searchCancelled_ = true; });
+    leaving_ = std::make_unique<Leaving>(program_, *screen, gate_, *acquisition_, *demonstration_,
+                                         LeavingActions{.cancelSearch = [this] { searchCancelled_ = true; },
+                                                        .exit = [this] { toolClick("MB-Exit"); }});
     operator_.setReports(
         {.error = [this](const ErrorReport& error, std::string_view dateTime,
                          const ErrorFiling& filed) { showError(error, dateTime, filed); },
@@ -251,7 +240,7 @@ void Desktop::connectScales(IntroScreen& screen) {
 void Desktop::connectHooks() {
     FrameHooks& hooks = program_.hooks;
     hooks.openScreen = [this](const ScreenRequest& request) {
-        if (closeAfterSearch_ || endIsAsked_()) return; // what a search leads to is no longer wanted
+        if (leaving_->pending() || endIsAsked_()) return; // what a search leads to is no longer wanted
         if (request.screen == "frmCalibTest" && searchCancelled_) return;
         screens_->open(request);
         if (window_.screen() == nullptr) return;
@@ -363,68 +352,12 @@ void Desktop::showDemo() {
                               {{"Choose a run to play\u2026", [this] { openScreen("frmDemo"); }}});
 }
 
-// ---- The way out.
+// ---- The way out (leaving.h does the rest).
 
-void Desktop::closeRequested() {
-    if (program_.state.searching) {
-        searchCancelled_ = closeAfterSearch_ = true;
-        return;
-    }
-    if (acquisition_->running()) return offerToStop();
-    if (demonstration_->running()) return stopDemonstrationAndClose();
-    toolClick("MB-Exit");
-}
-
-/// Asked to close in a search: that has been cancelled, and ends within a second.
-void Desktop::closeWhenFree() {
-    if (program_.state.searching || QApplication::activeModalWidget() != nullptr) return;
-    if (std::exchange(closeAfterSearch_, false)) closeRequested();
-}
-
-/// What is under way first; the next step comes with the next second.
-void Desktop::endStepByStep() {
-    searchCancelled_ = true;
-    if (acquisition_->running()) return acquisition_->stop();
-    if (demonstration_->running()) return demonstration_->stop();
-    if (!gate_.open()) return;
-    if (QWidget* const inTheWay = QApplication::activeModalWidget()) return void(inTheWay->close());
-    program_.state.mustEnd = true;
-    toolClick("MB-Exit");
-}
-
-/// Without waiting for the answer: the run goes on behind the box.
-void Desktop::offerToStop() {
-    if (screen().findChild<QMessageBox*>("boxstopandclose") != nullptr) return;
-    const char* const question =
-        program_.link.lost ? "A logging run is under way, and the LCU does not answer.\nStop the run and "
-                             "close? The tool may keep its power."
-                           : "A logging run is under way.\nStop it, power the tool down and close?";
-    auto* const box = makeMessageBox(Icon::exclamation, "Tarvik", question, &screen())
-                          .release(); // its own parent's from here on
-    box->setObjectName("boxstopandclose");
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    auto* const stop = box->addButton("&Stop and close", QMessageBox::AcceptRole);
-    stop->setObjectName("comstopandclose");
-    box->setDefaultButton(box->addButton("&Go on logging", QMessageBox::RejectRole));
-    QObject::connect(stop, &QPushButton::clicked, [this] {
-        if (!acquisition_->running()) return closeRequested();
-        acquisition_->whenEnded([this] { QTimer::singleShot(0, [this] { closeAfterRun(); }); });
-        acquisition_->stop();
-    });
-    box->setModal(false); // the stop key works beside it
-    box->show();
-}
-
-/// The notice of the run would go with the window.
-void Desktop::closeAfterRun() {
-    if (program_.link.powerDoubtful) operator_.message("Tool power", toolPowerUnknown, Icon::critical);
-    closeRequested();
-}
-
-/// Nothing is lost by stopping it: no question is worth it.
-void Desktop::stopDemonstrationAndClose() {
-    demonstration_->whenEnded([this] { QTimer::singleShot(0, [this] { closeRequested(); }); });
-    demonstration_->stop();
+void Desktop::endWithoutDisplay() {
+    if (std::exchange(displayGone_, true) || ended_) return;
+    leaveScreen();
+    leaving_ ? leaving_->unseen() : program_.shutDown.leaveUnseen();
 }
 
 void Desktop::endProcess() {

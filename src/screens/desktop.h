@@ -6,6 +6,7 @@
 #include "screens/desktop_memory.h"
 #include "screens/help_key.h"
 #include "screens/intro_window.h"
+#include "screens/leaving.h"
 #include "screens/review_session.h"
 #include "screens/screen_opener.h"
 #include "screens/screen_operator.h"
@@ -66,14 +67,8 @@ class Desktop {
     void modeShown();
     void showAcquire();
     void showDemo();
-    void closeRequested();
-    void closeWhenFree();
-    void endStepByStep();
     void allowAcquire();
     void showCalibTest();
-    void offerToStop();
-    void closeAfterRun();
-    void stopDemonstrationAndClose();
     void endProcess();
 
     ScreenOperator operator_;
@@ -88,10 +83,10 @@ class Desktop {
     std::unique_ptr<Demonstration> demonstration_;
     std::unique_ptr<ReviewSession> review_;
     std::unique_ptr<ScreenOpener> screens_;
+    std::unique_ptr<Leaving> leaving_;
     QTimer mainTimer_;
     std::function<bool()> endIsAsked_ = [] { return false; };
     bool searchCancelled_ = false;
-    bool closeAfterSearch_ = false;
     bool ended_ = false;
     bool displayGone_ = false;
 };
