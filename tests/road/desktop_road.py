@@ -159,15 +159,21 @@ def a_day(screen, truck, program, pictures):
     check(program.wait(20) == 0, f"the program ended with {program.returncode}")
 
 
-def closes_in_a_run(screen, truck, program):
-    """Of the three ways out the one in a hurry: what is kept is on file, and the tool is powered down."""
-    second = truck.run_file.with_name("DH-104_K240_02.kvx")
+def logs_beside(screen, truck, number):
+    """One more run of the hole, going on; its file."""
+    file = truck.run_file.with_name(f"DH-104_K240_{number:02}.kvx")
     screen.wait_for_window("Tarvik")
     screen.acquire()
     screen.key("F9")
     screen.wait_for_window("Append or start a new run")
     screen.key("Return")
-    wait_for(lambda: second.exists() and second.stat().st_size > 28_000, "no second run is logged")
+    wait_for(lambda: file.exists() and file.stat().st_size > 28_000, f"run {number} is not logged")
+    return file
+
+
+def closes_in_a_run(screen, truck, program):
+    """Of the three ways out the one in a hurry: what is kept is on file, and the tool is powered down."""
+    second = logs_beside(screen, truck, 2)
     screen.key("alt+F4")
     time.sleep(1)
     screen.key("alt+s")
@@ -180,13 +186,7 @@ def closes_in_a_run(screen, truck, program):
 
 def loses_its_display(screen, truck, program):
     """The server dies in the middle of a run: nobody sees it, but the run is closed as ever."""
-    third = truck.run_file.with_name("DH-104_K240_03.kvx")
-    screen.wait_for_window("Tarvik")
-    screen.acquire()
-    screen.key("F9")
-    screen.wait_for_window("Append or start a new run")
-    screen.key("Return")
-    wait_for(lambda: third.exists() and third.stat().st_size > 28_000, "no third run is logged")
+    third = logs_beside(screen, truck, 3)
     screen.server.kill()
     check(program.wait(30) == 1, f"without a display the program ended with {program.returncode}")
     last = truck.log_text().rsplit("The display has gone", 1)[-1]
