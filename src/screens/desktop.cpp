@@ -154,7 +154,8 @@ std::unique_ptr<IntroScreen> Desktop::makeScreen() {
     connectScales(*screen);
     acquisition_ = std::make_unique<Acquisition>(program_, *screen, gate_, runViewParts());
     demonstration_ = std::make_unique<Demonstration>(program_, *screen, gate_, runViewParts());
-    review_ = std::make_unique<ReviewSession>(program_, *screen, gate_, memory_);
+    review_ = std::make_unique<ReviewSession>(program_, *screen, gate_);
+    reviewActions_ = std::make_unique<ReviewActions>(*review_, program_, *screen, memory_);
     screens_ = std::make_unique<ScreenOpener>(program_, *screen, memory_, *review_, *demonstration_, events_,
                                               [this] { searchCancelled_ = true; });
     leaving_ = std::make_unique<Leaving>(program_, *screen, gate_, *acquisition_, *demonstration_,
@@ -254,7 +255,7 @@ void Desktop::connectHooks() {
     };
     hooks.searchForLcu = [this, search = hooks.searchForLcu] { return searchForLcu(search); };
     hooks.endProcess = [this] { endProcess(); };
-    hooks.printLog = [this](const Path&) { review_->print(); };
+    hooks.printLog = [this](const Path&) { reviewActions_->print(); };
     hooks.loadHoleNotes = [this] { loadNotes(); };
 }
 

@@ -7,7 +7,7 @@
 #include "screens/help_key.h"
 #include "screens/intro_window.h"
 #include "screens/leaving.h"
-#include "screens/review_session.h"
+#include "screens/review_actions.h"
 #include "screens/screen_opener.h"
 #include "screens/screen_operator.h"
 
@@ -82,6 +82,7 @@ class Desktop {
     std::unique_ptr<Acquisition> acquisition_; ///< with the main screen
     std::unique_ptr<Demonstration> demonstration_;
     std::unique_ptr<ReviewSession> review_;
+    std::unique_ptr<ReviewActions> reviewActions_;
     std::unique_ptr<ScreenOpener> screens_;
     std::unique_ptr<Leaving> leaving_;
     QTimer mainTimer_;

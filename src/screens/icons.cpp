@@ -11,10 +11,6 @@
 
 #include <utility>
 
-static void openResources() {
-    Q_INIT_RESOURCE(tarvik_icons);
-}
-
 namespace tarvik {
 
 namespace {
@@ -69,16 +65,12 @@ class ThemeIcon final : public QIconEngine {
 };
 
 QIcon made(const QString& name, InkRule ink) {
-    openResources();
+    openIconResources();
     QFile file(":/icons/" + name + ".svg");
     return file.open(QIODevice::ReadOnly) ? QIcon(new ThemeIcon(name, file.readAll(), ink)) : QIcon();
 }
 
 } // namespace
-
-void openIcons() {
-    openResources();
-}
 
 QIcon menuIcon(const QString& name) {
     return made(name, inkInMenus);

@@ -11,7 +11,4 @@ namespace tarvik {
 /// The same for an entry of a menu, whose ground changes when it is chosen and not when it is checked.
 [[nodiscard]] QIcon menuIcon(const QString& name);
 
-/// The style sheet names icons too: they must be there before it is read.
-void openIcons();
-
 } // namespace tarvik

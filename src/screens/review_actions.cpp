@@ -13,7 +13,6 @@
 #include "screens/frm_track.h"
 #include "screens/qt_text.h"
 #include "screens/recent_files.h"
-#include "screens/review_session.h"
 
 #include <QFileDialog>
 #include <QMenu>
@@ -62,6 +61,12 @@ ReviewActions::ReviewActions(ReviewSession& session, Program& program, IntroScre
     picture.whenChanged([this] { showState(); });
     picture.whenPicked([this](const DisplayPlace& place) { edit(place); });
     showState();
+}
+
+/// The picture outlasts them.
+ReviewActions::~ReviewActions() {
+    screen_.picture().whenChanged({});
+    screen_.picture().whenPicked({});
 }
 
 std::string ReviewActions::jumpTo(double depth) {

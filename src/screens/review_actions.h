@@ -7,6 +7,7 @@
 #include "screens/frm_print.h"
 #include "screens/intro_screen.h"
 #include "screens/review_bar.h"
+#include "screens/review_session.h"
 
 #include <functional>
 #include <optional>
@@ -14,8 +15,6 @@
 class QMenu;
 
 namespace tarvik {
-
-class ReviewSession;
 
 /// The dialogs of the toolkit that ask for files; tests answer in their place.
 struct ReviewFileDialogs {
@@ -26,7 +25,11 @@ struct ReviewFileDialogs {
 
 class ReviewActions {
   public:
+    /// All outlive it.
     ReviewActions(ReviewSession& session, Program& program, IntroScreen& screen, DesktopMemory& memory);
+    ~ReviewActions();
+    ReviewActions(const ReviewActions&) = delete;
+    ReviewActions& operator=(const ReviewActions&) = delete;
 
     void print();
     void setFileDialogs(ReviewFileDialogs dialogs) { dialogs_ = std::move(dialogs); }

@@ -5,7 +5,6 @@
 #include "program/program.h"
 #include "screens/intro_screen.h"
 #include "screens/link_gate.h"
-#include "screens/review_actions.h"
 
 #include <optional>
 
@@ -14,8 +13,8 @@ namespace tarvik {
 class ReviewSession {
   public:
     /// All outlive the session.
-    ReviewSession(Program& program, IntroScreen& screen, LinkGate& gate, DesktopMemory& memory)
-        : program_(program), screen_(screen), gate_(gate), actions_(*this, program, screen, memory) {}
+    ReviewSession(Program& program, IntroScreen& screen, LinkGate& gate)
+        : program_(program), screen_(screen), gate_(gate) {}
     /// The views outlast the log that they show.
     ~ReviewSession() { hand(nullptr); }
     ReviewSession(const ReviewSession&) = delete;
@@ -31,13 +30,11 @@ class ReviewSession {
     void show();
     /// The whole run in the window.
     void showEquallySpaced();
-    void print() { actions_.print(); }
 
     /// A run or LAS file to compare with; false when it cannot be read, the reason has been shown.
     bool openSecond(const Path& file);
     void closeSecond() { second_.reset(); }
     [[nodiscard]] const ReviewLog* second() const { return second_ ? &*second_ : nullptr; }
-    [[nodiscard]] ReviewActions& actions() { return actions_; }
 
     [[nodiscard]] const ReviewLog* log() const { return log_ ? &*log_ : nullptr; }
     [[nodiscard]] const Path& file() const { return file_; }
@@ -57,7 +54,6 @@ class ReviewSession {
     std::optional<ReviewLog> log_;
     std::optional<ReviewLog> second_;
     Path file_;
-    ReviewActions actions_;
 };
 
 } // namespace tarvik

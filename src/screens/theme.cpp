@@ -1,7 +1,5 @@
 #include "screens/theme.h"
 
-#include "screens/icons.h"
-
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
@@ -9,6 +7,10 @@
 
 #include <array>
 #include <utility>
+
+static void initIcons() {
+    Q_INIT_RESOURCE(tarvik_icons);
+}
 
 namespace tarvik {
 
@@ -201,6 +203,10 @@ const ThemeColours& coloursOf(Theme theme) {
     return theme == Theme::dark ? darkColours : lightColours;
 }
 
+void openIconResources() {
+    initIcons();
+}
+
 void applyTheme(QApplication& application, Theme theme) {
     const ThemeColours& colours = coloursOf(theme);
     application.setProperty(themeProperty, static_cast<int>(theme));
@@ -209,7 +215,7 @@ void applyTheme(QApplication& application, Theme theme) {
     font.setPointSize(textPoints);
     QApplication::setFont(font);
     QApplication::setPalette(paletteOf(colours));
-    openIcons();
+    openIconResources();
     application.setStyleSheet(styleSheetOf(colours, theme));
 }
 

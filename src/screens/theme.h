@@ -36,6 +36,8 @@ struct ThemeColours {
 
 [[nodiscard]] const ThemeColours& coloursOf(Theme theme);
 
+/// The drawings that the style sheet and the icons name.
+void openIconResources();
 /// Style, palette, fonts and style sheet of the whole program.
 void applyTheme(QApplication& application, Theme theme);
 /// The one that was applied last.

@@ -5,8 +5,8 @@
 #include "screens/intro_screen.h"
 #include "screens/qt_text.h"
 #include "screens/readings_strip.h"
+#include "screens/review_actions.h"
 #include "screens/review_log.h"
-#include "screens/review_session.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -58,13 +58,13 @@ struct ReviewDesk : Desk {
             "GR.API : \r\n~A\r\n";
         for (int i = 0; i < 100; ++i) las += std::to_string(i) + " " + std::to_string(i % 7) + "\r\n";
         program.files.replace(home / "a.las", asBytes(las));
-        session.actions().setFileDialogs({[this](QWidget*, const QString&, const QString&) {
-                                              return QString::fromStdString(file.string());
-                                          },
-                                          [this](QWidget*, const QString&, const QString&) {
-                                              return QString::fromStdString(file.string());
-                                          },
-                                          [](QPrinter&, QWidget*) { return false; }});
+        actions.setFileDialogs({[this](QWidget*, const QString&, const QString&) {
+                                    return QString::fromStdString(file.string());
+                                },
+                                [this](QWidget*, const QString&, const QString&) {
+                                    return QString::fromStdString(file.string());
+                                },
+                                [](QPrinter&, QWidget*) { return false; }});
         EXPECT_TRUE(session.open(home / "a.las"));
         screen.resize(1280, 800);
         screen.show();
@@ -81,7 +81,8 @@ struct ReviewDesk : Desk {
     Path file;
     IntroScreen screen{{}, program.files};
     LinkGate gate{program.link, program.state};
-    ReviewSession session{program, screen, gate, memory};
+    ReviewSession session{program, screen, gate};
+    ReviewActions actions{session, program, screen, memory};
 };
 
 } // namespace
