@@ -198,6 +198,13 @@ void SetupEquipmentList::remove() {
                                  (isTool_ ? "tools" : "winches") + "?\r\nIts calibrations and runs stay.";
     const std::string title = isTool_ ? "Remove tool" : "Remove winch";
     if (modules_.operatorSide.ask(title, question, Icon::question) != Answer::yes) return;
+    load(); // another program may have changed the file since
+    if (static_cast<std::size_t>(key) >= users_.size() ||
+        users_[static_cast<std::size_t>(key)].text() != row.text()) {
+        modules_.operatorSide.message(title, "Your equipment has changed since it was listed: look again.",
+                                      Icon::exclamation);
+        return refresh();
+    }
     const bool done = isTool_ ? modules_.equipment.ToolWinchData_removeusertool(key + 1)
                               : modules_.equipment.ToolWinchData_removeuserwinch(key + 1);
     if (!done) return;

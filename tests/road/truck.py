@@ -39,7 +39,8 @@ class Screen:
         self.environment = {**os.environ, "XDG_RUNTIME_DIR": str(folder), "QT_QPA_PLATFORM": "xcb"}
         for _ in range(5):  # of servers that start at the same time two may take the same number
             self.start_server(size)
-            if self.tool("getdisplaygeometry").returncode == 0:
+            time.sleep(0.3)  # the one that lost the number ends; the other one would answer in its place
+            if self.server.poll() is None and self.tool("getdisplaygeometry").returncode == 0:
                 break
             self.server.kill()
         self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)

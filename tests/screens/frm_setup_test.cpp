@@ -209,6 +209,13 @@ TEST_F(Setup, ToolsAndWinchesAreAddedRemovedAndTakenBack) {
     EXPECT_EQ(stored().currentWinchSerial, "W-1");
     EXPECT_EQ(equipment.currentTool().record.get(tool::serialNumber), "77");
     EXPECT_EQ(control<QLabel>(*screen, "lbcurrentwinch").text().left(16), "Current winch : ");
+
+    addTool("K240", "78");
+    choose("usertoollist", "K215");
+    equipment.ToolWinchData_removeusertool(1); // by another program, behind the list
+    press("comremovetool");
+    ASSERT_EQ(equipment.ToolWinchData_loadusertoollist().rows.size(), 1U) << "not the one that moved up";
+    EXPECT_EQ(equipment.ToolWinchData_loadusertoollist().rows[0].code, "K240");
 }
 
 TEST_F(Setup, TheIntervalFollowsMethodAndUnit) {
