@@ -13,7 +13,6 @@ namespace tarvik {
 namespace {
 
 constexpr int notesWidth = 248;    // pixels, beside the logs
-constexpr int lowBelow = 730;      // of the window: the side frame as a whole needs more
 constexpr int roomForNotes = 1060; // for the side frame, the logs and the notes
 
 /// Takes the height that there is: a notice that wraps makes the logs shorter, never the window taller than
@@ -95,7 +94,7 @@ void IntroScreen::unload() {
 void IntroScreen::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     bars_.fit(width());
-    side_->setLow(height() < lowBelow);
+    side_->fit(height());
     status_.fit();
     shareRoom();
 }

@@ -18,6 +18,8 @@ namespace {
 
 constexpr int wholeWidth = 320;
 constexpr int narrowWidth = 274; // on the narrowest display the logs need the rest
+constexpr int wholeOrder = 730;  // pixels of the window
+constexpr int wholeInstrument = 640;
 
 /// A lamp is a shape and words besides its colour.
 void setLamp(QLabel& lamp, bool on, const QString& words) {
@@ -78,11 +80,11 @@ void SideFrame::layOut(std::string_view mode) {
     review_->setVisible(!instruments);
 }
 
-void SideFrame::setLow(bool low) {
-    low_ = low;
+void SideFrame::fit(int windowHeight) {
+    const bool low = low_ = windowHeight < wholeInstrument;
     logo_->setVisible(!low && !logo_->pixmap().isNull());
     instrument_->setLow(low);
-    run_->setLow(low);
+    run_->setLow(windowHeight < wholeOrder);
     demo_->setLow(low);
     layout()->setSpacing(low ? 4 : 8);
 }

@@ -21,8 +21,9 @@ class SideFrame final : public QFrame, public LinkWatcher {
     [[nodiscard]] QSize sizeHint() const override;
     /// By the mode of the program.
     void layOut(std::string_view mode);
-    /// The display has little height: the instrument gives way first, so that the fields stay in sight.
-    void setLow(bool low);
+    /// In a low window the texts of the order give way first, then the instrument, so that the fields of the
+    /// run stay in sight.
+    void fit(int windowHeight);
     void hideAcquisition();
     void showLogo(const QPixmap& logo);
     /// The lamps: is the box well, has the tool power?

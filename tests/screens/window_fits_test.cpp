@@ -72,8 +72,10 @@ TEST(WindowFits, WithNoticesNotesAndTheLogsOfARun) {
     screen.resize(magnified);
     expectTimesWhole(screen, "after a run");
     screen.notices().clear();
-    screen.resize(lowLaptop);
-    expectWhole(control<QLineEdit>(screen, "txtsetdepth")); // to be set for the next one
+    for (const QSize low : {lowLaptop, QSize(1280, 641), QSize(1280, 690)}) {
+        screen.resize(low);
+        expectWhole(control<QLineEdit>(screen, "txtsetdepth")); // to be set for the next one
+    }
     screen.resize(magnified);
     truck.p().commands.toolClick("MB-Notes");
     expectFits(screen, smallest, "after a run, with the notes");
