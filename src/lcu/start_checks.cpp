@@ -29,8 +29,8 @@ Refusal refusalOf(const ToolRecord& tool, const WinchRecord& winch, const LinkSt
     const std::string code = tool.get(tool::code);
     if (code == sonicTool) return sonicRefusal(link);
     if (code.empty()) return {"Tool", "No tool is chosen. Choose one of your tools first."};
-    if (trimmed(winch.get(winch::code))
-            .empty()) // its record goes into the file, and its factor into the depth
+    // Its record goes into the file, and its factor into the depth.
+    if (trimmed(winch.get(winch::code)).empty())
         return {"Winch", "No winch is chosen. Choose one of your winches first."};
     if (link.demo)
         return {"Demonstration", "A demonstration plays a run on file. To log, go to Acquire first."};

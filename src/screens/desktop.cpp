@@ -242,6 +242,7 @@ void Desktop::connectHooks() {
     FrameHooks& hooks = program_.hooks;
     hooks.openScreen = [this](const ScreenRequest& request) {
         if (leaving_->pending() || endIsAsked_()) return; // what a search leads to is no longer wanted
+        if (request.screen == "frmNoLCUFound") searchCancelled_ = false; // the offer of another search
         if (request.screen == "frmCalibTest" && searchCancelled_) return;
         screens_->open(request);
         if (window_.screen() == nullptr) return;

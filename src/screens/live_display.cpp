@@ -92,8 +92,8 @@ LiveDisplay::LiveDisplay()
     left->addWidget(bar_);
     left->addWidget(plot_, 1);
     left->addWidget(note_);
-    left->addWidget(strip_,
-                    100); // up to its height before the plot; in a low window it gives way and scrolls
+    // Up to its height before the plot; in a low window it gives way and scrolls.
+    left->addWidget(strip_, 100);
     strip_->setObjectName("livestrip");
     strip_->setMinimumHeight(QFontMetrics(strip_->font()).height() + 12);
     strip_->setAccessibleName("Latest values");

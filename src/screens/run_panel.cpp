@@ -181,8 +181,8 @@ void RunPanel::writeOrder() {
     order_->setText(low_ ? orderTexts_.value(0) : whole);
     hole_->setToolTip(low_ ? holeText_ : QString());
     order_->setToolTip(low_ ? whole : QString());
-    order_->setVisible(!low_ ||
-                       idle_); // with little height one line: what will be logged, or into which file
+    // With little height one line: what will be logged, or into which file.
+    order_->setVisible(!low_ || idle_);
     file_->setVisible(!file_->text().isEmpty() && (!low_ || !idle_));
 }
 
